@@ -1,0 +1,92 @@
+// The kinds of elements besides the picture: label, text box, check box, list, button, menu entry
+// and timer.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "model/forms/element.h"
+
+namespace forms {
+
+// A text on the window. A click on it takes no focus.
+class Label : public Element {
+public:
+  Label(Window& window, std::string_view name) : Element(Kind::Label, &window, name) {}
+  Property<std::string> Caption{*this, {}};
+  std::function<void()> Click;
+};
+
+// One or more lines of text. Assigning another text raises Change, as a person's typing does.
+class TextBox : public Element {
+public:
+  TextBox(Window& window, std::string_view name);
+  Property<std::string> Text{*this, {}};
+  int MaxLength = 0; // characters; 0: no bound
+  bool MultiLine = false;
+  bool ReadOnly = false;
+  std::function<void()> Change;
+};
+
+// A box without a caption. Assigning another value raises Click, as a person's click does.
+class CheckBox : public Element {
+public:
+  CheckBox(Window& window, std::string_view name);
+  Property<int> Value{*this, 0}; // 0 or 1
+  std::function<void()> Click;
+};
+
+// A drop-down list without typing. Selecting an item raises Click, also the item that is selected
+// already: for a person's choice always, for an assignment by the program likewise.
+class DropList : public Element {
+public:
+  DropList(Window& window, std::string_view name) : Element(Kind::DropList, &window, name) {}
+
+  void AddItem(std::string item);
+  const std::vector<std::string>& items() const { return items_; }
+  // Index of the selected item from 0; -1: none.
+  int ListIndex() const { return listIndex_; }
+  // False, and nothing happens, when there is no such item.
+  [[nodiscard]] bool select(int index);
+  std::string Text() const;
+  // Selects the item with this text; false, and nothing happens, when there is none.
+  [[nodiscard]] bool setText(const std::string& text);
+
+  void restoreAsMade() override;
+  std::function<void()> Click;
+
+private:
+  std::vector<std::string> items_;
+  int listIndex_ = -1;
+};
+
+class Button : public Element {
+public:
+  Button(Window& window, std::string_view name) : Element(Kind::Button, &window, name) {}
+  Property<std::string> Caption{*this, {}};
+  // A key such as "Ctrl+Shift+D" that runs Click even while the button is hidden; for developers.
+  std::string Shortcut;
+  std::function<void()> Click;
+};
+
+// "&" in the caption marks the accelerator. An entry without a parent stands in the menu bar.
+class MenuEntry : public Element {
+public:
+  MenuEntry(Window& window, std::string_view name, MenuEntry* above = nullptr)
+      : Element(Kind::MenuEntry, &window, name), parent(above) {}
+  Property<std::string> Caption{*this, {}};
+  MenuEntry* const parent;
+  bool WindowList = false; // shows the captions of the open child windows at its foot
+  std::function<void()> Click;
+};
+
+// Raises Tick once in each interval while it is enabled; made stopped.
+class Timer : public Element {
+public:
+  Timer(Window& window, std::string_view name);
+  Property<int> Interval{*this, 1000}; // milliseconds
+  std::function<void()> Tick;
+};
+
+} // namespace forms

@@ -1,0 +1,279 @@
+#include "model/forms/forms.h"
+
+#include <algorithm>
+
+namespace forms {
+
+// The outermost scope ends an event; what waits for that runs then.
+class Forms::EventScope {
+public:
+  explicit EventScope(Forms& forms) : forms_(forms) { ++forms_.events_; }
+  ~EventScope() {
+    if (forms_.events_ == 1 && forms_.afterEvent) forms_.afterEvent();
+    --forms_.events_;
+  }
+  EventScope(const EventScope&) = delete;
+  EventScope& operator=(const EventScope&) = delete;
+
+private:
+  Forms& forms_;
+};
+
+class Forms::Leaving {
+public:
+  explicit Leaving(Forms& forms) : forms_(forms) { ++forms_.leaving_; }
+  ~Leaving() { --forms_.leaving_; }
+  Leaving(const Leaving&) = delete;
+  Leaving& operator=(const Leaving&) = delete;
+
+private:
+  Forms& forms_;
+};
+
+namespace {
+
+// A handler may destroy the element that holds it: what runs is a copy.
+template <class Handler, class... Arguments>
+void raise(const Handler& handler, Arguments... arguments) {
+  const Handler running = handler;
+  if (running) running(arguments...);
+}
+
+std::size_t characters(const std::string& text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+}
+
+std::string firstCharacters(const std::string& text, int count) {
+  std::size_t end = 0;
+  for (; end < text.size(); ++end)
+    if ((text[end] & 0xC0) != 0x80 && count-- == 0) break;
+  return text.substr(0, end);
+}
+
+} // namespace
+
+// --- What the program asks ---------------------------------------------------------------------
+
+Answer Forms::messageBox(const std::string& text, BoxStyle style) {
+  return messageBox(MessageBox{text, style, applicationTitle});
+}
+
+Answer Forms::messageBox(const MessageBox& box) {
+  ++boxes_;
+  const Answer answer = desktop_.messageBox(box);
+  --boxes_;
+  return answer;
+}
+
+std::optional<std::string> Forms::fileDialog(const FileDialog& dialog) {
+  ++boxes_;
+  auto path = desktop_.fileDialog(dialog);
+  --boxes_;
+  // An accepted dialog without a name counts as cancelled.
+  if (path && path->empty()) path.reset();
+  return path;
+}
+
+Window* Forms::activeChild() const {
+  return children_.empty() ? nullptr : children_.back();
+}
+
+void Forms::startUp(Window& frame) {
+  const EventScope event(*this);
+  frame.open();
+}
+
+// --- Windows -----------------------------------------------------------------------------------
+
+Element* Forms::firstInTabOrder(Window& window) {
+  Element* first = nullptr;
+  for (Element* element : window.elements()) {
+    if (element->TabIndex < 0 || !element->takesFocus() || !element->isReachable()) continue;
+    if (!first || element->TabIndex < first->TabIndex) first = element;
+  }
+  return first;
+}
+
+void Forms::windowOpened(Window& window) {
+  open_.push_back(&window);
+  window.focused_ = firstInTabOrder(window);
+  desktop_.windowOpened(window);
+  if (window.windowKind() == WindowKind::Child) {
+    children_.insert(children_.begin(), &window);
+    passOver(activate(window));
+  } else if (window.focused_) {
+    desktop_.focusAsked(*window.focused_);
+  }
+}
+
+void Forms::windowClosed(Window& window) {
+  std::erase(open_, &window);
+  const bool wasActive = activeChild() == &window;
+  std::erase(children_, &window);
+  desktop_.windowClosed(window);
+  // The child that was active before takes over. Nothing was left by a person's choice here, so
+  // no event of departure is raised.
+  if (Window* next = activeChild(); wasActive && next) {
+    desktop_.focusAsked(*next);
+    if (next->focused_) desktop_.focusAsked(*next->focused_);
+  }
+}
+
+bool Forms::activate(Window& child) {
+  if (child.windowKind() != WindowKind::Child || activeChild() == &child) return true;
+  Window* const left = activeChild();
+  std::erase(children_, &child);
+  children_.push_back(&child);
+  if (left && leaving_ == 0) {
+    const Leaving leaving(*this);
+    if (left->focused_) raise(left->focused_->LostFocus);
+    if (activeChild() == &child && left->isOpen()) left->Form_Deactivate();
+    // A handler took the activation back, or something it did closed the window.
+    if (activeChild() != &child) return false;
+  }
+  desktop_.focusAsked(child);
+  if (child.focused_) desktop_.focusAsked(*child.focused_);
+  return true;
+}
+
+// --- Focus -------------------------------------------------------------------------------------
+
+bool Forms::takeFocus(Element& element) {
+  Window& window = element.window();
+  if (!element.takesFocus() || !element.isReachable() || !activate(window)) return false;
+  Element* const left = window.focused_;
+  window.focused_ = &element;
+  if (left && left != &element && leaving_ == 0) {
+    const Leaving leaving(*this);
+    raise(left->LostFocus);
+    if (window.focused_ != &element) return false;
+  }
+  desktop_.focusAsked(element);
+  return true;
+}
+
+// An element that vanishes hands the focus to the window's first element, without any event.
+void Forms::elementVanishes(Element& element) {
+  Window& window = element.window();
+  if (window.focused_ != &element) return;
+  window.focused_ = firstInTabOrder(window);
+  if (window.focused_) desktop_.focusAsked(*window.focused_);
+}
+
+// --- What the desktop reports ------------------------------------------------------------------
+
+bool Forms::personMayUse(const Window& window) const {
+  return boxes_ == 0 && window.isOpen() && (modal_.empty() || modal_.back() == &window);
+}
+
+bool Forms::pressed(Element& element, MouseButton button) {
+  if (!personMayUse(element.window()) || !element.isReachable()) return false;
+  const EventScope event(*this);
+  if (!activate(element.window())) return false;
+  if (button == MouseButton::Left && element.takesFocus() && !takeFocus(element)) return false;
+  if (element.kind() == Kind::Picture) raise(static_cast<Picture&>(element).MouseDown, button);
+  return true;
+}
+
+void Forms::clicked(Element& element) {
+  if (!personMayUse(element.window()) || !element.isReachable()) return;
+  const EventScope event(*this);
+  if (!activate(element.window())) return;
+  if (element.takesFocus() && !takeFocus(element)) return;
+  switch (element.kind()) {
+  case Kind::Picture:
+    raise(static_cast<Picture&>(element).Click);
+    break;
+  case Kind::Label:
+    raise(static_cast<Label&>(element).Click);
+    break;
+  case Kind::Button:
+    raise(static_cast<Button&>(element).Click);
+    break;
+  case Kind::CheckBox: {
+    auto& box = static_cast<CheckBox&>(element);
+    box.Value = box.Value == 0 ? 1 : 0;
+    break;
+  }
+  default:
+    break; // the other kinds have no click of their own
+  }
+}
+
+void Forms::shortcutPressed(Button& button) {
+  if (!personMayUse(button.window())) return;
+  const EventScope event(*this);
+  raise(button.Click);
+}
+
+void Forms::moved(Picture& picture, float X, float Y) {
+  if (!personMayUse(picture.window()) || !picture.isReachable()) return;
+  const EventScope event(*this);
+  raise(picture.MouseMove, X, Y);
+}
+
+void Forms::typed(TextBox& box, std::string text) {
+  if (!personMayUse(box.window()) || !box.isReachable() || box.ReadOnly) return;
+  const EventScope event(*this);
+  if (box.MaxLength > 0 && characters(text) > static_cast<std::size_t>(box.MaxLength))
+    text = firstCharacters(text, box.MaxLength);
+  box.Text = std::move(text);
+}
+
+void Forms::chosen(DropList& list, int index) {
+  if (!personMayUse(list.window()) || !list.isReachable()) return;
+  const EventScope event(*this);
+  if (!takeFocus(list)) return;
+  passOver(list.select(index));
+}
+
+void Forms::menuChosen(MenuEntry& entry) {
+  if (!personMayUse(entry.window()) || !entry.isReachable()) return;
+  const EventScope event(*this);
+  raise(entry.Click);
+}
+
+bool Forms::activated(Window& child) {
+  if (!personMayUse(child)) return false;
+  const EventScope event(*this);
+  return activate(child);
+}
+
+bool Forms::focusMoved(Element& element) {
+  if (!personMayUse(element.window())) return false;
+  const EventScope event(*this);
+  return takeFocus(element);
+}
+
+void Forms::tabbed(Window& window, bool forwards) {
+  if (!personMayUse(window)) return;
+  std::vector<Element*> order;
+  for (Element* element : window.elements())
+    if (element->TabIndex >= 0 && element->takesFocus() && element->isReachable())
+      order.push_back(element);
+  if (order.empty()) return;
+  std::stable_sort(order.begin(), order.end(),
+                   [](Element* a, Element* b) { return a->TabIndex < b->TabIndex; });
+  const auto here = std::find(order.begin(), order.end(), window.focused_);
+  auto position = static_cast<std::size_t>(here - order.begin());
+  if (here == order.end())
+    position = forwards ? 0 : order.size() - 1;
+  else
+    position = (position + (forwards ? 1 : order.size() - 1)) % order.size();
+  focusMoved(*order[position]);
+}
+
+void Forms::closeRequested(Window& window) {
+  if (!personMayUse(window)) return;
+  const EventScope event(*this);
+  window.close();
+}
+
+void Forms::ticked(Timer& timer) {
+  if (!timer.window().isOpen() || !timer.Enabled) return;
+  const EventScope event(*this);
+  raise(timer.Tick);
+}
+
+} // namespace forms

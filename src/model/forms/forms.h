@@ -1,0 +1,95 @@
+// The forms layer's heart: open windows, active child, focus, and which events an action raises.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/forms/desktop.h"
+#include "model/forms/elements.h"
+#include "model/forms/picture.h"
+#include "model/forms/window.h"
+
+namespace forms {
+
+// One per program run. All of it happens on one thread, one event at a time.
+class Forms {
+public:
+  explicit Forms(Desktop& desktop) : desktop_(desktop) {}
+  Forms(const Forms&) = delete;
+  Forms& operator=(const Forms&) = delete;
+
+  // --- What the program asks ---------------------------------------------------------------
+
+  Desktop& desktop() { return desktop_; }
+  // Blocks the calling handler until the person has closed the box; ticks go on meanwhile.
+  Answer messageBox(const std::string& text, BoxStyle style = BoxStyle::Information);
+  Answer messageBox(const MessageBox& box);
+  std::optional<std::string> fileDialog(const FileDialog& dialog);
+  // Opens the program's frame window, as an event of its own.
+  void startUp(Window& frame);
+  // The active child window, or nullptr.
+  Window* activeChild() const;
+  const std::vector<Window*>& openWindows() const { return open_; }
+
+  // Title of every box without one of its own.
+  std::string applicationTitle;
+  // Runs when an event that the desktop reported has been handled to its end.
+  std::function<void()> afterEvent;
+  // Full path of the first picture or icon since the last look that could not be loaded.
+  std::string missingPicture;
+
+  // --- What the desktop reports: what a person did, or the clock ----------------------------
+  // Actions on elements that are hidden, disabled or closed off by a box are passed over.
+
+  // A mouse button went down. False: the action ends here, as the focus was not let go.
+  bool pressed(Element& element, MouseButton button);
+  // The left button was pressed and let go over the element, or a key or a screen reader did the
+  // same. Buttons, check boxes, pictures, labels.
+  void clicked(Element& element);
+  // A button's Shortcut was pressed in its window.
+  void shortcutPressed(Button& button);
+  // The pointer stands at X, Y (twips) of the picture.
+  void moved(Picture& picture, float X, float Y);
+  // The text box holds this text now.
+  void typed(TextBox& box, std::string text);
+  // The person chose this item, perhaps the one that was chosen before.
+  void chosen(DropList& list, int index);
+  void menuChosen(MenuEntry& entry);
+  // Another child window shall be the active one. False: the one that was did not let it happen.
+  bool activated(Window& child);
+  // The focus went to the element by other means than a click. False: it was not let go.
+  bool focusMoved(Element& element);
+  // The Tab key: the next reachable element in the tab order, or the one before.
+  void tabbed(Window& window, bool forwards);
+  // The person asks to close the window.
+  void closeRequested(Window& window);
+  void ticked(Timer& timer);
+
+private:
+  friend class Element;
+  friend class Window;
+  friend class ElementArrayBase;
+
+  class EventScope; // from the report to the end of its handlers
+  class Leaving;    // while handlers of departure run, putting the focus back is no departure
+
+  bool personMayUse(const Window& window) const;
+  bool takeFocus(Element& element);
+  bool activate(Window& child);
+  void windowOpened(Window& window);
+  void windowClosed(Window& window);
+  void elementVanishes(Element& element);
+  static Element* firstInTabOrder(Window& window);
+
+  Desktop& desktop_;
+  std::vector<Window*> open_;     // in the order of their opening
+  std::vector<Window*> children_; // open child windows, the active one last
+  std::vector<Window*> modal_;
+  int boxes_ = 0; // message boxes and file dialogs on the screen
+  int events_ = 0;
+  int leaving_ = 0;
+};
+
+} // namespace forms

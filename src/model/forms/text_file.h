@@ -1,0 +1,46 @@
+// Text files: whole files of single-byte characters in and out, and the reading item by item.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace forms {
+
+// Files are named by UTF-8 paths everywhere, on every system.
+
+// The program folder joined to a literal that starts with "\", in the system's separators.
+std::string programPath(const std::string& programFolder, std::string_view literal);
+
+// The bytes of the file; nothing when it cannot be opened or read. Reads at most `limit` bytes.
+std::optional<std::string> readTextFile(const std::string& path, std::size_t limit);
+
+// Empties the file, or makes it, and hands it the whole text in one system call. False on failure;
+// what the file then holds is undefined.
+[[nodiscard]] bool writeTextFile(const std::string& path, const std::string& text);
+
+// Adds the text behind what the file holds. False on failure.
+[[nodiscard]] bool appendTextFile(const std::string& path, const std::string& text);
+
+// As writeTextFile, but an earlier file is lost only once the new one stands whole: the text goes
+// to a temporary file in the same folder, which then takes the name. Where the folder does not
+// allow that, the file is written in place. False on failure.
+[[nodiscard]] bool replaceTextFile(const std::string& path, const std::string& text);
+
+// False when the folder exists already or cannot be made.
+[[nodiscard]] bool makeFolder(const std::string& path);
+
+// Reads a text item by item. An item ends at a comma or a line end (CR LF, or LF alone); blanks
+// before it are skipped; one that starts with a double quote runs to the closing quote.
+class ItemReader {
+public:
+  explicit ItemReader(std::string_view text) : rest_(text) {}
+  bool atEnd() const { return rest_.empty(); }
+  // The next item, without quotes. Only when not at the end.
+  std::string_view next();
+
+private:
+  std::string_view rest_;
+};
+
+} // namespace forms

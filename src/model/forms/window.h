@@ -1,0 +1,102 @@
+// A window: the frame, a child window inside it, or one of its own.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/forms/element.h"
+
+namespace forms {
+
+class Forms;
+class Window;
+
+// What a window needs to know of its element arrays.
+class ElementArrayBase {
+public:
+  explicit ElementArrayBase(Window& window);
+  ElementArrayBase(const ElementArrayBase&) = delete;
+  ElementArrayBase& operator=(const ElementArrayBase&) = delete;
+
+  // Destroys all elements but the pattern, without telling the desktop.
+  virtual void clear() = 0;
+
+protected:
+  ~ElementArrayBase() = default;
+  Window& window() const { return window_; }
+  void tellRemoved(Element& element);
+
+private:
+  Window& window_;
+};
+
+enum class WindowKind { Frame, Child, Own };
+
+// A window object outlives the open window: its public variables keep their values. Its elements
+// go back to what they are made with at each opening; its array elements go at the closing.
+class Window : public Element {
+public:
+  Window(Forms& forms, WindowKind windowKind, std::string_view name);
+
+  Forms& forms() const { return forms_; }
+  WindowKind windowKind() const { return windowKind_; }
+  bool isOpen() const { return open_; }
+
+  // Runs the opening steps, then shows the window; a child becomes the active one. Opening a
+  // window that is open does nothing.
+  void open();
+  // Opens the window and waits until it has closed.
+  void showModal();
+  // Asks the closing check, runs the closing steps and takes the window off the screen. False when
+  // a check refused; then nothing has changed. The frame asks its children too before anything
+  // closes, and closes them before itself. No LostFocus is raised.
+  bool close();
+
+  // All elements there are now, in the order of their making.
+  const std::vector<Element*>& elements() const { return elements_; }
+  // The element with the keyboard focus, or nullptr.
+  Element* focused() const { return focused_; }
+
+  Property<std::string> Caption{*this, {}};
+  Property<std::string> Icon{*this, {}}; // path of the file shown; empty: none
+  bool Maximized = false;                // opens maximised
+  // Twips of the area inside the frame; 0: Width and Height of the frame count.
+  int ClientWidth = 0;
+  int ClientHeight = 0;
+
+  // Shows the icon file. On failure the icon stays and the path is noted (Forms::missingPicture).
+  [[nodiscard]] bool LoadIcon(const std::string& path);
+
+protected:
+  // Makes the present values of all elements those that each opening starts from. The constructor
+  // of a window calls it last.
+  void made();
+
+  virtual void Form_Load() {}
+  // The closing check: false refuses. It tells the person why.
+  virtual bool Form_QueryUnload() { return true; }
+  virtual void Form_Unload() {}
+  // Another child window has become the active one.
+  virtual void Form_Deactivate() {}
+
+private:
+  friend class Element;
+  friend class ElementArrayBase;
+  friend class Forms;
+
+  bool mayClose();
+  void finishClosing();
+
+  Forms& forms_;
+  WindowKind windowKind_;
+  bool open_ = false;    // on the screen
+  bool opening_ = false; // inside its opening steps
+  bool closing_ = false; // inside its closing check or steps
+  std::vector<Element*> elements_;
+  std::vector<ElementArrayBase*> arrays_;
+  Element* focused_ = nullptr;
+  int topmost_ = 0; // highest zOrderRank given so far
+  friend class Picture;
+};
+
+} // namespace forms

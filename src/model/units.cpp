@@ -1,0 +1,54 @@
+#include "model/units.h"
+
+#include <array>
+
+namespace falanges {
+
+namespace {
+
+struct UnitType {
+  const char* stem;
+  const char* name;
+};
+
+constexpr std::array<UnitType, 6> Types{{{"", ""},
+                                         {"ban", "Bandera"},
+                                         {"inf", "Infantería"},
+                                         {"cab", "Caballería"},
+                                         {"ele", "Elefantes"},
+                                         {"gen", "General"}}};
+
+const UnitType& unitType(int type) {
+  return Types[type >= BAN && type <= GEN ? static_cast<std::size_t>(type) : 0];
+}
+
+} // namespace
+
+std::string unitPicture(int type, int player) {
+  const std::string stem = unitType(type).stem;
+  if (stem.empty() || player < 1 || player > 2) return {};
+  return "\\img\\" + stem + "_j" + std::to_string(player) + ".jpg";
+}
+
+std::string unitName(int type) {
+  return unitType(type).name;
+}
+
+std::string squareDescription(const Principal& principal, int n) {
+  const Casilla& square = principal.Casillas(n);
+  return "cuadro " + std::to_string(n) + ", fila " + std::to_string(square.PosX) + ", columna " +
+         std::to_string(square.PosY);
+}
+
+std::string unitDescription(const Principal& principal, int n, bool selected) {
+  const Casilla& square = principal.Casillas(n);
+  return unitName(square.TUnidad) + ", Jugador " + std::to_string(square.Jugador) + ", " +
+         squareDescription(principal, n) + (selected ? ", seleccionada" : "");
+}
+
+std::string boardDescription(const Principal& principal) {
+  const std::string side = std::to_string(principal.NumColumnas);
+  return "Tablero " + side + "x" + side;
+}
+
+} // namespace falanges
