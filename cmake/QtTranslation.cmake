@@ -1,0 +1,23 @@
+# copy_qt_translation(<target> <folder>): with <target>, Qt's own Spanish texts (buttons of boxes, file
+# dialogs) are copied into <folder>. Without them the game runs and those few texts stay English.
+function(copy_qt_translation target folder)
+  # A Qt for another system often comes without translations: those of the build machine serve too.
+  find_file(FALANGES_QTBASE_ES qtbase_es.qm
+    PATHS
+      "${QT6_INSTALL_PREFIX}/${QT6_INSTALL_TRANSLATIONS}"
+      "${QT_HOST_PATH}/share/qt6/translations"
+      /usr/share/qt6/translations
+    NO_DEFAULT_PATH
+    NO_CMAKE_FIND_ROOT_PATH)
+  if(NOT FALANGES_QTBASE_ES)
+    message(STATUS "qtbase_es.qm not found: the buttons of Qt's own boxes stay English")
+    return()
+  endif()
+  add_custom_command(
+    OUTPUT "${folder}/qtbase_es.qm"
+    COMMAND "${CMAKE_COMMAND}" -E copy "${FALANGES_QTBASE_ES}" "${folder}/qtbase_es.qm"
+    DEPENDS "${FALANGES_QTBASE_ES}"
+    VERBATIM)
+  add_custom_target(qt_translation DEPENDS "${folder}/qtbase_es.qm")
+  add_dependencies(${target} qt_translation)
+endfunction()
