@@ -48,11 +48,11 @@ bool Element::isReachable() const {
 }
 
 void Element::restoreAsMade() {
-  for (PropertyBase* p = properties_; p; p = p->next_) p->restoreAsMade();
+  for (PropertyBase* p = properties_; p; p = p->next()) p->restoreAsMade();
 }
 
 void Element::keepAsMade() {
-  for (PropertyBase* p = properties_; p; p = p->next_) p->keepAsMade();
+  for (PropertyBase* p = properties_; p; p = p->next()) p->keepAsMade();
 }
 
 void Element::tellDesktop() {

@@ -19,15 +19,16 @@ public:
   virtual void keepAsMade() = 0;
   // Goes back to the value that the element is made with. Raises no event.
   virtual void restoreAsMade() = 0;
+  // The owner's properties form a chain.
+  PropertyBase* next() const { return next_; }
 
 protected:
   ~PropertyBase() = default;
   void tellOwner();
 
 private:
-  friend class Element;
   Element& owner_;
-  PropertyBase* next_; // the owner's properties form a chain
+  PropertyBase* next_;
 };
 
 // Assigning another value tells the owner, which tells the desktop if its window is on the screen.

@@ -1,0 +1,546 @@
+#include "scripted/scripted_desktop.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+namespace scripted {
+
+using namespace forms;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int TwipsPerPixel = 15;
+
+std::string fileName(const std::string& path) {
+  return std::filesystem::path(path).filename().string();
+}
+
+// An empty side says nothing of the size: such an element takes the size of its text.
+bool covers(const Element& element, int x, int y) {
+  return x >= element.Left && x < element.Left + element.Width && y >= element.Top &&
+         y < element.Top + element.Height;
+}
+
+int frontRank(const Element& element) {
+  return element.kind() == Kind::Picture ? static_cast<const Picture&>(element).zOrderRank.get()
+                                         : 0;
+}
+
+bool standsOnArea(const Element& element) {
+  return element.kind() != Kind::Window && element.kind() != Kind::MenuEntry &&
+         element.kind() != Kind::Timer;
+}
+
+// Calls `question` for a menu entry and all entries above it, for another element once.
+bool allAbove(const Element& element, bool (*question)(const Element&)) {
+  if (element.kind() != Kind::MenuEntry)
+    return question(element);
+  const auto* entry = static_cast<const MenuEntry*>(&element);
+  while (entry && question(*entry))
+    entry = entry->parent;
+  return !entry;
+}
+
+std::string textOf(const Element& element) {
+  if (const auto* window = dynamic_cast<const Window*>(&element))
+    return window->Caption;
+  if (const auto* label = dynamic_cast<const Label*>(&element))
+    return label->Caption;
+  if (const auto* button = dynamic_cast<const Button*>(&element))
+    return button->Caption;
+  if (const auto* entry = dynamic_cast<const MenuEntry*>(&element))
+    return entry->Caption;
+  if (const auto* box = dynamic_cast<const TextBox*>(&element))
+    return box->Text;
+  if (const auto* list = dynamic_cast<const DropList*>(&element))
+    return list->Text();
+  if (const auto* box = dynamic_cast<const CheckBox*>(&element))
+    return std::to_string(box->Value.get());
+  return "";
+}
+
+std::string pictureOf(const Element& element) {
+  if (const auto* window = dynamic_cast<const Window*>(&element))
+    return fileName(window->Icon);
+  const auto* picture = dynamic_cast<const Picture*>(&element);
+  return picture ? fileName(picture->picturePath()) : "";
+}
+
+bool isVisible(const Element& element) {
+  return element.Visible;
+}
+bool isEnabled(const Element& element) {
+  return element.Enabled;
+}
+
+} // namespace
+
+// --- Failures ------------------------------------------------------------------------------------
+
+void ScriptedDesktop::fail(const Name& about, const std::string& message) const {
+  std::string screens;
+  if (forms_)
+    for (const Window* window : forms_->openWindows())
+      screens += transcript(window->name());
+  ADD_FAILURE_AT(about.where.file_name(), static_cast<int>(about.where.line()))
+      << message << (acting_ ? "\nduring the action on " + acting_->text : "") << "\n"
+      << screens;
+}
+
+void ScriptedDesktop::giveUp(const Name& about, const std::string& message) const {
+  fail(about, "\"" + about.text + "\" " + message);
+  throw std::runtime_error("A person could not do that.");
+}
+
+void ScriptedDesktop::finish() {
+  if (std::uncaught_exceptions() == 0)
+    for (const Expected& left : expected_)
+      fail(left.text, "Expected, but did not come: " + left.text.text);
+  expected_.clear();
+}
+
+// --- What the program asks -----------------------------------------------------------------------
+
+void ScriptedDesktop::expectBox(Name text, Answer answer, Meanwhile meanwhile) {
+  expected_.push_back({Asked::Box, std::move(text), {}, answer, {}, std::move(meanwhile)});
+}
+
+void ScriptedDesktop::expectBox(Name text, BoxStyle style, Answer answer, Meanwhile meanwhile) {
+  expected_.push_back({Asked::Box, std::move(text), style, answer, {}, std::move(meanwhile)});
+}
+
+void ScriptedDesktop::expectFile(Name title, std::optional<std::string> path, Meanwhile meanwhile) {
+  expected_.push_back({Asked::File, std::move(title), {}, Answer::Ok, path, std::move(meanwhile)});
+}
+
+void ScriptedDesktop::expectModal(Name window, Meanwhile meanwhile) {
+  expected_.push_back({Asked::Modal, std::move(window), {}, Answer::Ok, {}, std::move(meanwhile)});
+}
+
+std::optional<ScriptedDesktop::Expected> ScriptedDesktop::next(Asked asked,
+                                                               const std::string& text) {
+  if (!expected_.empty() && expected_.front().asked == asked &&
+      expected_.front().text.text == text) {
+    Expected found = std::move(expected_.front());
+    expected_.pop_front();
+    return found;
+  }
+  const Name about = !expected_.empty() ? expected_.front().text : acting_.value_or(Name(text));
+  fail(about, "Unexpected:\n" + text +
+                  (expected_.empty() ? "" : "\nwhere this was expected:\n" + about.text));
+  return std::nullopt;
+}
+
+Answer ScriptedDesktop::messageBox(const MessageBox& box) {
+  lastBox = box;
+  const bool question = box.style != BoxStyle::Information;
+  const auto expected = next(Asked::Box, box.text);
+  if (!expected)
+    return question ? Answer::No : Answer::Ok;
+  if (expected->style.value_or(box.style) != box.style ||
+      question == (expected->answer == Answer::Ok))
+    fail(expected->text, "The box has another style: " + box.text);
+  ++boxes_;
+  if (expected->meanwhile)
+    expected->meanwhile();
+  --boxes_;
+  return expected->answer;
+}
+
+std::optional<std::string> ScriptedDesktop::fileDialog(const FileDialog& dialog) {
+  lastFile = dialog;
+  const auto expected = next(Asked::File, dialog.title);
+  if (!expected)
+    return std::nullopt;
+  ++boxes_;
+  if (expected->meanwhile)
+    expected->meanwhile();
+  --boxes_;
+  return expected->path;
+}
+
+void ScriptedDesktop::waitModal(Window& window) {
+  modal_.push_back(&window);
+  if (const auto expected = next(Asked::Modal, window.name()))
+    expected->meanwhile();
+  if (window.isOpen()) {
+    fail(acting_.value_or(Name(window.name())), "The modal window was not closed.");
+    window.close();
+  }
+  modal_.pop_back();
+}
+
+std::optional<PictureSize> ScriptedDesktop::pictureSize(const std::string& path) {
+  const std::string name = fileName(path);
+  if (std::filesystem::path(path).parent_path().parent_path() != programFolder())
+    fail(acting_.value_or(Name(path)), "No picture lies there: " + path);
+  if (allPicturesMissing || missingPictures.contains(name))
+    return std::nullopt;
+  static const std::map<std::string, int> boards = {
+      {"5x5.jpg", 394}, {"6x6.jpg", 472}, {"7x7.jpg", 551}, {"8x8.jpg", 630}};
+  const auto board = boards.find(name);
+  const int side = board != boards.end() ? board->second : name.ends_with(".ico") ? 32 : 62;
+  return PictureSize{side, side};
+}
+
+DateTime ScriptedDesktop::now() {
+  const auto day = std::chrono::floor<std::chrono::days>(clock);
+  const std::chrono::year_month_day date = day;
+  const std::chrono::hh_mm_ss time(clock - day);
+  return {int(date.year()),
+          static_cast<int>(unsigned(date.month())),
+          static_cast<int>(unsigned(date.day())),
+          static_cast<int>(time.hours().count()),
+          static_cast<int>(time.minutes().count()),
+          static_cast<int>(time.seconds().count())};
+}
+
+// --- The contract of Desktop ---------------------------------------------------------------------
+
+void ScriptedDesktop::windowOpened(Window& window) {
+  forms_ = &window.forms();
+  const auto& open = forms_->openWindows();
+  if (onScreen_.contains(&window) || std::find(open.begin(), open.end(), &window) == open.end())
+    fail(Name(window.name()), "windowOpened for a window that is not open, or twice");
+  onScreen_[&window] = ++made_;
+  for (const Element* element : window.elements())
+    onScreen_[element] = ++made_;
+  active_ = &window;
+}
+
+void ScriptedDesktop::windowClosed(Window& window) {
+  if (!onScreen_.contains(&window))
+    fail(Name(window.name()), "windowClosed for an unknown window");
+  for (const Element* element : window.elements())
+    onScreen_.erase(element);
+  onScreen_.erase(&window);
+  if (focus_ && !onScreen_.contains(focus_))
+    focus_ = nullptr;
+  if (active_ == &window)
+    active_ = forms_->openWindows().empty() ? nullptr : forms_->openWindows().back();
+  ended_ = ended_ || window.windowKind() == WindowKind::Frame;
+}
+
+void ScriptedDesktop::changed(Element& element) {
+  if (!onScreen_.contains(&element.window()))
+    fail(Name(element.name()), "changed for an element of a closed window");
+  else if (!onScreen_.contains(&element))
+    onScreen_[&element] = ++made_;
+}
+
+void ScriptedDesktop::removed(Element& element) {
+  if (onScreen_.erase(&element) == 0)
+    fail(Name(element.name()), "removed for an unknown element");
+  if (focus_ == &element)
+    focus_ = nullptr;
+}
+
+void ScriptedDesktop::focusAsked(Element& element) {
+  if (!onScreen_.contains(&element))
+    fail(Name(element.name()), "focusAsked for an unknown element");
+  active_ = &element.window();
+  focus_ = &element == active_ ? nullptr : &element;
+}
+
+// --- Finding and reaching ------------------------------------------------------------------------
+
+Element* ScriptedDesktop::find(std::string_view name) const {
+  if (!forms_)
+    return nullptr;
+  const auto dot = name.find('.');
+  const auto window = dot == name.npos ? std::string_view() : name.substr(0, dot);
+  const auto own = dot == name.npos ? name : name.substr(dot + 1);
+  Element* found = nullptr;
+  for (Window* open : forms_->openWindows()) {
+    if (!window.empty() && open->name() != window)
+      continue;
+    if (open->name() == own)
+      return open;
+    for (Element* element : open->elements()) {
+      if (element->name() != own)
+        continue;
+      if (found)
+        giveUp(Name(std::string(name)), "stands on two windows");
+      found = element;
+    }
+  }
+  return found;
+}
+
+Element& ScriptedDesktop::known(const Name& name) {
+  Element* const found = find(name.text);
+  if (!found)
+    giveUp(name, "is not on the screen");
+  return *found;
+}
+
+std::string ScriptedDesktop::hindrance(const Element& element) const {
+  if (boxes_ > 0)
+    return "lies behind a box";
+  if (!modal_.empty() && modal_.back() != &element.window())
+    return "lies behind a modal window";
+  if (!onScreen_.contains(&element))
+    return "was never told to the screen";
+  if (!allAbove(element, isVisible))
+    return "is hidden";
+  if (!allAbove(element, isEnabled))
+    return "is disabled";
+  return "";
+}
+
+template <class T> T& ScriptedDesktop::usable(const Name& name) {
+  T& element = get<T>(name);
+  acting_ = name;
+  if (const std::string reason = hindrance(element); !reason.empty())
+    giveUp(name, reason);
+  return element;
+}
+
+Element* ScriptedDesktop::topmostAt(const Window& window, Point place) const {
+  Element* topmost = nullptr;
+  for (Element* element : window.elements())
+    if (standsOnArea(*element) && element->Visible && covers(*element, place.x, place.y) &&
+        (!topmost || frontRank(*element) >= frontRank(*topmost)))
+      topmost = element;
+  return topmost;
+}
+
+// The middle, or another place of the element that no other element covers.
+std::optional<ScriptedDesktop::Point> ScriptedDesktop::openPlace(const Element& element) const {
+  const Point corner{element.Left, element.Top};
+  if (element.Width == 0 || element.Height == 0)
+    return corner;
+  const Window& window = element.window();
+  const int right = window.ClientWidth ? window.ClientWidth : window.Width.get();
+  const int bottom = window.ClientHeight ? window.ClientHeight : window.Height.get();
+  constexpr int Steps = 16;
+  for (int row = 0; row < Steps; ++row) {
+    for (int column = 0; column < Steps; ++column) {
+      const Point place{corner.x + element.Width * ((column + Steps / 2) % Steps) / Steps,
+                        corner.y + element.Height * ((row + Steps / 2) % Steps) / Steps};
+      const bool inside = place.x >= 0 && place.y >= 0 && (right == 0 || place.x < right) &&
+                          (bottom == 0 || place.y < bottom);
+      if ((inside || window.Maximized) && topmostAt(window, place) == &element)
+        return place;
+    }
+  }
+  return std::nullopt;
+}
+
+// --- What a person does --------------------------------------------------------------------------
+
+bool ScriptedDesktop::press(Element& element, MouseButton button) {
+  const auto before = onScreen_.find(&element)->second;
+  if (!forms_->pressed(element, button))
+    return false;
+  const auto after = onScreen_.find(&element);
+  return after != onScreen_.end() && after->second == before && hindrance(element).empty();
+}
+
+bool ScriptedDesktop::act(Element& element, Point place, MouseButton button) {
+  const bool picture = element.kind() == Kind::Picture;
+  if (picture) {
+    moveOver(Name(element.window().name() + "." + element.name(), acting_->where),
+             place.x - element.Left, place.y - element.Top);
+    if (!onScreen_.contains(&element))
+      return false;
+  }
+  if (!press(element, button))
+    return false;
+  const bool click = picture || element.kind() == Kind::Button ||
+                     element.kind() == Kind::CheckBox || element.kind() == Kind::Label;
+  if (click && button == MouseButton::Left)
+    forms_->clicked(element);
+  return true;
+}
+
+bool ScriptedDesktop::pointAndPress(const Name& name, MouseButton button) {
+  auto& element = usable<Element>(name);
+  const auto place = openPlace(element);
+  if (!place)
+    giveUp(name, "is covered by other elements, or outside its window");
+  return act(element, *place, button);
+}
+
+bool ScriptedDesktop::click(Name name) {
+  return pointAndPress(name, MouseButton::Left);
+}
+
+bool ScriptedDesktop::tryClick(Name name) {
+  Element* const element = find(name.text);
+  return element && hindrance(*element).empty() && openPlace(*element) && click(name);
+}
+
+void ScriptedDesktop::rightClick(Name name) {
+  pointAndPress(name, MouseButton::Right);
+}
+
+bool ScriptedDesktop::clickAt(Name name, int x, int y, MouseButton button) {
+  auto& window = usable<Window>(name);
+  Element* const element = topmostAt(window, {x, y});
+  if (element)
+    return hindrance(*element).empty() && act(*element, {x, y}, button);
+  if (window.windowKind() == WindowKind::Child)
+    forms_->activated(window);
+  return false;
+}
+
+void ScriptedDesktop::moveOver(Name name, double X, double Y) {
+  auto& picture = usable<Picture>(name);
+  const double frame = picture.Border ? TwipsPerPixel : 0;
+  const auto inner = [](double twips) {
+    return static_cast<float>(std::floor(twips / TwipsPerPixel) * TwipsPerPixel);
+  };
+  const Point place{picture.Left + static_cast<int>(X), picture.Top + static_cast<int>(Y)};
+  if (covers(picture, place.x, place.y) && topmostAt(picture.window(), place) != &picture)
+    giveUp(name, "is covered there by " + topmostAt(picture.window(), place)->name());
+  forms_->moved(picture, inner(X - frame), inner(Y - frame));
+}
+
+void ScriptedDesktop::type(Name name, std::string_view text) {
+  auto& box = usable<TextBox>(name);
+  const bool focused = press(box, MouseButton::Left);
+  if (!focused || focus_ != &box || box.ReadOnly)
+    giveUp(name, "takes no keys");
+  if (text.empty())
+    forms_->typed(box, "");
+  for (std::size_t start = 0, end = 0; end < text.size(); start = end) {
+    do
+      ++end;
+    while (end < text.size() && (text[end] & 0xC0) == 0x80);
+    if (focus_ != &box || !hindrance(box).empty())
+      giveUp(name, "takes no more keys");
+    forms_->typed(box, (start == 0 ? "" : box.Text.get()) +
+                           std::string(text.substr(start, end - start)));
+  }
+}
+
+void ScriptedDesktop::setText(Name name, std::string text) {
+  auto& box = usable<TextBox>(name);
+  if (!press(box, MouseButton::Left) || box.ReadOnly)
+    giveUp(name, "takes no text");
+  forms_->typed(box, std::move(text));
+}
+
+void ScriptedDesktop::choose(Name name, std::string_view item) {
+  auto& list = usable<DropList>(name);
+  const auto found = std::find(list.items().begin(), list.items().end(), item);
+  if (found == list.items().end())
+    giveUp(name, "has no item " + std::string(item));
+  const auto index = static_cast<int>(found - list.items().begin());
+  if (press(list, MouseButton::Left))
+    forms_->chosen(list, index);
+}
+
+void ScriptedDesktop::tab(bool forwards) {
+  const Name name("Tab");
+  if (!active_ || !hindrance(*active_).empty())
+    giveUp(name, "is not heard by any window");
+  acting_ = name;
+  forms_->tabbed(const_cast<Window&>(*active_), forwards);
+}
+
+void ScriptedDesktop::menu(Name name) {
+  forms_->menuChosen(usable<MenuEntry>(name));
+}
+
+void ScriptedDesktop::shortcut(Name name) {
+  auto& button = get<Button>(name);
+  acting_ = name;
+  if (button.Shortcut.empty())
+    giveUp(name, "has no shortcut");
+  if (const auto reason = hindrance(button.window()); !reason.empty())
+    giveUp(name, reason);
+  forms_->shortcutPressed(button);
+}
+
+bool ScriptedDesktop::closeWindow(Name name) {
+  auto& window = usable<Window>(name);
+  forms_->closeRequested(window);
+  return !window.isOpen();
+}
+
+bool ScriptedDesktop::activate(Name name) {
+  auto& window = usable<Window>(name);
+  return forms_->activated(window) && forms_->activeChild() == &window;
+}
+
+void ScriptedDesktop::tick(int seconds) {
+  while (seconds-- > 0) {
+    clock += 1s;
+    std::vector<std::pair<Timer*, int>> running;
+    for (const Window* window : forms_->openWindows())
+      for (Element* element : window->elements())
+        if (element->kind() == Kind::Timer && element->Enabled)
+          running.emplace_back(static_cast<Timer*>(element), onScreen_.at(element));
+    for (const auto& [timer, number] : running)
+      if (const auto still = onScreen_.find(timer);
+          still != onScreen_.end() && still->second == number)
+        forms_->ticked(*timer);
+  }
+}
+
+// --- What a person sees --------------------------------------------------------------------------
+
+bool ScriptedDesktop::isOpen(std::string_view window) const {
+  const auto* const found = dynamic_cast<Window*>(find(window));
+  return found && found->isOpen();
+}
+
+std::string ScriptedDesktop::focused() {
+  return focus_ ? focus_->name() : "";
+}
+
+bool ScriptedDesktop::visible(Name name) {
+  // An element that is gone has left the pattern of its array.
+  const auto bracket = name.text.find('(');
+  if (bracket != name.text.npos && !find(name.text))
+    return known(Name(at(name.text.substr(0, bracket), 0), name.where)).Visible;
+  return allAbove(known(name), isVisible);
+}
+
+bool ScriptedDesktop::enabled(Name name) {
+  return allAbove(known(name), isEnabled);
+}
+
+std::string ScriptedDesktop::text(Name name) {
+  return textOf(known(name));
+}
+
+std::string ScriptedDesktop::picture(Name name) {
+  return pictureOf(known(name));
+}
+
+std::string ScriptedDesktop::accessibleName(Name name) {
+  const Element& element = known(name);
+  return element.AccessibleName.get().empty() ? textOf(element) : element.AccessibleName.get();
+}
+
+std::string ScriptedDesktop::toolTip(Name name) {
+  return known(name).ToolTipText;
+}
+
+std::string ScriptedDesktop::transcript(std::string_view name) const {
+  const auto* const window = dynamic_cast<Window*>(find(name));
+  if (!window)
+    return std::string(name) + " is closed\n";
+  std::ostringstream lines;
+  lines << name << " \"" << window->Caption.get() << "\"\n";
+  for (const Element* element : window->elements()) {
+    if (!element->Visible || element->kind() == Kind::Timer)
+      continue;
+    lines << (element == focus_ ? "* " : "  ") << element->name() << " " << element->Left.get()
+          << "," << element->Top.get() << " " << element->Width.get() << "x"
+          << element->Height.get() << (element->Enabled ? "" : " disabled") << " \""
+          << textOf(*element) << "\" " << pictureOf(*element) << " ["
+          << element->AccessibleName.get() << "]\n";
+  }
+  return lines.str();
+}
+
+} // namespace scripted

@@ -1,0 +1,158 @@
+// A desktop without a screen, for tests: acts by names, answers boxes from a list, shows what is
+// seen.
+//
+//   ScriptedDesktop screen;               // first, so that it outlives the program under test
+//   App app(screen);
+//   screen.expectBox("Bienvenido.");      // queued; a box that comes otherwise fails the test
+//   app.start();
+//   screen.menu("mnuNuevoJuego");
+//   screen.choose("comTablero", "8x8");
+//   screen.clickAt("frmNuevoJuego", 1500, 9000);
+//   screen.expectBox("¿Empezar?", Answer::Yes);
+//   screen.click("btnIniciar");
+//   EXPECT_EQ(screen.picture(at("picUnidad", 57)), "inf_j1.jpg");
+//   EXPECT_EQ(screen.text("lblJ1_Estado"), "En Turno");
+#pragma once
+
+#include <chrono>
+#include <deque>
+#include <map>
+#include <set>
+
+#include "model/forms/forms.h"
+#include "scripted/player.h"
+#include "scripted/temporary_folder.h"
+
+namespace scripted {
+
+// Strict: an unexpected box, an answer left over, an action that a person could not do and a breach
+// of the contract of Desktop each fail the running test.
+class ScriptedDesktop final : public forms::Desktop, public Player {
+public:
+  ScriptedDesktop() = default;
+  ~ScriptedDesktop() override { finish(); }
+  // Fails for each answer that was not asked for, and forgets it.
+  void finish();
+
+  // --- What the program will ask ---------------------------------------------------------------
+  using Player::expectBox;
+  void expectBox(Name text, forms::Answer answer, Meanwhile meanwhile = {}) override;
+  // As above, and the box must have this style.
+  void expectBox(Name text, forms::BoxStyle style, forms::Answer answer, Meanwhile meanwhile = {});
+  // Path nullopt: cancelled.
+  void expectFile(Name title, std::optional<std::string> path, Meanwhile meanwhile = {});
+  void expectModal(Name window, Meanwhile meanwhile) override;
+  forms::MessageBox lastBox;
+  forms::FileDialog lastFile;
+  // File names such as "8x8.jpg" that cannot be loaded.
+  std::set<std::string> missingPictures;
+  bool allPicturesMissing = false;
+  // 9 March 2005, 08:05:07 at the start; each second of tick adds one.
+  std::chrono::sys_seconds clock =
+      std::chrono::sys_days(std::chrono::year(2005) / 3 / 9) + std::chrono::seconds(29107);
+
+  // --- What a person does ----------------------------------------------------------------------
+  bool click(Name element) override;
+  // As click, but false where click would fail the test.
+  bool tryClick(Name element);
+  void rightClick(Name element) override;
+  // The same at a place of a window, in twips from its inner corner: on what lies topmost there.
+  bool clickAt(Name window, int x, int y, forms::MouseButton button = forms::MouseButton::Left);
+  // The pointer goes to X, Y of the picture. Outside of it: as with a button held down.
+  void moveOver(Name picture, double X, double Y);
+  void type(Name textBox, std::string_view text) override;
+  // Replaces what the text box holds at once, as pasting does.
+  void setText(Name textBox, std::string text);
+  void choose(Name list, std::string_view item) override;
+  void tab(bool forwards = true) override;
+  void menu(Name entry) override;
+  void shortcut(Name button) override;
+  bool closeWindow(Name window) override;
+  bool activate(Name window) override;
+  void tick(int seconds = 1) override;
+
+  // --- What a person sees ----------------------------------------------------------------------
+  bool isOpen(std::string_view window) const;
+  // True once the frame window has closed.
+  bool ended() const { return ended_; }
+  std::string focused() override;
+  // False also for an array element that does not exist. For a menu entry: it and all above it.
+  bool visible(Name element);
+  bool enabled(Name element);
+  // Caption or text; the chosen item of a list; "0" or "1" of a check box.
+  std::string text(Name element);
+  // The file's name alone, of a window that of its icon.
+  std::string picture(Name element);
+  std::string accessibleName(Name element);
+  std::string toolTip(Name element);
+  // One line for each visible element of the open window.
+  std::string transcript(std::string_view window) const;
+  // The element itself, for all that has no question of its own here; nullptr when there is none.
+  forms::Element* find(std::string_view name) const;
+  // As find, of a known kind; fails the test, and throws, when there is none.
+  template <class T> T& get(Name name) {
+    auto* const found = dynamic_cast<T*>(&known(name));
+    if (!found)
+      giveUp(name, "is of another kind");
+    return *found;
+  }
+
+  // --- Desktop ---------------------------------------------------------------------------------
+  forms::Desktop& desktop() override { return *this; }
+  void windowOpened(forms::Window& window) override;
+  void windowClosed(forms::Window& window) override;
+  void waitModal(forms::Window& window) override;
+  void changed(forms::Element& element) override;
+  void removed(forms::Element& element) override;
+  void focusAsked(forms::Element& element) override;
+  forms::Answer messageBox(const forms::MessageBox& box) override;
+  std::optional<std::string> fileDialog(const forms::FileDialog& dialog) override;
+  std::optional<forms::PictureSize> pictureSize(const std::string& path) override;
+  forms::DateTime now() override;
+  std::string programFolder() override { return folder_.path(); }
+
+private:
+  enum class Asked { Box, File, Modal };
+  struct Expected {
+    Asked asked;
+    Name text;
+    std::optional<forms::BoxStyle> style;
+    forms::Answer answer;
+    std::optional<std::string> path;
+    Meanwhile meanwhile;
+  };
+  struct Point {
+    int x, y; // twips from the window's inner corner
+  };
+
+  void fail(const Name& about, const std::string& message) const;
+  [[noreturn]] void giveUp(const Name& about, const std::string& message) const;
+  forms::Element& known(const Name& name);
+  template <class T> T& usable(const Name& name);
+  std::string hindrance(const forms::Element& element) const;
+  forms::Element* topmostAt(const forms::Window& window, Point place) const;
+  std::optional<Point> openPlace(const forms::Element& element) const;
+  bool pointAndPress(const Name& name, forms::MouseButton button);
+  bool act(forms::Element& element, Point place, forms::MouseButton button);
+  bool press(forms::Element& element, forms::MouseButton button);
+  std::optional<Expected> next(Asked asked, const std::string& text);
+
+  TemporaryFolder folder_;
+  forms::Forms* forms_ = nullptr; // of the first window opened
+  // What stands on the screen, each with a number of its own: addresses are used again.
+  std::map<const forms::Element*, int> onScreen_;
+  int made_ = 0;
+  std::deque<Expected> expected_;
+  int boxes_ = 0;
+  std::vector<forms::Window*> modal_;
+  const forms::Element* focus_ = nullptr; // of what stands on the screen
+  const forms::Window* active_ = nullptr;
+  std::optional<Name> acting_; // the action that goes on
+  bool ended_ = false;
+
+public:
+  ScriptedDesktop(const ScriptedDesktop&) = delete;
+  ScriptedDesktop& operator=(const ScriptedDesktop&) = delete;
+};
+
+} // namespace scripted
