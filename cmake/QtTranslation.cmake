@@ -1,5 +1,5 @@
-# copy_qt_translation(<target> <folder>): with <target>, Qt's own Spanish texts (buttons of boxes, file
-# dialogs) are copied into <folder>. Without them the game runs and those few texts stay English.
+# copy_qt_translation(<target> <folder>): makes <target>, which copies Qt's own Spanish texts (buttons of
+# boxes, file dialogs) into <folder>. Without them the game runs and those few texts stay English.
 function(copy_qt_translation target folder)
   # A Qt for another system often comes without translations: those of the build machine serve too.
   find_file(FALANGES_QTBASE_ES qtbase_es.qm
@@ -11,13 +11,14 @@ function(copy_qt_translation target folder)
     NO_CMAKE_FIND_ROOT_PATH)
   if(NOT FALANGES_QTBASE_ES)
     message(STATUS "qtbase_es.qm not found: the buttons of Qt's own boxes stay English")
+    add_custom_target(${target})
     return()
   endif()
+  set(copy "${folder}/qtbase_es.qm")
   add_custom_command(
-    OUTPUT "${folder}/qtbase_es.qm"
-    COMMAND "${CMAKE_COMMAND}" -E copy "${FALANGES_QTBASE_ES}" "${folder}/qtbase_es.qm"
+    OUTPUT "${copy}"
+    COMMAND "${CMAKE_COMMAND}" -E copy "${FALANGES_QTBASE_ES}" "${copy}"
     DEPENDS "${FALANGES_QTBASE_ES}"
     VERBATIM)
-  add_custom_target(qt_translation DEPENDS "${folder}/qtbase_es.qm")
-  add_dependencies(${target} qt_translation)
+  add_custom_target(${target} DEPENDS "${copy}")
 endfunction()
