@@ -27,7 +27,7 @@ SCREEN = "desktop/qt"
 SCREEN_MAY_INCLUDE = {SCREEN, "model/forms"}
 LONGEST_SEAM = 12
 
-TEXT_FILES = {".cpp", ".h", ".cmake", ".json", ".md", ".py", ".sh", ".supp", ".svg"}
+TEXT_FILES = {".cpp", ".h", ".cmake", ".in", ".json", ".md", ".py", ".sh", ".supp", ".svg"}
 MORE_TEXT_FILES = {"CMakeLists.txt", "jugar", "probar", "run"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
@@ -59,7 +59,7 @@ def may_include(folder, other):
 
 def check_source(path):
     name = path.relative_to(SRC).as_posix()
-    text = path.read_text(encoding="utf-8")
+    text = path.read_text(encoding="utf-8", errors="replace")
     folder = folder_of(name)
     if path.suffix == ".h" and "#pragma once" not in text:
         report(path, 1, "no #pragma once")
@@ -85,7 +85,7 @@ def check_source(path):
 def check_cycles():
     headers = {}
     for path in sorted(SRC.rglob("*.h")):
-        text = path.read_text(encoding="utf-8")
+        text = path.read_text(encoding="utf-8", errors="replace")
         headers[path.relative_to(SRC).as_posix()] = [name for _, name in INCLUDE.findall(text)]
     try:
         graphlib.TopologicalSorter(headers).prepare()
@@ -99,7 +99,7 @@ def check_seam():
     if not path.is_file():
         report(path, 1, "is missing")
         return
-    text = COMMENT.sub("", path.read_text(encoding="utf-8"))
+    text = COMMENT.sub("", path.read_text(encoding="utf-8", errors="replace"))
     body = re.search(r"^class Desktop\b[^;{]*\{(.*?)^\};", text, re.DOTALL | re.MULTILINE)
     count = len(re.findall(r"=\s*0\s*;", body.group(1))) if body else 0
     if not 1 <= count <= LONGEST_SEAM:
