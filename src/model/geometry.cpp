@@ -6,12 +6,14 @@ namespace falanges {
 
 std::optional<int> boardSide(int squares) {
   for (int side = 5; side <= 8; ++side)
-    if (side * side == squares) return side;
+    if (side * side == squares)
+      return side;
   return std::nullopt;
 }
 
 std::string boardPicture(int side) {
-  if (side < 5 || side > 8) return {};
+  if (side < 5 || side > 8)
+    return {};
   const std::string digits = std::to_string(side);
   return "\\img\\" + digits + "x" + digits + ".jpg";
 }

@@ -38,21 +38,21 @@ private:
 // Plain data; every handler reads and assigns it directly. One instance lives as long as the
 // process. Options are the texts "0" and "1", tested as text.
 struct Principal {
-  std::string TextoVolcado;      // the field dump on its way to frmMsgBox
-  std::uint8_t NumColumnas = 0;  // 5 to 8; 0 until a board exists
-  std::uint8_t NumFilas = 0;     // always equal to NumColumnas
-  std::uint8_t NumCasillas = 0;  // squares in play: records above are outside the game
-  std::int16_t LadoCasilla = 0;  // side of a square, twips
-  std::uint8_t MargenCasilla = 0; // inset of a unit picture in its square, twips
+  std::string TextoVolcado;             // the field dump on its way to frmMsgBox
+  std::uint8_t NumColumnas = 0;         // 5 to 8; 0 until a board exists
+  std::uint8_t NumFilas = 0;            // always equal to NumColumnas
+  std::uint8_t NumCasillas = 0;         // squares in play: records above are outside the game
+  std::int16_t LadoCasilla = 0;         // side of a square, twips
+  std::uint8_t MargenCasilla = 0;       // inset of a unit picture in its square, twips
   std::uint8_t TUnidadSeleccionada = 0; // palette choice, 0 none
   TablaCasillas Casillas;
   std::string RutaPlantillas;
   std::string RutaJuegosGuardados;
-  std::string OpcPermitirBanderas; // "1": more than one flag a side
-  std::string OpcLimiteFilas;      // "1": units on any row
+  std::string OpcPermitirBanderas;        // "1": more than one flag a side
+  std::string OpcLimiteFilas;             // "1": units on any row
   std::int16_t SegundosActualizacion = 0; // between two looks at the shared file
-  std::uint8_t JugadorRed = 0; // the player of this copy in a network game
-  std::string ArchivoRed;      // path last chosen in the load dialog; the shared file
+  std::uint8_t JugadorRed = 0;            // the player of this copy in a network game
+  std::string ArchivoRed;                 // path last chosen in the load dialog; the shared file
   bool JuegoEnRed = false;
   std::int16_t SegundosRestantes = 0;
   bool CargaCancelada = false;

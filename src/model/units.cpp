@@ -26,7 +26,8 @@ const UnitType& unitType(int type) {
 
 std::string unitPicture(int type, int player) {
   const std::string stem = unitType(type).stem;
-  if (stem.empty() || player < 1 || player > 2) return {};
+  if (stem.empty() || player < 1 || player > 2)
+    return {};
   return "\\img\\" + stem + "_j" + std::to_string(player) + ".jpg";
 }
 
@@ -40,13 +41,14 @@ std::string squareDescription(const Principal& principal, int n) {
          std::to_string(square.PosY);
 }
 
-std::string unitDescription(const Principal& principal, int n, bool selected) {
-  const Casilla& square = principal.Casillas(n);
-  return unitName(square.TUnidad) + ", Jugador " + std::to_string(square.Jugador) + ", " +
+std::string unitDescription(const Principal& principal, int n, const Casilla& unit, bool selected) {
+  return unitName(unit.TUnidad) + ", Jugador " + std::to_string(unit.Jugador) + ", " +
          squareDescription(principal, n) + (selected ? ", seleccionada" : "");
 }
 
 std::string boardDescription(const Principal& principal) {
+  if (principal.NumColumnas == 0)
+    return "Tablero"; // a file without a board was opened
   const std::string side = std::to_string(principal.NumColumnas);
   return "Tablero " + side + "x" + side;
 }

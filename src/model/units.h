@@ -14,9 +14,9 @@ std::string unitPicture(int type, int player);
 // "Bandera", "Infantería", ...; empty for a type outside 1 to 5.
 std::string unitName(int type);
 
-// What assistive technology says of the unit on square n: "Infantería, Jugador 1, cuadro 17,
-// fila 4, columna 2", with ", seleccionada" behind it.
-std::string unitDescription(const Principal& principal, int n, bool selected);
+// What assistive technology says of `unit` on square n: "Infantería, Jugador 1, cuadro 17, fila 4,
+// columna 2", with ", seleccionada" behind it. Of `unit` the owner and the type count.
+std::string unitDescription(const Principal& principal, int n, const Casilla& unit, bool selected);
 // "cuadro 12, fila 3, columna 2".
 std::string squareDescription(const Principal& principal, int n);
 // "Tablero 5x5".

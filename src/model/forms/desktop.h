@@ -11,7 +11,7 @@ class Window;
 
 // Style of a message box; the numbers are part of the program's texts about boxes.
 enum class BoxStyle {
-  Information = 64, // information symbol, OK
+  Information = 64,       // information symbol, OK
   WarningYesNo = 308,     // warning symbol, Yes and No, No is the default
   InformationYesNo = 324, // information symbol, Yes and No, No is the default
 };

@@ -16,16 +16,19 @@ void PropertyBase::tellOwner() {
 
 Element::Element(Kind kind, Window* window, std::string_view name, int index)
     : kind_(kind), window_(window), name_(name), index_(index) {
-  if (window_) window_->elements_.push_back(this);
+  if (window_)
+    window_->elements_.push_back(this);
 }
 
 Element::~Element() {
-  if (window_) std::erase(window_->elements_, this);
+  if (window_)
+    std::erase(window_->elements_, this);
 }
 
 std::string Element::name() const {
   std::string text(name_);
-  if (index_ >= 0) text += "(" + std::to_string(index_) + ")";
+  if (index_ >= 0)
+    text += "(" + std::to_string(index_) + ")";
   return text;
 }
 
@@ -48,16 +51,19 @@ bool Element::isReachable() const {
 }
 
 void Element::restoreAsMade() {
-  for (PropertyBase* p = properties_; p; p = p->next()) p->restoreAsMade();
+  for (PropertyBase* p = properties_; p; p = p->next())
+    p->restoreAsMade();
 }
 
 void Element::keepAsMade() {
-  for (PropertyBase* p = properties_; p; p = p->next()) p->keepAsMade();
+  for (PropertyBase* p = properties_; p; p = p->next())
+    p->keepAsMade();
 }
 
 void Element::tellDesktop() {
   Window& owner = window();
-  if (owner.isOpen()) owner.forms().desktop().changed(*this);
+  if (owner.isOpen())
+    owner.forms().desktop().changed(*this);
 }
 
 } // namespace forms

@@ -86,7 +86,8 @@ public:
   std::optional<Color> ForeColor;
   Font TextFont;
   int TabIndex = -1; // -1: the Tab key passes the element over
-  // Raised by the forms layer alone, when the focus goes to another element or another child window.
+  // Raised by the forms layer alone, when the focus goes to another element or another child
+  // window.
   std::function<void()> LostFocus;
 
 protected:

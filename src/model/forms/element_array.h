@@ -25,16 +25,26 @@ public:
   // Makes element i with the size and look of the pattern, invisible. False, and nothing changes,
   // when it exists or i is outside 1 to 64.
   [[nodiscard]] bool Load(int i) {
-    if (i < 1 || i > Last || slot(i)) return false;
+    if (i < 1 || i > Last || slot(i))
+      return false;
     auto made = std::make_unique<T>(window(), pattern.arrayName(), i);
     made->Width = pattern.Width.get();
     made->Height = pattern.Height.get();
     made->BackColor = pattern.BackColor;
     made->Border = pattern.Border;
     made->Visible = false;
-    made->Click = [this, i] { if (Click) Click(i); };
-    made->MouseDown = [this, i](MouseButton button) { if (MouseDown) MouseDown(i, button); };
-    made->MouseMove = [this, i](float, float) { if (MouseMove) MouseMove(i); };
+    made->Click = [this, i] {
+      if (Click)
+        Click(i);
+    };
+    made->MouseDown = [this, i](MouseButton button) {
+      if (MouseDown)
+        MouseDown(i, button);
+    };
+    made->MouseMove = [this, i](float, float) {
+      if (MouseMove)
+        MouseMove(i);
+    };
     slot(i) = std::move(made);
     ++loaded_;
     return true;
@@ -42,7 +52,8 @@ public:
 
   // Destroys element i. False, and nothing changes, when it does not exist.
   [[nodiscard]] bool Unload(int i) {
-    if (i < 1 || i > Last || !slot(i)) return false;
+    if (i < 1 || i > Last || !slot(i))
+      return false;
     const std::unique_ptr<T> gone = std::move(slot(i));
     --loaded_;
     tellRemoved(*gone);
@@ -50,15 +61,14 @@ public:
   }
 
   // Element i, or nullptr when it does not exist.
-  T* operator()(int i) {
-    return i < 1 || i > Last ? nullptr : slot(i).get();
-  }
+  T* operator()(int i) { return i < 1 || i > Last ? nullptr : slot(i).get(); }
 
   // The number of elements, the pattern included.
   int count() const { return loaded_ + 1; }
 
   void clear() override {
-    for (auto& element : elements_) element.reset();
+    for (auto& element : elements_)
+      element.reset();
     loaded_ = 0;
   }
 

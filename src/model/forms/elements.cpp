@@ -6,14 +6,15 @@ namespace forms {
 
 TextBox::TextBox(Window& window, std::string_view name) : Element(Kind::TextBox, &window, name) {
   Text.raised = [this] {
-    if (Change) Change();
+    if (Change)
+      Change();
   };
 }
 
-CheckBox::CheckBox(Window& window, std::string_view name)
-    : Element(Kind::CheckBox, &window, name) {
+CheckBox::CheckBox(Window& window, std::string_view name) : Element(Kind::CheckBox, &window, name) {
   Value.raised = [this] {
-    if (Click) Click();
+    if (Click)
+      Click();
   };
 }
 
@@ -23,10 +24,12 @@ void DropList::AddItem(std::string item) {
 }
 
 bool DropList::select(int index) {
-  if (index < 0 || index >= static_cast<int>(items_.size())) return false;
+  if (index < 0 || index >= static_cast<int>(items_.size()))
+    return false;
   listIndex_ = index;
   tellDesktop();
-  if (Click) Click();
+  if (Click)
+    Click();
   return true;
 }
 

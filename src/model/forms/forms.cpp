@@ -9,7 +9,8 @@ class Forms::EventScope {
 public:
   explicit EventScope(Forms& forms) : forms_(forms) { ++forms_.events_; }
   ~EventScope() {
-    if (forms_.events_ == 1 && forms_.afterEvent) forms_.afterEvent();
+    if (forms_.events_ == 1 && forms_.afterEvent)
+      forms_.afterEvent();
     --forms_.events_;
   }
   EventScope(const EventScope&) = delete;
@@ -36,7 +37,8 @@ namespace {
 template <class Handler, class... Arguments>
 void raise(const Handler& handler, Arguments... arguments) {
   const Handler running = handler;
-  if (running) running(arguments...);
+  if (running)
+    running(arguments...);
 }
 
 std::size_t characters(const std::string& text) {
@@ -47,7 +49,8 @@ std::size_t characters(const std::string& text) {
 std::string firstCharacters(const std::string& text, int count) {
   std::size_t end = 0;
   for (; end < text.size(); ++end)
-    if ((text[end] & 0xC0) != 0x80 && count-- == 0) break;
+    if ((text[end] & 0xC0) != 0x80 && count-- == 0)
+      break;
   return text.substr(0, end);
 }
 
@@ -71,7 +74,8 @@ std::optional<std::string> Forms::fileDialog(const FileDialog& dialog) {
   auto path = desktop_.fileDialog(dialog);
   --boxes_;
   // An accepted dialog without a name counts as cancelled.
-  if (path && path->empty()) path.reset();
+  if (path && path->empty())
+    path.reset();
   return path;
 }
 
@@ -89,8 +93,10 @@ void Forms::startUp(Window& frame) {
 Element* Forms::firstInTabOrder(Window& window) {
   Element* first = nullptr;
   for (Element* element : window.elements()) {
-    if (element->TabIndex < 0 || !element->takesFocus() || !element->isReachable()) continue;
-    if (!first || element->TabIndex < first->TabIndex) first = element;
+    if (element->TabIndex < 0 || !element->takesFocus() || !element->isReachable())
+      continue;
+    if (!first || element->TabIndex < first->TabIndex)
+      first = element;
   }
   return first;
 }
@@ -116,24 +122,30 @@ void Forms::windowClosed(Window& window) {
   // no event of departure is raised.
   if (Window* next = activeChild(); wasActive && next) {
     desktop_.focusAsked(*next);
-    if (next->focused_) desktop_.focusAsked(*next->focused_);
+    if (next->focused_)
+      desktop_.focusAsked(*next->focused_);
   }
 }
 
 bool Forms::activate(Window& child) {
-  if (child.windowKind() != WindowKind::Child || activeChild() == &child) return true;
+  if (child.windowKind() != WindowKind::Child || activeChild() == &child)
+    return true;
   Window* const left = activeChild();
   std::erase(children_, &child);
   children_.push_back(&child);
   if (left && leaving_ == 0) {
     const Leaving leaving(*this);
-    if (left->focused_) raise(left->focused_->LostFocus);
-    if (activeChild() == &child && left->isOpen()) left->Form_Deactivate();
+    if (left->focused_)
+      raise(left->focused_->LostFocus);
+    if (activeChild() == &child && left->isOpen())
+      left->Form_Deactivate();
     // A handler took the activation back, or something it did closed the window.
-    if (activeChild() != &child) return false;
+    if (activeChild() != &child)
+      return false;
   }
   desktop_.focusAsked(child);
-  if (child.focused_) desktop_.focusAsked(*child.focused_);
+  if (child.focused_)
+    desktop_.focusAsked(*child.focused_);
   return true;
 }
 
@@ -141,13 +153,15 @@ bool Forms::activate(Window& child) {
 
 bool Forms::takeFocus(Element& element) {
   Window& window = element.window();
-  if (!element.takesFocus() || !element.isReachable() || !activate(window)) return false;
+  if (!element.takesFocus() || !element.isReachable() || !activate(window))
+    return false;
   Element* const left = window.focused_;
   window.focused_ = &element;
   if (left && left != &element && leaving_ == 0) {
     const Leaving leaving(*this);
     raise(left->LostFocus);
-    if (window.focused_ != &element) return false;
+    if (window.focused_ != &element)
+      return false;
   }
   desktop_.focusAsked(element);
   return true;
@@ -156,9 +170,11 @@ bool Forms::takeFocus(Element& element) {
 // An element that vanishes hands the focus to the window's first element, without any event.
 void Forms::elementVanishes(Element& element) {
   Window& window = element.window();
-  if (window.focused_ != &element) return;
+  if (window.focused_ != &element)
+    return;
   window.focused_ = firstInTabOrder(window);
-  if (window.focused_) desktop_.focusAsked(*window.focused_);
+  if (window.focused_)
+    desktop_.focusAsked(*window.focused_);
 }
 
 // --- What the desktop reports ------------------------------------------------------------------
@@ -168,19 +184,26 @@ bool Forms::personMayUse(const Window& window) const {
 }
 
 bool Forms::pressed(Element& element, MouseButton button) {
-  if (!personMayUse(element.window()) || !element.isReachable()) return false;
+  if (!personMayUse(element.window()) || !element.isReachable())
+    return false;
   const EventScope event(*this);
-  if (!activate(element.window())) return false;
-  if (button == MouseButton::Left && element.takesFocus() && !takeFocus(element)) return false;
-  if (element.kind() == Kind::Picture) raise(static_cast<Picture&>(element).MouseDown, button);
+  if (!activate(element.window()))
+    return false;
+  if (button == MouseButton::Left && element.takesFocus() && !takeFocus(element))
+    return false;
+  if (element.kind() == Kind::Picture)
+    raise(static_cast<Picture&>(element).MouseDown, button);
   return true;
 }
 
 void Forms::clicked(Element& element) {
-  if (!personMayUse(element.window()) || !element.isReachable()) return;
+  if (!personMayUse(element.window()) || !element.isReachable())
+    return;
   const EventScope event(*this);
-  if (!activate(element.window())) return;
-  if (element.takesFocus() && !takeFocus(element)) return;
+  if (!activate(element.window()))
+    return;
+  if (element.takesFocus() && !takeFocus(element))
+    return;
   switch (element.kind()) {
   case Kind::Picture:
     raise(static_cast<Picture&>(element).Click);
@@ -202,19 +225,22 @@ void Forms::clicked(Element& element) {
 }
 
 void Forms::shortcutPressed(Button& button) {
-  if (!personMayUse(button.window())) return;
+  if (!personMayUse(button.window()))
+    return;
   const EventScope event(*this);
   raise(button.Click);
 }
 
 void Forms::moved(Picture& picture, float X, float Y) {
-  if (!personMayUse(picture.window()) || !picture.isReachable()) return;
+  if (!personMayUse(picture.window()) || !picture.isReachable())
+    return;
   const EventScope event(*this);
   raise(picture.MouseMove, X, Y);
 }
 
 void Forms::typed(TextBox& box, std::string text) {
-  if (!personMayUse(box.window()) || !box.isReachable() || box.ReadOnly) return;
+  if (!personMayUse(box.window()) || !box.isReachable() || box.ReadOnly)
+    return;
   const EventScope event(*this);
   if (box.MaxLength > 0 && characters(text) > static_cast<std::size_t>(box.MaxLength))
     text = firstCharacters(text, box.MaxLength);
@@ -222,37 +248,44 @@ void Forms::typed(TextBox& box, std::string text) {
 }
 
 void Forms::chosen(DropList& list, int index) {
-  if (!personMayUse(list.window()) || !list.isReachable()) return;
+  if (!personMayUse(list.window()) || !list.isReachable())
+    return;
   const EventScope event(*this);
-  if (!takeFocus(list)) return;
+  if (!takeFocus(list))
+    return;
   passOver(list.select(index));
 }
 
 void Forms::menuChosen(MenuEntry& entry) {
-  if (!personMayUse(entry.window()) || !entry.isReachable()) return;
+  if (!personMayUse(entry.window()) || !entry.isReachable())
+    return;
   const EventScope event(*this);
   raise(entry.Click);
 }
 
 bool Forms::activated(Window& child) {
-  if (!personMayUse(child)) return false;
+  if (!personMayUse(child))
+    return false;
   const EventScope event(*this);
   return activate(child);
 }
 
 bool Forms::focusMoved(Element& element) {
-  if (!personMayUse(element.window())) return false;
+  if (!personMayUse(element.window()))
+    return false;
   const EventScope event(*this);
   return takeFocus(element);
 }
 
 void Forms::tabbed(Window& window, bool forwards) {
-  if (!personMayUse(window)) return;
+  if (!personMayUse(window))
+    return;
   std::vector<Element*> order;
   for (Element* element : window.elements())
     if (element->TabIndex >= 0 && element->takesFocus() && element->isReachable())
       order.push_back(element);
-  if (order.empty()) return;
+  if (order.empty())
+    return;
   std::stable_sort(order.begin(), order.end(),
                    [](Element* a, Element* b) { return a->TabIndex < b->TabIndex; });
   const auto here = std::find(order.begin(), order.end(), window.focused_);
@@ -265,13 +298,15 @@ void Forms::tabbed(Window& window, bool forwards) {
 }
 
 void Forms::closeRequested(Window& window) {
-  if (!personMayUse(window)) return;
+  if (!personMayUse(window))
+    return;
   const EventScope event(*this);
   window.close();
 }
 
 void Forms::ticked(Timer& timer) {
-  if (!timer.window().isOpen() || !timer.Enabled) return;
+  if (!timer.window().isOpen() || !timer.Enabled)
+    return;
   const EventScope event(*this);
   raise(timer.Tick);
 }

@@ -28,8 +28,10 @@ template <class T> std::optional<T> stored(double number) {
 // As stored, with the nearest value that T holds in place of a refusal.
 template <class T> T storedNearest(double number) {
   const double whole = roundHalfEven(number);
-  if (!(whole > std::numeric_limits<T>::min())) return std::numeric_limits<T>::min();
-  if (whole >= std::numeric_limits<T>::max()) return std::numeric_limits<T>::max();
+  if (!(whole > std::numeric_limits<T>::min()))
+    return std::numeric_limits<T>::min();
+  if (whole >= std::numeric_limits<T>::max())
+    return std::numeric_limits<T>::max();
   return static_cast<T>(whole);
 }
 

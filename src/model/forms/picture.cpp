@@ -12,7 +12,8 @@ bool Picture::LoadPicture(const std::string& path) {
   Forms& forms = window().forms();
   const auto size = forms.desktop().pictureSize(path);
   if (!size) {
-    if (forms.missingPicture.empty()) forms.missingPicture = path;
+    if (forms.missingPicture.empty())
+      forms.missingPicture = path;
     return false;
   }
   path_ = path;

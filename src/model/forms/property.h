@@ -38,12 +38,15 @@ public:
   Property(Element& owner, T initial) : PropertyBase(owner), value_(initial), made_(initial) {}
 
   Property& operator=(T value) {
-    if (value == value_) return *this;
+    if (value == value_)
+      return *this;
     value_ = std::move(value);
     tellOwner();
-    if (raised) raised();
+    if (raised)
+      raised();
     return *this;
   }
+  Property& operator=(const Property& other) { return *this = other.value_; }
   operator const T&() const { return value_; }
   const T& get() const { return value_; }
 

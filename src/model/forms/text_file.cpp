@@ -23,7 +23,8 @@ Written put(const fs::path& path, const std::string& text, std::ios::openmode mo
   file.rdbuf()->pubsetbuf(nullptr, 0);
   errno = 0;
   file.open(path, mode | std::ios::out | std::ios::binary);
-  if (!file) return errno == EACCES || errno == EPERM ? Written::NotAllowed : Written::Failed;
+  if (!file)
+    return errno == EACCES || errno == EPERM ? Written::NotAllowed : Written::Failed;
   file.write(text.data(), static_cast<std::streamsize>(text.size()));
   file.close();
   return file.fail() ? Written::Failed : Written::Whole;
@@ -34,7 +35,8 @@ fs::path temporaryBeside(const fs::path& target) {
   for (int i = 0;; ++i) {
     fs::path candidate = target.parent_path() / ("falanges-" + std::to_string(i) + ".tmp");
     std::error_code ignored;
-    if (!fs::exists(fs::symlink_status(candidate, ignored)) || i == 999) return candidate;
+    if (!fs::exists(fs::symlink_status(candidate, ignored)) || i == 999)
+      return candidate;
   }
 }
 
@@ -50,12 +52,15 @@ std::optional<std::string> readTextFile(const std::string& path, std::size_t lim
   const fs::path file = toPath(path);
   std::error_code error;
   // A folder opens like a file on some systems, and a pipe would wait for ever.
-  if (!fs::is_regular_file(file, error)) return std::nullopt;
+  if (!fs::is_regular_file(file, error))
+    return std::nullopt;
   std::ifstream stream(file, std::ios::binary);
-  if (!stream) return std::nullopt;
+  if (!stream)
+    return std::nullopt;
   std::string text(limit, '\0');
   stream.read(text.data(), static_cast<std::streamsize>(limit));
-  if (stream.bad() || (stream.fail() && !stream.eof())) return std::nullopt;
+  if (stream.bad() || (stream.fail() && !stream.eof()))
+    return std::nullopt;
   text.resize(static_cast<std::size_t>(stream.gcount()));
   return text;
 }
@@ -72,16 +77,25 @@ bool replaceTextFile(const std::string& path, const std::string& text) {
   std::error_code error;
   fs::path target = toPath(path);
   // Through a link the file it names is replaced, not the link.
-  if (const fs::path real = fs::canonical(target, error); !error) target = real;
+  if (const fs::path real = fs::canonical(target, error); !error)
+    target = real;
   const fs::file_status before = fs::status(target, error);
-  if (fs::exists(before) && !fs::is_regular_file(before)) return writeTextFile(path, text);
+  if (fs::exists(before)) {
+    if (!fs::is_regular_file(before))
+      return writeTextFile(path, text);
+    // A rename would pass over the write protection of the earlier file.
+    if (put(target, {}, std::ios::app) != Written::Whole)
+      return false;
+  }
 
   const fs::path temporary = temporaryBeside(target);
   const Written written = put(temporary, text, std::ios::trunc);
   if (written == Written::Whole) {
-    if (fs::exists(before)) fs::permissions(temporary, before.permissions(), error);
+    if (fs::exists(before))
+      fs::permissions(temporary, before.permissions(), error);
     fs::rename(temporary, target, error);
-    if (!error) return true;
+    if (!error)
+      return true;
   }
   // A full disk must not cost the earlier file; only a folder that takes no new name is written
   // past.
@@ -96,7 +110,9 @@ bool makeFolder(const std::string& path) {
 }
 
 std::string_view ItemReader::next() {
-  const auto cut = [this](std::size_t count) { rest_.remove_prefix(std::min(count, rest_.size())); };
+  const auto cut = [this](std::size_t count) {
+    rest_.remove_prefix(std::min(count, rest_.size()));
+  };
   cut(std::min(rest_.find_first_not_of(" \t"), rest_.size()));
   std::string_view item;
   if (!rest_.empty() && rest_.front() == '"') {
@@ -109,7 +125,8 @@ std::string_view ItemReader::next() {
   item = rest_.substr(0, rest_.find_first_of(",\n"));
   const bool lineEnd = item.size() < rest_.size() && rest_[item.size()] == '\n';
   cut(item.size() + 1);
-  if (lineEnd && !item.empty() && item.back() == '\r') item.remove_suffix(1);
+  if (lineEnd && !item.empty() && item.back() == '\r')
+    item.remove_suffix(1);
   return item;
 }
 

@@ -11,7 +11,8 @@ ElementArrayBase::ElementArrayBase(Window& window) : window_(window) {
 }
 
 void ElementArrayBase::tellRemoved(Element& element) {
-  if (!window_.isOpen()) return;
+  if (!window_.isOpen())
+    return;
   window_.forms().elementVanishes(element);
   window_.forms().desktop().removed(element);
 }
@@ -21,12 +22,14 @@ Window::Window(Forms& forms, WindowKind windowKind, std::string_view name)
 
 void Window::made() {
   keepAsMade();
-  for (Element* element : elements_) element->keepAsMade();
+  for (Element* element : elements_)
+    element->keepAsMade();
 }
 
 bool Window::LoadIcon(const std::string& path) {
   if (!forms_.desktop().pictureSize(path)) {
-    if (forms_.missingPicture.empty()) forms_.missingPicture = path;
+    if (forms_.missingPicture.empty())
+      forms_.missingPicture = path;
     return false;
   }
   Icon = path;
@@ -34,9 +37,11 @@ bool Window::LoadIcon(const std::string& path) {
 }
 
 void Window::open() {
-  if (open_ || opening_) return;
+  if (open_ || opening_)
+    return;
   restoreAsMade();
-  for (Element* element : elements_) element->restoreAsMade();
+  for (Element* element : elements_)
+    element->restoreAsMade();
   focused_ = nullptr;
   topmost_ = 0;
   opening_ = true;
@@ -49,7 +54,8 @@ void Window::open() {
 void Window::showModal() {
   open();
   forms_.modal_.push_back(this);
-  if (open_) forms_.desktop().waitModal(*this);
+  if (open_)
+    forms_.desktop().waitModal(*this);
   std::erase(forms_.modal_, this);
 }
 
@@ -66,9 +72,11 @@ bool Window::mayClose() {
 }
 
 bool Window::close() {
-  if (!open_) return true;
+  if (!open_)
+    return true;
   // A second request from inside the first (a box of the closing check lets the timer run on).
-  if (closing_ || !mayClose()) return false;
+  if (closing_ || !mayClose())
+    return false;
   finishClosing();
   return true;
 }
@@ -78,13 +86,15 @@ void Window::finishClosing() {
   if (windowKind_ == WindowKind::Frame) {
     const auto children = forms_.children_;
     for (Window* child : children)
-      if (child->open_) child->finishClosing();
+      if (child->open_)
+        child->finishClosing();
   }
   Form_Unload();
   open_ = false;
   focused_ = nullptr;
   forms_.windowClosed(*this);
-  for (ElementArrayBase* array : arrays_) array->clear();
+  for (ElementArrayBase* array : arrays_)
+    array->clear();
   closing_ = false;
 }
 

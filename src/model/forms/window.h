@@ -60,6 +60,7 @@ public:
   Property<std::string> Caption{*this, {}};
   Property<std::string> Icon{*this, {}}; // path of the file shown; empty: none
   bool Maximized = false;                // opens maximised
+  bool PlacedByDesktop = false;          // Top and Left of a new window are the desktop's choice
   // Twips of the area inside the frame; 0: Width and Height of the frame count.
   int ClientWidth = 0;
   int ClientHeight = 0;

@@ -1,0 +1,29 @@
+#include "deployment/army.h"
+
+#include <array>
+
+namespace falanges {
+
+ArmyCheck checkArmy(const Principal& principal) {
+  std::array<int, GEN + 1> count{};
+  for (int n = 1; n <= principal.NumCasillas; ++n) {
+    const Casilla& square = principal.Casillas(n);
+    if (square.Jugador == 1 && square.TUnidad <= GEN)
+      ++count[square.TUnidad];
+  }
+  // Flags do not count as units.
+  const int units = count[INF] + count[CAB] + count[ELE] + count[GEN];
+  ArmyCheck check;
+  if (units == 0)
+    check.refusal = "DEBE colocar Unidades en el tablero";
+  else if (units < 3)
+    check.refusal = "DEBE colocar al menos 3 Unidades en el tablero";
+  if (count[BAN] == 0)
+    check.question += "DEBE colocar al menos 1 Bandera\r\n";
+  if (count[INF] == 0 || count[CAB] == 0 || count[ELE] == 0 || count[GEN] == 0)
+    check.question += "DEBE colocar al menos 1 Unidad de cada tipo\r\n";
+  check.question += "¿Iniciar el juego con la disposición actual de Unidades en el Tablero?";
+  return check;
+}
+
+} // namespace falanges

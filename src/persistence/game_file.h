@@ -1,0 +1,62 @@
+// The text of saved game, template and shared file: reading it into a checked copy, and writing it.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "model/principal.h"
+
+namespace falanges {
+
+// What one line of a game holds: the fields of a square that it closes, in the order of Casilla.
+struct GameLine {
+  int fields = 0;              // how many of the six
+  bool hasSeparator = false;   // a line without any ";" is no record
+  std::array<int, 6> values{}; // the first `fields` of them
+};
+
+// A game text that has been read and checked, not yet applied to the board.
+struct GameText {
+  std::vector<GameLine> lines;               // line n speaks of square n
+  std::optional<std::uint8_t> JugadorActual; // of the last line, if it holds no ";"
+  // Two characters behind a whole game: a network game has ended ("11", "12").
+  std::optional<std::string> resultMarker;
+  // 25, 36, 49 or 64 complete records, a closing line, perhaps a result marker, every line with
+  // its end and nothing else: no torn piece of a file passes that.
+  bool whole = false;
+};
+
+// Why a text is no game, in words for the player, such as "Línea 12: el campo 3 no es un número".
+struct Refusal {
+  std::string reason;
+};
+
+// A file larger than this is refused, in bytes.
+constexpr std::size_t LargestGameFile = 64 * 1024;
+
+std::variant<GameText, Refusal> parseGame(std::string_view text);
+
+// Reads a whole file. A file that cannot be opened or read gives nothing.
+std::optional<std::variant<GameText, Refusal>> readGame(const std::string& path);
+
+// Stores the fields that line n (from 1) closes in square n; lines above 64 hold none.
+void takeLine(const GameText& game, int n, Principal& principal);
+// Sets the board's size by the number of lines less one; other numbers leave the size. NumCasillas
+// follows in both cases.
+void takeBoardSize(const GameText& game, Principal& principal);
+
+// Takes over the whole game: all lines, the player in turn if the text names one, and the board's
+// size. The squares are not cleared first.
+void takeGame(const GameText& game, Principal& principal, std::uint8_t& JugadorActual);
+
+// The text of a saved game: squares 1 to NumCasillas, then the player in turn.
+std::string gameText(const Principal& principal, int JugadorActual);
+// The line that the winner of a network game puts behind the final position.
+std::string resultMarkerLine(const Principal& principal);
+
+} // namespace falanges

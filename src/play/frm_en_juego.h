@@ -1,0 +1,67 @@
+// The play screen: the battle on the board, drawn from the shared state each time it opens.
+#pragma once
+
+#include <cstdint>
+
+#include "model/forms/element_array.h"
+#include "model/forms/forms.h"
+#include "model/main_window.h"
+#include "model/principal.h"
+#include "play/victory.h"
+
+namespace falanges {
+
+class frmEnJuego final : public forms::Window {
+public:
+  frmEnJuego(forms::Forms& forms, Principal& principal, MainWindow& mainWindow);
+
+  // The player in turn; keeps its value while the window is closed. 0 until the first opening in
+  // a run of the program; 11 or 12 where a network game has been lost, so that no unit reacts.
+  std::uint8_t JugadorActual = 0;
+
+  // Texts behind the players' names, such as "En Turno".
+  void showStatus(const std::string& player1, const std::string& player2);
+  // No unit answers the pointer any more.
+  void disableUnits();
+
+  forms::Picture picTablero{*this, "picTablero"};
+  forms::ElementArray<forms::Picture> picUnidad{*this, "picUnidad"};
+  // Element n stands while the selected unit may move to square n; a click moves it there.
+  forms::ElementArray<forms::Picture> picMovimientoPermitido{*this, "picMovimientoPermitido"};
+  forms::Label lblJ1{*this, "lblJ1"};
+  forms::Label lblJ1_Estado{*this, "lblJ1_Estado"};
+  forms::Label lblJ2{*this, "lblJ2"};
+  forms::Label lblJ2_Estado{*this, "lblJ2_Estado"};
+
+private:
+  void Form_Load() override;
+  void Form_Unload() override;
+
+  void picUnidad_Click(int Index);
+  void picUnidad_MouseMove(int Index);
+  void picMovimientoPermitido_Click(int Index);
+  void picMovimientoPermitido_MouseMove(int Index);
+  void picTablero_MouseMove(float X, float Y);
+
+  void setMenu();
+  void placeWindow();
+  void drawBoard();
+  void drawUnits();
+  void drawStatus();
+
+  void select(int n, bool selected);
+  void showMarker(int n);
+  void removeMarkers();
+  int selectedSquare();
+  void movePicture(int CasillaOrigen, int CasillaDestino);
+  void writeMove(int CasillaOrigen, int CasillaDestino);
+  void countMove();
+  void closeWonGame(Victory victory, int CasillaOrigen, int CasillaDestino);
+  bool publishVictory(int CasillaOrigen, int CasillaDestino);
+  void offerRetry();
+
+  Principal& principal_;
+  MainWindow& mainWindow_;
+};
+
+} // namespace falanges

@@ -1,0 +1,19 @@
+// Whether a move wins the game, and in which words.
+#pragma once
+
+#include <string>
+
+#include "model/principal.h"
+
+namespace falanges {
+
+enum class Victory { None, Flag, AllFlags, Elimination };
+
+// Looks at the board as it stands before JugadorActual's unit takes CasillaDestino: what is being
+// taken is still counted among the enemy's.
+Victory victoryOfMove(const Principal& principal, int JugadorActual, int CasillaDestino);
+
+// The winner's box for one of the three ways of winning.
+std::string victoryText(Victory victory, int JugadorActual);
+
+} // namespace falanges

@@ -1,0 +1,44 @@
+// The program: one Principal, its windows, and how they lead to one another.
+#pragma once
+
+#include <string>
+
+#include "deployment/frm_nuevo_juego.h"
+#include "model/forms/forms.h"
+#include "model/principal.h"
+#include "network/polling.h"
+#include "play/frm_en_juego.h"
+#include "shell/frm_msg_box.h"
+#include "shell/frm_opciones.h"
+#include "shell/frm_principal.h"
+
+namespace falanges {
+
+// One per process (in tests: one per copy of the program).
+class App {
+public:
+  explicit App(forms::Desktop& desktop);
+
+  // Opens the frame window, after the information box. The desktop then delivers the events.
+  void start();
+
+  forms::Forms forms;
+  Principal principal;
+  frmPrincipal ventanaPrincipal{forms, principal};
+  frmEnJuego enJuego{forms, principal, ventanaPrincipal};
+  frmNuevoJuego nuevoJuego{forms, principal, ventanaPrincipal};
+  frmOpciones opciones{forms, principal};
+  frmMsgBox msgBox{forms, principal};
+  Polling polling{forms, principal, ventanaPrincipal, enJuego};
+
+private:
+  void unirseAJuegoEnRed();
+  void tellOnce(std::string& path, bool& told, const char* text);
+  void tellFailures();
+
+  std::string unwrittenConfiguration_;
+  bool toldPicture_ = false;
+  bool toldConfiguration_ = false;
+};
+
+} // namespace falanges

@@ -1,0 +1,29 @@
+#include "shell/frm_msg_box.h"
+
+#include <utility>
+
+namespace falanges {
+
+frmMsgBox::frmMsgBox(forms::Forms& forms, Principal& principal)
+    : Window(forms, forms::WindowKind::Own, "frmMsgBox"), principal_(principal) {
+  Caption = "Vornath - Falanges Z";
+  ClientWidth = 13830;
+  ClientHeight = 8055;
+  Text1.Width = 13815;
+  Text1.Height = 8055;
+  Text1.TextFont = {"Times New Roman", 12, false};
+  Text1.MultiLine = true;
+  Text1.ReadOnly = true;
+  Text1.TabIndex = 0;
+  Text1.AccessibleName = std::string("Datos del tablero");
+  made();
+}
+
+// Takes the text over: the next opening shows only what was handed over for it.
+void frmMsgBox::Form_Load() {
+  Top = 200;
+  Left = 200;
+  Text1.Text = std::exchange(principal_.TextoVolcado, std::string());
+}
+
+} // namespace falanges

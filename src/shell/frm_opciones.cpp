@@ -1,0 +1,187 @@
+#include "shell/frm_opciones.h"
+
+#include "model/colors.h"
+#include "model/forms/numbers.h"
+#include "model/forms/text_file.h"
+#include "persistence/configuration.h"
+
+namespace falanges {
+
+using forms::passOver;
+using forms::storedNearest;
+using forms::Val;
+
+namespace {
+
+struct Place {
+  forms::Element& element;
+  int left;
+  int top;
+  int width;
+  int height;
+};
+
+} // namespace
+
+frmOpciones::frmOpciones(forms::Forms& forms, Principal& principal)
+    : Window(forms, forms::WindowKind::Child, "frmOpciones"), principal_(principal) {
+  Caption = "Opciones de Configuración";
+  BackColor = PaleBlue;
+  ClientWidth = 4275;
+  ClientHeight = 3390;
+  PlacedByDesktop = true;
+  makeElements();
+  makeEvents();
+  made();
+}
+
+void frmOpciones::makeElements() {
+  int tabIndex = 0;
+  for (const Place& place :
+       {Place{chkPermitirBanderas, 240, 240, 195, 190}, Place{lblBandera, 480, 220, 2760, 240},
+        Place{chkLimiteFilas, 240, 600, 195, 190}, Place{lblLimiteFilas, 480, 580, 3585, 240},
+        Place{btnCargarJuegoRed, 240, 2040, 3450, 375}, Place{lblRed, 1200, 1680, 1635, 300},
+        Place{txtTiempoRed, 3120, 2880, 495, 360}, Place{lblActualizacion, 240, 2925, 2835, 240},
+        Place{comJugadorActualRed, 2040, 2520, 810, 360},
+        Place{lblJugadorActualRed, 240, 2595, 1695, 240},
+        Place{txtMovPorTurno, 1080, 960, 495, 360}, Place{Label1, 240, 1005, 810, 240},
+        Place{Label3, 1680, 1005, 2385, 240}}) {
+    place.element.Left = place.left;
+    place.element.Top = place.top;
+    place.element.Width = place.width;
+    place.element.Height = place.height;
+    place.element.TabIndex = tabIndex++;
+    place.element.TextFont.bold = true;
+  }
+  lblBandera.Caption = "Permitir más de 1 Bandera";
+  lblLimiteFilas.Caption = "Permitir Unidades en cualquier fila";
+  btnCargarJuegoRed.Caption = "Cargar Juego en Red";
+  lblRed.Caption = "Jugar en Red";
+  lblRed.TextFont.points = 12;
+  lblActualizacion.Caption = "Segundos de Actualización";
+  lblJugadorActualRed.Caption = "Jugador de Red";
+  Label1.Caption = "Permitir";
+  Label3.Caption = "movimientos por Turno";
+  txtTiempoRed.Text = std::string("10");
+  txtMovPorTurno.Text = std::string("1");
+  txtTiempoRed.MaxLength = 3;
+  txtMovPorTurno.MaxLength = 3;
+  chkPermitirBanderas.BackColor = White;
+  chkLimiteFilas.BackColor = White;
+  btnCargarJuegoRed.BackColor = ButtonGreen;
+  chkPermitirBanderas.AccessibleName = lblBandera.Caption;
+  chkLimiteFilas.AccessibleName = lblLimiteFilas.Caption;
+  txtTiempoRed.AccessibleName = lblActualizacion.Caption;
+  comJugadorActualRed.AccessibleName = lblJugadorActualRed.Caption;
+  txtMovPorTurno.AccessibleName = std::string("Movimientos por Turno");
+}
+
+void frmOpciones::makeEvents() {
+  chkPermitirBanderas.Click = [this] { chkPermitirBanderas_Click(); };
+  lblBandera.Click = [this] { chkPermitirBanderas.Value = 1 - chkPermitirBanderas.Value; };
+  chkLimiteFilas.Click = [this] { chkLimiteFilas_Click(); };
+  lblLimiteFilas.Click = [this] { chkLimiteFilas.Value = 1 - chkLimiteFilas.Value; };
+  txtTiempoRed.Change = [this] { txtTiempoRed_Change(); };
+  txtTiempoRed.LostFocus = [this] { passOver(secondsInRange()); };
+  txtMovPorTurno.Change = [this] { txtMovPorTurno_Change(); };
+  txtMovPorTurno.LostFocus = [this] { passOver(movesInRange()); };
+  comJugadorActualRed.Click = [this] { comJugadorActualRed_Click(); };
+  btnCargarJuegoRed.Click = [this] { btnCargarJuegoRed_Click(); };
+}
+
+// --- Opening and closing -----------------------------------------------------------------------
+
+void frmOpciones::Form_Load() {
+  const std::string folder = forms().desktop().programFolder();
+  passOver(LoadIcon(forms::programPath(folder, "\\ico\\adelante.ico")));
+  readConfiguration(principal_, configurationPath(folder));
+  // What the file holds before the boxes are filled: the events of filling write it anew.
+  if (principal_.OpcPermitirBanderas == "1")
+    chkPermitirBanderas.Value = 1;
+  if (principal_.OpcLimiteFilas == "1")
+    chkLimiteFilas.Value = 1;
+  txtTiempoRed.Text = std::to_string(principal_.SegundosActualizacion);
+  txtMovPorTurno.Text = std::to_string(principal_.MovPorTurno);
+  comJugadorActualRed.AddItem("1");
+  comJugadorActualRed.AddItem("2");
+  OmitirClickJugador = true;
+  passOver(comJugadorActualRed.setText("1"));
+  if (principal_.JugadorRed == 2)
+    passOver(comJugadorActualRed.setText("2"));
+  else
+    principal_.JugadorRed = storedNearest<std::uint8_t>(Val(comJugadorActualRed.Text()));
+}
+
+bool frmOpciones::Form_QueryUnload() {
+  return secondsInRange() && movesInRange();
+}
+
+void frmOpciones::Form_Deactivate() {
+  close();
+}
+
+bool frmOpciones::secondsInRange() {
+  const double seconds = Val(txtTiempoRed.Text.get());
+  if (seconds >= 5 && seconds <= 300)
+    return true;
+  forms().messageBox("DEBE colocar un valor entre 5 y 300 segundos de actualización");
+  passOver(txtTiempoRed.SetFocus());
+  return false;
+}
+
+bool frmOpciones::movesInRange() {
+  const double moves = Val(txtMovPorTurno.Text.get());
+  if (moves >= 1 && moves <= 5)
+    return true;
+  forms().messageBox("DEBE colocar un valor entre 1 y 5 Movimientos por Turno");
+  passOver(txtMovPorTurno.SetFocus());
+  return false;
+}
+
+// --- The options -------------------------------------------------------------------------------
+
+// The option applies also when the file cannot be written.
+void frmOpciones::write(bool boxTexts) {
+  const std::string path = configurationPath(forms().desktop().programFolder());
+  const bool written = boxTexts ? writeConfiguration(principal_, path, txtTiempoRed.Text.get(),
+                                                     txtMovPorTurno.Text.get())
+                                : writeConfiguration(principal_, path);
+  if (!written && configurationNotWritten)
+    configurationNotWritten(path);
+}
+
+void frmOpciones::chkPermitirBanderas_Click() {
+  principal_.OpcPermitirBanderas = chkPermitirBanderas.Value == 1 ? "1" : "0";
+  write(false);
+}
+
+void frmOpciones::chkLimiteFilas_Click() {
+  principal_.OpcLimiteFilas = chkLimiteFilas.Value == 1 ? "1" : "0";
+  write(false);
+}
+
+// The file takes the text of the boxes as it stands, before the item does.
+void frmOpciones::txtTiempoRed_Change() {
+  write(true);
+  principal_.SegundosActualizacion = storedNearest<std::int16_t>(Val(txtTiempoRed.Text.get()));
+}
+
+void frmOpciones::txtMovPorTurno_Change() {
+  write(true);
+  principal_.MovPorTurno = storedNearest<std::uint8_t>(Val(txtMovPorTurno.Text.get()));
+}
+
+void frmOpciones::comJugadorActualRed_Click() {
+  if (OmitirClickJugador) {
+    OmitirClickJugador = false;
+    return;
+  }
+  principal_.JugadorRed = storedNearest<std::uint8_t>(Val(comJugadorActualRed.Text()));
+}
+
+void frmOpciones::btnCargarJuegoRed_Click() {
+  if (secondsInRange() && movesInRange() && unirse)
+    unirse();
+}
+
+} // namespace falanges

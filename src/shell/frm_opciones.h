@@ -1,0 +1,58 @@
+// The options dialog: the four stored options, the local player, and the way into a network game.
+#pragma once
+
+#include <functional>
+
+#include "model/forms/forms.h"
+#include "model/principal.h"
+
+namespace falanges {
+
+class frmOpciones final : public forms::Window {
+public:
+  frmOpciones(forms::Forms& forms, Principal& principal);
+
+  // Joins a network game through the load dialog; set by the owner of the screens.
+  std::function<void()> unirse;
+  // Called with the path when the configuration file could not be written.
+  std::function<void(const std::string& path)> configurationNotWritten;
+
+  forms::CheckBox chkPermitirBanderas{*this, "chkPermitirBanderas"};
+  forms::Label lblBandera{*this, "lblBandera"};
+  forms::CheckBox chkLimiteFilas{*this, "chkLimiteFilas"};
+  forms::Label lblLimiteFilas{*this, "lblLimiteFilas"};
+  forms::Button btnCargarJuegoRed{*this, "btnCargarJuegoRed"};
+  forms::Label lblRed{*this, "lblRed"};
+  forms::TextBox txtTiempoRed{*this, "txtTiempoRed"};
+  forms::Label lblActualizacion{*this, "lblActualizacion"};
+  forms::DropList comJugadorActualRed{*this, "comJugadorActualRed"};
+  forms::Label lblJugadorActualRed{*this, "lblJugadorActualRed"};
+  forms::TextBox txtMovPorTurno{*this, "txtMovPorTurno"};
+  forms::Label Label1{*this, "Label1"};
+  forms::Label Label3{*this, "Label3"};
+
+private:
+  void Form_Load() override;
+  bool Form_QueryUnload() override;
+  void Form_Deactivate() override;
+
+  void makeElements();
+  void makeEvents();
+
+  void chkPermitirBanderas_Click();
+  void chkLimiteFilas_Click();
+  void txtTiempoRed_Change();
+  void txtMovPorTurno_Change();
+  void comJugadorActualRed_Click();
+  void btnCargarJuegoRed_Click();
+
+  // False, after a message and with the focus on the box, when its number is out of range.
+  bool secondsInRange();
+  bool movesInRange();
+  void write(bool boxTexts);
+
+  Principal& principal_;
+  bool OmitirClickJugador = false; // the next selection event is passed over
+};
+
+} // namespace falanges

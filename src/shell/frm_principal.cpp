@@ -1,0 +1,260 @@
+#include "shell/frm_principal.h"
+
+#include <cstdio>
+
+#include "deployment/frm_nuevo_juego.h"
+#include "model/colors.h"
+#include "model/forms/text_file.h"
+#include "persistence/configuration.h"
+#include "play/frm_en_juego.h"
+#include "shell/frm_opciones.h"
+#include "shell/information_box.h"
+
+namespace falanges {
+
+using forms::passOver;
+
+namespace {
+
+// "JuegoGuardado-05-03-2021-14-22-07" of 5 March 2021, 14:22:07.
+std::string proposedNameAt(const char* stem, const forms::DateTime& time) {
+  char stamp[64];
+  std::snprintf(stamp, sizeof stamp, "-%02d-%02d-%04d-%02d-%02d-%02d", time.day, time.month,
+                time.year, time.hour, time.minute, time.second);
+  return stem + std::string(stamp);
+}
+
+} // namespace
+
+frmPrincipal::frmPrincipal(forms::Forms& forms, Principal& principal)
+    : Window(forms, forms::WindowKind::Frame, "frmPrincipal"), principal_(principal) {
+  Caption = "Vornath - Falanges Z - Tomar El Estandarte";
+  BackColor = PaleGreen;
+  Maximized = true;
+  makeMenu();
+  tmrRed.Interval = 1000;
+  made();
+}
+
+void frmPrincipal::makeMenu() {
+  mnuJuego.Caption = "&Juego";
+  mnuJuego.WindowList = true;
+  mnuNuevoJuego.Caption = "&Nuevo Juego";
+  mnuNuevoJuego.Click = [this] { mnuNuevoJuego_Click(); };
+  mnuCargarJuego.Caption = "&Cargar Juego";
+  mnuCargarJuego.Click = [this] { passOver(mnuCargarJuego_Click(Accept::AnyGame)); };
+  mnuGuardarJuego.Caption = "&Guardar Juego";
+  mnuGuardarJuego.Click = [this] { passOver(mnuGuardarJuego_Click()); };
+  mnuCargarPlantilla.Caption = "Cargar &Plantilla";
+  mnuCargarPlantilla.Click = [this] { mnuCargarPlantilla_Click(); };
+  mnuGuardarPlantilla.Caption = "Guardar P&lantilla";
+  mnuGuardarPlantilla.Click = [this] { mnuGuardarPlantilla_Click(); };
+  mnuDeclararRendicion.Caption = "Declarar &Rendición";
+  mnuDeclararRendicion.Enabled = false;
+  mnuDeclararRendicion.Click = [this] { mnuDeclararRendicion_Click(); };
+  mnuSeparadorV1.Caption = " ";
+  mnuSeparadorV1.Visible = false;
+  mnuOpciones.Caption = "&Opciones";
+  mnuOpciones.Click = [this] { mnuOpciones_Click(); };
+}
+
+// --- Start-up and shutdown ---------------------------------------------------------------------
+
+void frmPrincipal::Form_Load() {
+  const std::string folder = forms().desktop().programFolder();
+  passOver(LoadIcon(forms::programPath(folder, "\\ico\\tiempo.ico")));
+  mnuGuardarJuego.Visible = false;
+  mnuGuardarPlantilla.Visible = false;
+  Top = 0;
+  Left = 0;
+  Width = 13000;
+  Height = 11050;
+  principal_.LadoCasilla = 1180;
+  principal_.MargenCasilla = 140;
+  principal_.RutaPlantillas = forms::programPath(folder, "\\plantillas");
+  principal_.RutaJuegosGuardados = forms::programPath(folder, "\\jguardados");
+  // From the second run on both exist; a failure shows later, when a dialog opens elsewhere.
+  passOver(forms::makeFolder(principal_.RutaPlantillas));
+  passOver(forms::makeFolder(principal_.RutaJuegosGuardados));
+  principal_.ArchivoRed.clear();
+  principal_.JuegoEnRed = false;
+  readConfiguration(principal_, configurationPath(folder));
+  showInformation();
+}
+
+void frmPrincipal::showInformation() {
+  forms().messageBox(informationBox());
+}
+
+bool frmPrincipal::Form_QueryUnload() {
+  return forms().messageBox("¿Está seguro de salir y cerrar todo?",
+                            forms::BoxStyle::WarningYesNo) == forms::Answer::Yes;
+}
+
+void frmPrincipal::Form_Unload() {
+  showInformation();
+}
+
+// --- What the other screens may ask ------------------------------------------------------------
+
+void frmPrincipal::showMenuItem(MenuItem item, bool shown) {
+  switch (item) {
+  case MenuItem::NuevoJuego:
+    mnuNuevoJuego.Visible = shown;
+    break;
+  case MenuItem::CargarJuego:
+    mnuCargarJuego.Visible = shown;
+    break;
+  case MenuItem::GuardarJuego:
+    mnuGuardarJuego.Visible = shown;
+    break;
+  case MenuItem::CargarPlantilla:
+    mnuCargarPlantilla.Visible = shown;
+    break;
+  case MenuItem::GuardarPlantilla:
+    mnuGuardarPlantilla.Visible = shown;
+    break;
+  }
+}
+
+void frmPrincipal::runTimer(bool running) {
+  tmrRed.Enabled = running;
+}
+
+// --- Windows of the menu -----------------------------------------------------------------------
+
+void frmPrincipal::mnuNuevoJuego_Click() {
+  children.nuevoJuego->open();
+}
+
+void frmPrincipal::mnuOpciones_Click() {
+  if (!principal_.JuegoEnRed)
+    children.opciones->open();
+}
+
+void frmPrincipal::mnuDeclararRendicion_Click() {
+  if (forms().messageBox("¿Declarar Rendición?", forms::BoxStyle::InformationYesNo) !=
+      forms::Answer::Yes)
+    return;
+  const std::string player = "JUGADOR -" + std::to_string(children.enJuego->JugadorActual);
+  forms().messageBox(player + "- HA DECLARADO SU RENDICIÓN\r\n\r\n" + player + "- PIERDE");
+  children.enJuego->disableUnits();
+  mnuGuardarJuego.Visible = false;
+}
+
+// --- Game files --------------------------------------------------------------------------------
+
+std::optional<std::string> frmPrincipal::askForFile(bool save, const char* title,
+                                                    const std::string& folder,
+                                                    const char* proposedName) {
+  forms::FileDialog dialog;
+  dialog.save = save;
+  dialog.title = title;
+  dialog.folder = folder;
+  if (save)
+    dialog.fileName = proposedNameAt(proposedName, forms().desktop().now());
+  dialog.filter = "Archivos de texto|*.txt|Todos los archivos|*.*";
+  return forms().fileDialog(dialog);
+}
+
+bool frmPrincipal::saveLocally(const std::string& path) {
+  if (forms::replaceTextFile(path, gameText(principal_, children.enJuego->JugadorActual)))
+    return true;
+  forms().messageBox("No se puede guardar el archivo:\r\n" + path);
+  return false;
+}
+
+bool frmPrincipal::mnuGuardarJuego_Click() {
+  // The shared file is written over in place: the other copy may hold it open, and its format
+  // knows no other file beside it.
+  if (principal_.JuegoEnRed)
+    return forms::writeTextFile(principal_.ArchivoRed,
+                                gameText(principal_, children.enJuego->JugadorActual));
+  const auto path =
+      askForFile(true, "Guardar Juego", principal_.RutaJuegosGuardados, "JuegoGuardado");
+  return path && saveLocally(*path);
+}
+
+bool frmPrincipal::mnuCargarJuego_Click(Accept accept) {
+  std::string path = principal_.ArchivoRed;
+  if (!principal_.JuegoEnRed) {
+    principal_.CargaCancelada = true; // until a game has been taken
+    const auto chosen = askForFile(false, "Cargar Juego", principal_.RutaJuegosGuardados, "");
+    if (!chosen)
+      return false;
+    path = *chosen;
+  }
+  const auto game = readChecked(path, accept);
+  if (!game)
+    return false;
+  if (!principal_.JuegoEnRed) {
+    principal_.CargaCancelada = false;
+    principal_.ArchivoRed = path;
+    // A join finds the earlier game still on the screen. It closes first, for that sets
+    // JugadorActual.
+    children.enJuego->close();
+  }
+  takeGame(*game, principal_, children.enJuego->JugadorActual);
+  children.nuevoJuego->close();
+  children.enJuego->open();
+  return true;
+}
+
+// The checked content of a game file; nothing when it cannot be read or is refused, which in a
+// local game the player is told.
+std::optional<GameText> frmPrincipal::readChecked(const std::string& path, Accept accept) {
+  auto read = readGame(path);
+  if (!read) {
+    if (!principal_.JuegoEnRed)
+      forms().messageBox("No se puede abrir el archivo:\r\n" + path);
+    return std::nullopt;
+  }
+  if (const auto* refusal = std::get_if<Refusal>(&*read)) {
+    refuse(path, refusal->reason);
+    return std::nullopt;
+  }
+  auto& game = std::get<GameText>(*read);
+  if (accept == Accept::WholeGame && !game.whole) {
+    refuse(path, "El archivo está incompleto");
+    return std::nullopt;
+  }
+  return std::move(game);
+}
+
+void frmPrincipal::refuse(const std::string& path, const std::string& reason) {
+  if (principal_.JuegoEnRed)
+    return;
+  forms().messageBox("El archivo no contiene un juego guardado válido:\r\n" + path + "\r\n" +
+                     reason);
+}
+
+void frmPrincipal::mnuGuardarPlantilla_Click() {
+  const auto path = askForFile(true, "Guardar Plantilla", principal_.RutaPlantillas, "Plantilla");
+  if (path)
+    passOver(saveLocally(*path));
+}
+
+void frmPrincipal::mnuCargarPlantilla_Click() {
+  const auto path = askForFile(false, "Cargar Plantilla", principal_.RutaPlantillas, "");
+  if (!path)
+    return;
+  if (const auto game = readChecked(*path, Accept::AnyGame))
+    layOut(*game);
+}
+
+// Shows a template on a new-game screen that is opened anew. The list of boards keeps "5x5",
+// whatever the template's board.
+void frmPrincipal::layOut(const GameText& game) {
+  frmNuevoJuego& screen = *children.nuevoJuego;
+  screen.close();
+  screen.open();
+  for (int n = 1; n <= static_cast<int>(game.lines.size()); ++n) {
+    takeLine(game, n, principal_);
+    if (game.lines[static_cast<std::size_t>(n - 1)].hasSeparator)
+      screen.showLoadedUnit(n);
+  }
+  takeBoardSize(game, principal_);
+  screen.showBoard();
+}
+
+} // namespace falanges

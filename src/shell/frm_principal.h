@@ -1,0 +1,69 @@
+// The frame window: menu, network timer, start-up, shutdown and the game files.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "model/forms/forms.h"
+#include "model/main_window.h"
+#include "model/principal.h"
+#include "persistence/game_file.h"
+
+namespace falanges {
+
+class frmEnJuego;
+class frmNuevoJuego;
+class frmOpciones;
+
+class frmPrincipal final : public forms::Window, public MainWindow {
+public:
+  frmPrincipal(forms::Forms& forms, Principal& principal);
+
+  // The child windows that the menu leads to; set once, before the window opens.
+  struct Children {
+    frmNuevoJuego* nuevoJuego = nullptr;
+    frmEnJuego* enJuego = nullptr;
+    frmOpciones* opciones = nullptr;
+  } children;
+
+  void showMenuItem(MenuItem item, bool shown) override;
+  void runTimer(bool running) override;
+  bool mnuGuardarJuego_Click() override;
+  bool mnuCargarJuego_Click(Accept accept) override;
+  void mnuGuardarPlantilla_Click();
+  void mnuCargarPlantilla_Click();
+  void mnuNuevoJuego_Click();
+  void mnuOpciones_Click();
+  // The menu entry is disabled in every state; the operation needs an open play screen.
+  void mnuDeclararRendicion_Click();
+
+  forms::MenuEntry mnuJuego{*this, "mnuJuego"};
+  forms::MenuEntry mnuNuevoJuego{*this, "mnuNuevoJuego", &mnuJuego};
+  forms::MenuEntry mnuCargarJuego{*this, "mnuCargarJuego", &mnuJuego};
+  forms::MenuEntry mnuGuardarJuego{*this, "mnuGuardarJuego", &mnuJuego};
+  forms::MenuEntry mnuCargarPlantilla{*this, "mnuCargarPlantilla", &mnuJuego};
+  forms::MenuEntry mnuGuardarPlantilla{*this, "mnuGuardarPlantilla", &mnuJuego};
+  forms::MenuEntry mnuDeclararRendicion{*this, "mnuDeclararRendicion", &mnuJuego};
+  forms::MenuEntry mnuSeparadorV1{*this, "mnuSeparadorV1", &mnuJuego};
+  forms::MenuEntry mnuOpciones{*this, "mnuOpciones"};
+  forms::Timer tmrRed{*this, "tmrRed"};
+
+private:
+  void Form_Load() override;
+  bool Form_QueryUnload() override;
+  void Form_Unload() override;
+
+  void makeMenu();
+  void showInformation();
+  std::optional<std::string> askForFile(bool save, const char* title, const std::string& folder,
+                                        const char* proposedName);
+  std::optional<GameText> readChecked(const std::string& path, Accept accept);
+  void refuse(const std::string& path, const std::string& reason);
+  bool saveLocally(const std::string& path);
+  void layOut(const GameText& game);
+
+  Principal& principal_;
+};
+
+} // namespace falanges

@@ -1,0 +1,10 @@
+// The box with the program's credits, shown at its start and at its end.
+#pragma once
+
+#include "model/forms/desktop.h"
+
+namespace falanges {
+
+forms::MessageBox informationBox();
+
+} // namespace falanges
