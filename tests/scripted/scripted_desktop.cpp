@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <sstream>
 #include <stdexcept>
 
@@ -21,9 +22,9 @@ std::string fileName(const std::string& path) {
 }
 
 // An empty side says nothing of the size: such an element takes the size of its text.
-bool covers(const Element& element, int x, int y) {
-  return x >= element.Left && x < element.Left + element.Width && y >= element.Top &&
-         y < element.Top + element.Height;
+template <class Point> bool covers(const Element& element, Point place) {
+  return place.x >= element.Left && place.x < element.Left + element.Width &&
+         place.y >= element.Top && place.y < element.Top + element.Height;
 }
 
 int frontRank(const Element& element) {
@@ -34,48 +35,6 @@ int frontRank(const Element& element) {
 bool standsOnArea(const Element& element) {
   return element.kind() != Kind::Window && element.kind() != Kind::MenuEntry &&
          element.kind() != Kind::Timer;
-}
-
-// Calls `question` for a menu entry and all entries above it, for another element once.
-bool allAbove(const Element& element, bool (*question)(const Element&)) {
-  if (element.kind() != Kind::MenuEntry)
-    return question(element);
-  const auto* entry = static_cast<const MenuEntry*>(&element);
-  while (entry && question(*entry))
-    entry = entry->parent;
-  return !entry;
-}
-
-std::string textOf(const Element& element) {
-  if (const auto* window = dynamic_cast<const Window*>(&element))
-    return window->Caption;
-  if (const auto* label = dynamic_cast<const Label*>(&element))
-    return label->Caption;
-  if (const auto* button = dynamic_cast<const Button*>(&element))
-    return button->Caption;
-  if (const auto* entry = dynamic_cast<const MenuEntry*>(&element))
-    return entry->Caption;
-  if (const auto* box = dynamic_cast<const TextBox*>(&element))
-    return box->Text;
-  if (const auto* list = dynamic_cast<const DropList*>(&element))
-    return list->Text();
-  if (const auto* box = dynamic_cast<const CheckBox*>(&element))
-    return std::to_string(box->Value.get());
-  return "";
-}
-
-std::string pictureOf(const Element& element) {
-  if (const auto* window = dynamic_cast<const Window*>(&element))
-    return fileName(window->Icon);
-  const auto* picture = dynamic_cast<const Picture*>(&element);
-  return picture ? fileName(picture->picturePath()) : "";
-}
-
-bool isVisible(const Element& element) {
-  return element.Visible;
-}
-bool isEnabled(const Element& element) {
-  return element.Enabled;
 }
 
 } // namespace
@@ -106,68 +65,46 @@ void ScriptedDesktop::finish() {
 
 // --- What the program asks -----------------------------------------------------------------------
 
-void ScriptedDesktop::expectBox(Name text, Answer answer, Meanwhile meanwhile) {
-  expected_.push_back({Asked::Box, std::move(text), {}, answer, {}, std::move(meanwhile)});
-}
-
-void ScriptedDesktop::expectBox(Name text, BoxStyle style, Answer answer, Meanwhile meanwhile) {
-  expected_.push_back({Asked::Box, std::move(text), style, answer, {}, std::move(meanwhile)});
-}
-
-void ScriptedDesktop::expectFile(Name title, std::optional<std::string> path, Meanwhile meanwhile) {
-  expected_.push_back({Asked::File, std::move(title), {}, Answer::Ok, path, std::move(meanwhile)});
-}
-
-void ScriptedDesktop::expectModal(Name window, Meanwhile meanwhile) {
-  expected_.push_back({Asked::Modal, std::move(window), {}, Answer::Ok, {}, std::move(meanwhile)});
-}
-
-std::optional<ScriptedDesktop::Expected> ScriptedDesktop::next(Asked asked,
-                                                               const std::string& text) {
-  if (!expected_.empty() && expected_.front().asked == asked &&
-      expected_.front().text.text == text) {
-    Expected found = std::move(expected_.front());
-    expected_.pop_front();
-    return found;
+// The answer, once what happens meanwhile has happened; nothing when another question was expected.
+std::optional<ScriptedDesktop::Expected> ScriptedDesktop::ask(Asked asked,
+                                                              const std::string& text) {
+  if (expected_.empty() || expected_.front().asked != asked ||
+      expected_.front().text.text != text) {
+    fail(expected_.empty() ? acting_.value_or(Name(text)) : expected_.front().text,
+         "Unexpected:\n" + text +
+             (expected_.empty() ? "" : "\ninstead of:\n" + expected_.front().text.text));
+    return std::nullopt;
   }
-  const Name about = !expected_.empty() ? expected_.front().text : acting_.value_or(Name(text));
-  fail(about, "Unexpected:\n" + text +
-                  (expected_.empty() ? "" : "\nwhere this was expected:\n" + about.text));
-  return std::nullopt;
+  const Expected found = std::move(expected_.front());
+  expected_.pop_front();
+  boxes_ += asked == Asked::Modal ? 0 : 1;
+  if (found.meanwhile)
+    found.meanwhile();
+  boxes_ -= asked == Asked::Modal ? 0 : 1;
+  return found;
 }
 
 Answer ScriptedDesktop::messageBox(const MessageBox& box) {
   lastBox = box;
   const bool question = box.style != BoxStyle::Information;
-  const auto expected = next(Asked::Box, box.text);
+  const auto expected = ask(Asked::Box, box.text);
   if (!expected)
     return question ? Answer::No : Answer::Ok;
   if (expected->style.value_or(box.style) != box.style ||
       question == (expected->answer == Answer::Ok))
     fail(expected->text, "The box has another style: " + box.text);
-  ++boxes_;
-  if (expected->meanwhile)
-    expected->meanwhile();
-  --boxes_;
   return expected->answer;
 }
 
 std::optional<std::string> ScriptedDesktop::fileDialog(const FileDialog& dialog) {
   lastFile = dialog;
-  const auto expected = next(Asked::File, dialog.title);
-  if (!expected)
-    return std::nullopt;
-  ++boxes_;
-  if (expected->meanwhile)
-    expected->meanwhile();
-  --boxes_;
-  return expected->path;
+  const auto expected = ask(Asked::File, dialog.title);
+  return expected ? expected->path : std::nullopt;
 }
 
 void ScriptedDesktop::waitModal(Window& window) {
   modal_.push_back(&window);
-  if (const auto expected = next(Asked::Modal, window.name()))
-    expected->meanwhile();
+  ask(Asked::Modal, window.name());
   if (window.isOpen()) {
     fail(acting_.value_or(Name(window.name())), "The modal window was not closed.");
     window.close();
@@ -189,15 +126,10 @@ std::optional<PictureSize> ScriptedDesktop::pictureSize(const std::string& path)
 }
 
 DateTime ScriptedDesktop::now() {
-  const auto day = std::chrono::floor<std::chrono::days>(clock);
-  const std::chrono::year_month_day date = day;
-  const std::chrono::hh_mm_ss time(clock - day);
-  return {int(date.year()),
-          static_cast<int>(unsigned(date.month())),
-          static_cast<int>(unsigned(date.day())),
-          static_cast<int>(time.hours().count()),
-          static_cast<int>(time.minutes().count()),
-          static_cast<int>(time.seconds().count())};
+  const std::time_t seconds = std::chrono::system_clock::to_time_t(clock);
+  const std::tm& date = *std::gmtime(&seconds);
+  return {date.tm_year + 1900, date.tm_mon + 1, date.tm_mday,
+          date.tm_hour,        date.tm_min,     date.tm_sec};
 }
 
 // --- The contract of Desktop ---------------------------------------------------------------------
@@ -286,25 +218,17 @@ std::string ScriptedDesktop::hindrance(const Element& element) const {
     return "lies behind a modal window";
   if (!onScreen_.contains(&element))
     return "was never told to the screen";
-  if (!allAbove(element, isVisible))
+  if (!allAbove(element, &Element::Visible))
     return "is hidden";
-  if (!allAbove(element, isEnabled))
+  if (!allAbove(element, &Element::Enabled))
     return "is disabled";
   return "";
-}
-
-template <class T> T& ScriptedDesktop::usable(const Name& name) {
-  T& element = get<T>(name);
-  acting_ = name;
-  if (const std::string reason = hindrance(element); !reason.empty())
-    giveUp(name, reason);
-  return element;
 }
 
 Element* ScriptedDesktop::topmostAt(const Window& window, Point place) const {
   Element* topmost = nullptr;
   for (Element* element : window.elements())
-    if (standsOnArea(*element) && element->Visible && covers(*element, place.x, place.y) &&
+    if (standsOnArea(*element) && element->Visible && covers(*element, place) &&
         (!topmost || frontRank(*element) >= frontRank(*topmost)))
       topmost = element;
   return topmost;
@@ -344,12 +268,10 @@ bool ScriptedDesktop::press(Element& element, MouseButton button) {
 
 bool ScriptedDesktop::act(Element& element, Point place, MouseButton button) {
   const bool picture = element.kind() == Kind::Picture;
-  if (picture) {
-    moveOver(Name(element.window().name() + "." + element.name(), acting_->where),
-             place.x - element.Left, place.y - element.Top);
-    if (!onScreen_.contains(&element))
-      return false;
-  }
+  if (picture)
+    hover(static_cast<Picture&>(element), place);
+  if (!onScreen_.contains(&element))
+    return false;
   if (!press(element, button))
     return false;
   const bool click = picture || element.kind() == Kind::Button ||
@@ -359,7 +281,7 @@ bool ScriptedDesktop::act(Element& element, Point place, MouseButton button) {
   return true;
 }
 
-bool ScriptedDesktop::pointAndPress(const Name& name, MouseButton button) {
+bool ScriptedDesktop::point(const Name& name, MouseButton button) {
   auto& element = usable<Element>(name);
   const auto place = openPlace(element);
   if (!place)
@@ -367,17 +289,9 @@ bool ScriptedDesktop::pointAndPress(const Name& name, MouseButton button) {
   return act(element, *place, button);
 }
 
-bool ScriptedDesktop::click(Name name) {
-  return pointAndPress(name, MouseButton::Left);
-}
-
 bool ScriptedDesktop::tryClick(Name name) {
   Element* const element = find(name.text);
   return element && hindrance(*element).empty() && openPlace(*element) && click(name);
-}
-
-void ScriptedDesktop::rightClick(Name name) {
-  pointAndPress(name, MouseButton::Right);
 }
 
 bool ScriptedDesktop::clickAt(Name name, int x, int y, MouseButton button) {
@@ -392,14 +306,21 @@ bool ScriptedDesktop::clickAt(Name name, int x, int y, MouseButton button) {
 
 void ScriptedDesktop::moveOver(Name name, double X, double Y) {
   auto& picture = usable<Picture>(name);
-  const double frame = picture.Border ? TwipsPerPixel : 0;
-  const auto inner = [](double twips) {
-    return static_cast<float>(std::floor(twips / TwipsPerPixel) * TwipsPerPixel);
-  };
-  const Point place{picture.Left + static_cast<int>(X), picture.Top + static_cast<int>(Y)};
-  if (covers(picture, place.x, place.y) && topmostAt(picture.window(), place) != &picture)
+  const int frame = picture.Border ? TwipsPerPixel : 0;
+  const Point place{picture.Left + frame + static_cast<int>(std::floor(X)),
+                    picture.Top + frame + static_cast<int>(std::floor(Y))};
+  if (covers(picture, place) && topmostAt(picture.window(), place) != &picture)
     giveUp(name, "is covered there by " + topmostAt(picture.window(), place)->name());
-  forms_->moved(picture, inner(X - frame), inner(Y - frame));
+  hover(picture, place);
+}
+
+// A pointer stands on whole pixels.
+void ScriptedDesktop::hover(Picture& picture, Point place) {
+  const int frame = picture.Border ? TwipsPerPixel : 0;
+  const auto inner = [frame](int twips) {
+    return static_cast<float>(TwipsPerPixel * std::floor((twips - frame) / double{TwipsPerPixel}));
+  };
+  forms_->moved(picture, inner(place.x - picture.Left), inner(place.y - picture.Top));
 }
 
 void ScriptedDesktop::type(Name name, std::string_view text) {
@@ -445,10 +366,6 @@ void ScriptedDesktop::tab(bool forwards) {
   forms_->tabbed(const_cast<Window&>(*active_), forwards);
 }
 
-void ScriptedDesktop::menu(Name name) {
-  forms_->menuChosen(usable<MenuEntry>(name));
-}
-
 void ScriptedDesktop::shortcut(Name name) {
   auto& button = get<Button>(name);
   acting_ = name;
@@ -487,13 +404,35 @@ void ScriptedDesktop::tick(int seconds) {
 
 // --- What a person sees --------------------------------------------------------------------------
 
-bool ScriptedDesktop::isOpen(std::string_view window) const {
-  const auto* const found = dynamic_cast<Window*>(find(window));
-  return found && found->isOpen();
+bool ScriptedDesktop::allAbove(const Element& element, Property<bool> Element::*what) {
+  if (!(element.*what))
+    return false;
+  const auto* const entry = dynamic_cast<const MenuEntry*>(&element);
+  return !entry || !entry->parent || allAbove(*entry->parent, what);
 }
 
-std::string ScriptedDesktop::focused() {
-  return focus_ ? focus_->name() : "";
+std::string ScriptedDesktop::textOf(const Element& element) {
+  if (const auto* window = dynamic_cast<const Window*>(&element))
+    return window->Caption;
+  if (const auto* label = dynamic_cast<const Label*>(&element))
+    return label->Caption;
+  if (const auto* button = dynamic_cast<const Button*>(&element))
+    return button->Caption;
+  if (const auto* entry = dynamic_cast<const MenuEntry*>(&element))
+    return entry->Caption;
+  if (const auto* box = dynamic_cast<const TextBox*>(&element))
+    return box->Text;
+  if (const auto* list = dynamic_cast<const DropList*>(&element))
+    return list->Text();
+  const auto* const box = dynamic_cast<const CheckBox*>(&element);
+  return box ? std::to_string(box->Value.get()) : "";
+}
+
+std::string ScriptedDesktop::pictureOf(const Element& element) {
+  if (const auto* window = dynamic_cast<const Window*>(&element))
+    return fileName(window->Icon);
+  const auto* const picture = dynamic_cast<const Picture*>(&element);
+  return picture ? fileName(picture->picturePath()) : "";
 }
 
 bool ScriptedDesktop::visible(Name name) {
@@ -501,28 +440,12 @@ bool ScriptedDesktop::visible(Name name) {
   const auto bracket = name.text.find('(');
   if (bracket != name.text.npos && !find(name.text))
     return known(Name(at(name.text.substr(0, bracket), 0), name.where)).Visible;
-  return allAbove(known(name), isVisible);
-}
-
-bool ScriptedDesktop::enabled(Name name) {
-  return allAbove(known(name), isEnabled);
-}
-
-std::string ScriptedDesktop::text(Name name) {
-  return textOf(known(name));
-}
-
-std::string ScriptedDesktop::picture(Name name) {
-  return pictureOf(known(name));
+  return allAbove(known(name), &Element::Visible);
 }
 
 std::string ScriptedDesktop::accessibleName(Name name) {
   const Element& element = known(name);
   return element.AccessibleName.get().empty() ? textOf(element) : element.AccessibleName.get();
-}
-
-std::string ScriptedDesktop::toolTip(Name name) {
-  return known(name).ToolTipText;
 }
 
 std::string ScriptedDesktop::transcript(std::string_view name) const {

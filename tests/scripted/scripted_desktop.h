@@ -36,12 +36,20 @@ public:
 
   // --- What the program will ask ---------------------------------------------------------------
   using Player::expectBox;
-  void expectBox(Name text, forms::Answer answer, Meanwhile meanwhile = {}) override;
+  void expectBox(Name text, forms::Answer answer, Meanwhile meanwhile = {}) override {
+    expected_.push_back({Asked::Box, text, {}, answer, {}, meanwhile});
+  }
   // As above, and the box must have this style.
-  void expectBox(Name text, forms::BoxStyle style, forms::Answer answer, Meanwhile meanwhile = {});
+  void expectBox(Name text, forms::BoxStyle style, forms::Answer answer, Meanwhile meanwhile = {}) {
+    expected_.push_back({Asked::Box, text, style, answer, {}, meanwhile});
+  }
   // Path nullopt: cancelled.
-  void expectFile(Name title, std::optional<std::string> path, Meanwhile meanwhile = {});
-  void expectModal(Name window, Meanwhile meanwhile) override;
+  void expectFile(Name title, std::optional<std::string> path, Meanwhile meanwhile = {}) {
+    expected_.push_back({Asked::File, title, {}, forms::Answer::Ok, path, meanwhile});
+  }
+  void expectModal(Name window, Meanwhile meanwhile) override {
+    expected_.push_back({Asked::Modal, window, {}, forms::Answer::Ok, {}, meanwhile});
+  }
   forms::MessageBox lastBox;
   forms::FileDialog lastFile;
   // File names such as "8x8.jpg" that cannot be loaded.
@@ -52,39 +60,40 @@ public:
       std::chrono::sys_days(std::chrono::year(2005) / 3 / 9) + std::chrono::seconds(29107);
 
   // --- What a person does ----------------------------------------------------------------------
-  bool click(Name element) override;
+  bool click(Name element) override { return point(element, forms::MouseButton::Left); }
   // As click, but false where click would fail the test.
   bool tryClick(Name element);
-  void rightClick(Name element) override;
+  void rightClick(Name element) override { point(element, forms::MouseButton::Right); }
   // The same at a place of a window, in twips from its inner corner: on what lies topmost there.
   bool clickAt(Name window, int x, int y, forms::MouseButton button = forms::MouseButton::Left);
-  // The pointer goes to X, Y of the picture. Outside of it: as with a button held down.
+  // The pointer goes to X, Y of the picture, twips from its inner corner. Outside of it: as with a
+  // button held down.
   void moveOver(Name picture, double X, double Y);
   void type(Name textBox, std::string_view text) override;
   // Replaces what the text box holds at once, as pasting does.
   void setText(Name textBox, std::string text);
   void choose(Name list, std::string_view item) override;
   void tab(bool forwards = true) override;
-  void menu(Name entry) override;
+  void menu(Name entry) override { forms_->menuChosen(usable<forms::MenuEntry>(entry)); }
   void shortcut(Name button) override;
   bool closeWindow(Name window) override;
   bool activate(Name window) override;
   void tick(int seconds = 1) override;
 
   // --- What a person sees ----------------------------------------------------------------------
-  bool isOpen(std::string_view window) const;
+  bool isOpen(std::string_view window) const { return find(window) != nullptr; }
   // True once the frame window has closed.
   bool ended() const { return ended_; }
-  std::string focused() override;
+  std::string focused() override { return focus_ ? focus_->name() : ""; }
   // False also for an array element that does not exist. For a menu entry: it and all above it.
   bool visible(Name element);
-  bool enabled(Name element);
+  bool enabled(Name element) { return allAbove(known(element), &forms::Element::Enabled); }
   // Caption or text; the chosen item of a list; "0" or "1" of a check box.
-  std::string text(Name element);
+  std::string text(Name element) { return textOf(known(element)); }
   // The file's name alone, of a window that of its icon.
-  std::string picture(Name element);
+  std::string picture(Name element) { return pictureOf(known(element)); }
   std::string accessibleName(Name element);
-  std::string toolTip(Name element);
+  std::string toolTip(Name element) { return known(element).ToolTipText; }
   // One line for each visible element of the open window.
   std::string transcript(std::string_view window) const;
   // The element itself, for all that has no question of its own here; nullptr when there is none.
@@ -125,17 +134,29 @@ private:
     int x, y; // twips from the window's inner corner
   };
 
+  static std::string textOf(const forms::Element& element);
+  static std::string pictureOf(const forms::Element& element);
+  // Whether it holds for the element, and for a menu entry for all entries above it.
+  static bool allAbove(const forms::Element& element, forms::Property<bool> forms::Element::*what);
   void fail(const Name& about, const std::string& message) const;
   [[noreturn]] void giveUp(const Name& about, const std::string& message) const;
   forms::Element& known(const Name& name);
-  template <class T> T& usable(const Name& name);
+  // As get, of an element that a person can act on now.
+  template <class T> T& usable(const Name& name) {
+    T& element = get<T>(name);
+    acting_ = name;
+    if (const std::string reason = hindrance(element); !reason.empty())
+      giveUp(name, reason);
+    return element;
+  }
   std::string hindrance(const forms::Element& element) const;
   forms::Element* topmostAt(const forms::Window& window, Point place) const;
   std::optional<Point> openPlace(const forms::Element& element) const;
-  bool pointAndPress(const Name& name, forms::MouseButton button);
+  bool point(const Name& name, forms::MouseButton button);
+  void hover(forms::Picture& picture, Point place);
   bool act(forms::Element& element, Point place, forms::MouseButton button);
   bool press(forms::Element& element, forms::MouseButton button);
-  std::optional<Expected> next(Asked asked, const std::string& text);
+  std::optional<Expected> ask(Asked asked, const std::string& text);
 
   TemporaryFolder folder_;
   forms::Forms* forms_ = nullptr; // of the first window opened
