@@ -12,6 +12,7 @@ target_compile_options(falanges_settings INTERFACE
   -Wpedantic
   -Wcast-align
   -Wconversion
+  -Wdeprecated-copy-dtor
   -Wdouble-promotion
   -Wextra-semi
   -Wformat=2
