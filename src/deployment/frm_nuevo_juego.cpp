@@ -35,6 +35,10 @@ void frmNuevoJuego::makeElements() {
   picTablero.Click = [this] { picTablero_Click(); };
   picTablero.MouseMove = [this](float X, float Y) { picTablero_MouseMove(X, Y); };
 
+  picTablero.grid.nameOfEmptySquare = [this](int n) {
+    return emptySquareDescription(principal_, n);
+  };
+
   comTablero.Width = 930;
   comTablero.Height = 360;
   comTablero.TextFont.bold = true;
@@ -147,6 +151,7 @@ void frmNuevoJuego::showBoard() {
     picTablero.Height = boardElementSide(principal_);
   }
   picTablero.AccessibleName = boardDescription(principal_);
+  picTablero.grid.setGrid(principal_.NumColumnas, principal_.LadoCasilla);
   Height = picTablero.Height + picTablero.Top + 600;
   Width = picTablero.Width + picTablero.Left + 150;
 }
@@ -189,6 +194,14 @@ void frmNuevoJuego::raisePalette(std::uint8_t type) {
     entry.picture.Appearance = raised ? 1 : 0;
     entry.picture.AccessibleName = unitName(entry.type) + (raised ? ", elegida" : "");
   }
+}
+
+// 1 to 5 are the palette's pictures from top to bottom.
+bool frmNuevoJuego::Form_KeyDown(forms::Key key, int digit) {
+  if (key != forms::Key::Digit || digit < 1 || digit > static_cast<int>(palette_.size()))
+    return false;
+  picPaleta_Click(static_cast<std::size_t>(digit - 1));
+  return true;
 }
 
 // --- Placing and removing ----------------------------------------------------------------------

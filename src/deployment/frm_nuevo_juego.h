@@ -57,6 +57,7 @@ private:
 
   void Form_Load() override;
   void Form_Unload() override;
+  bool Form_KeyDown(forms::Key key, int digit) override;
 
   void makeElements();
   void makeButton(forms::Button& button, const char* caption, int top, int left, int width,

@@ -46,6 +46,12 @@ std::string unitDescription(const Principal& principal, int n, const Casilla& un
          squareDescription(principal, n) + (selected ? ", seleccionada" : "");
 }
 
+std::string emptySquareDescription(const Principal& principal, int n) {
+  std::string text = squareDescription(principal, n) + ", vacío";
+  text.front() = 'C';
+  return text;
+}
+
 std::string boardDescription(const Principal& principal) {
   if (principal.NumColumnas == 0)
     return "Tablero"; // a file without a board was opened

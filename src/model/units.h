@@ -19,6 +19,8 @@ std::string unitName(int type);
 std::string unitDescription(const Principal& principal, int n, const Casilla& unit, bool selected);
 // "cuadro 12, fila 3, columna 2".
 std::string squareDescription(const Principal& principal, int n);
+// "Cuadro 12, fila 3, columna 2, vacío".
+std::string emptySquareDescription(const Principal& principal, int n);
 // "Tablero 5x5".
 std::string boardDescription(const Principal& principal);
 

@@ -38,6 +38,9 @@ frmEnJuego::frmEnJuego(forms::Forms& forms, Principal& principal, MainWindow& ma
   picTablero.Height = 5940;
   picTablero.TabIndex = 0;
   picTablero.MouseMove = [this](float X, float Y) { picTablero_MouseMove(X, Y); };
+  picTablero.grid.nameOfEmptySquare = [this](int n) {
+    return emptySquareDescription(principal_, n);
+  };
   picUnidad.pattern.Width = UnitSide;
   picUnidad.pattern.Height = UnitSide;
   picUnidad.pattern.BackColor = White;
@@ -96,6 +99,7 @@ void frmEnJuego::drawBoard() {
     picTablero.Height = boardElementSide(principal_);
   }
   picTablero.AccessibleName = boardDescription(principal_);
+  picTablero.grid.setGrid(principal_.NumColumnas, principal_.LadoCasilla);
   Height = picTablero.Height + picTablero.Top + 600;
   Width = picTablero.Width + picTablero.Left + 150;
 }
@@ -200,6 +204,15 @@ void frmEnJuego::showMarker(int n) {
 void frmEnJuego::removeMarkers() {
   for (int i = 1; i <= principal_.NumCasillas; ++i)
     passOver(picMovimientoPermitido.Unload(i));
+}
+
+// Escape takes the selection back, as a second click on the unit does.
+bool frmEnJuego::Form_KeyDown(forms::Key key, int /*digit*/) {
+  const int n = key == forms::Key::Escape ? selectedSquare() : 0;
+  if (n == 0)
+    return false;
+  forms().clicked(*picUnidad(n));
+  return true;
 }
 
 // --- Hints -------------------------------------------------------------------------------------

@@ -36,6 +36,7 @@ public:
 private:
   void Form_Load() override;
   void Form_Unload() override;
+  bool Form_KeyDown(forms::Key key, int digit) override;
 
   void picUnidad_Click(int Index);
   void picUnidad_MouseMove(int Index);

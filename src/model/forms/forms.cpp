@@ -9,8 +9,11 @@ class Forms::EventScope {
 public:
   explicit EventScope(Forms& forms) : forms_(forms) { ++forms_.events_; }
   ~EventScope() {
-    if (forms_.events_ == 1 && forms_.afterEvent)
-      forms_.afterEvent();
+    if (forms_.events_ == 1) {
+      forms_.describeCursors();
+      if (forms_.afterEvent)
+        forms_.afterEvent();
+    }
     --forms_.events_;
   }
   EventScope(const EventScope&) = delete;
@@ -90,10 +93,11 @@ void Forms::startUp(Window& frame) {
 
 // --- Windows -----------------------------------------------------------------------------------
 
-Element* Forms::firstInTabOrder(Window& window) {
+Element* Forms::firstInTabOrder(Window& window, bool (*fits)(Element&)) {
   Element* first = nullptr;
   for (Element* element : window.elements()) {
-    if (element->TabIndex < 0 || !element->takesFocus() || !element->isReachable())
+    if (element->TabIndex < 0 || !element->takesFocus() || !element->isReachable() ||
+        !fits(*element))
       continue;
     if (!first || element->TabIndex < first->TabIndex)
       first = element;
@@ -103,7 +107,7 @@ Element* Forms::firstInTabOrder(Window& window) {
 
 void Forms::windowOpened(Window& window) {
   open_.push_back(&window);
-  window.focused_ = firstInTabOrder(window);
+  window.focused_ = firstInTabOrder(window, [](Element&) { return true; });
   desktop_.windowOpened(window);
   if (window.windowKind() == WindowKind::Child) {
     children_.insert(children_.begin(), &window);
@@ -162,17 +166,22 @@ bool Forms::takeFocus(Element& element) {
     raise(left->LostFocus);
     if (window.focused_ != &element)
       return false;
+    if (!element.isReachable()) {
+      elementVanishes(element);
+      return false;
+    }
   }
   desktop_.focusAsked(element);
   return true;
 }
 
-// An element that vanishes hands the focus to the window's first element, without any event.
+// An element that vanishes hands the focus on without any event, and to none that would act when
+// it leaves again.
 void Forms::elementVanishes(Element& element) {
   Window& window = element.window();
   if (window.focused_ != &element)
     return;
-  window.focused_ = firstInTabOrder(window);
+  window.focused_ = firstInTabOrder(window, [](Element& next) { return !next.LostFocus; });
   if (window.focused_)
     desktop_.focusAsked(*window.focused_);
 }
@@ -295,6 +304,38 @@ void Forms::tabbed(Window& window, bool forwards) {
   else
     position = (position + (forwards ? 1 : order.size() - 1)) % order.size();
   focusMoved(*order[position]);
+}
+
+// The keyboard's cursor works on the window's board, whether the board, a unit on it or nothing has
+// the focus; elsewhere Enter and Space are the click on the focused element.
+bool Forms::keyPressed(Window& window, Key key, int digit) {
+  if (!personMayUse(window))
+    return false;
+  const EventScope event(*this);
+  if (window.Form_KeyDown(key, digit))
+    return true;
+  Element* const focused = window.focused_;
+  Picture* const picture =
+      focused && focused->kind() == Kind::Picture ? static_cast<Picture*>(focused) : nullptr;
+  const bool onBoard =
+      !focused || (picture && (picture->index() > 0 || picture->grid.columns() > 0));
+  if (onBoard) {
+    for (Element* element : window.elements())
+      if (element->kind() == Kind::Picture && static_cast<Picture*>(element)->grid.columns() > 0)
+        return static_cast<Picture*>(element)->grid.keyPressed(*this, key);
+    return false;
+  }
+  const bool press = key == Key::Enter || key == Key::Space;
+  if (press)
+    clicked(*focused);
+  return press;
+}
+
+void Forms::describeCursors() {
+  for (Window* window : open_)
+    for (Element* element : window->elements())
+      if (element->kind() == Kind::Picture)
+        static_cast<Picture*>(element)->grid.describe();
 }
 
 void Forms::closeRequested(Window& window) {

@@ -63,6 +63,9 @@ public:
   bool focusMoved(Element& element);
   // The Tab key: the next reachable element in the tab order, or the one before.
   void tabbed(Window& window, bool forwards);
+  // A key that the focused element itself has no use for; `digit` (0 to 9) with Key::Digit.
+  // False: it means nothing here.
+  bool keyPressed(Window& window, Key key, int digit = 0);
   // The person asks to close the window.
   void closeRequested(Window& window);
   void ticked(Timer& timer);
@@ -81,7 +84,8 @@ private:
   void windowOpened(Window& window);
   void windowClosed(Window& window);
   void elementVanishes(Element& element);
-  static Element* firstInTabOrder(Window& window);
+  static Element* firstInTabOrder(Window& window, bool (*fits)(Element&));
+  void describeCursors();
 
   Desktop& desktop_;
   std::vector<Window*> open_;     // in the order of their opening

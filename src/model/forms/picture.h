@@ -5,6 +5,7 @@
 #include <string>
 
 #include "model/forms/element.h"
+#include "model/forms/grid_cursor.h"
 
 namespace forms {
 
@@ -29,6 +30,9 @@ public:
   // 1 is a raised look with a frame, 0 flat. The rules use it as data.
   Property<int> Appearance{*this, 0};
   Property<int> zOrderRank{*this, 0}; // higher is nearer to the front
+  // The square that the keyboard's cursor marks, drawn in front of everything; 0: none.
+  Property<int> cursorSquare{*this, 0};
+  GridCursor grid{*this}; // of a picture that shows a grid
   bool AutoSize = false;
   bool Border = false; // a frame of one pixel on each side, part of Width and Height
 

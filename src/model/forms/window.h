@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/forms/element.h"
+#include "model/forms/grid_cursor.h"
 
 namespace forms {
 
@@ -77,6 +78,8 @@ protected:
   // The closing check: false refuses. It tells the person why.
   virtual bool Form_QueryUnload() { return true; }
   virtual void Form_Unload() {}
+  // A key that the focused element had no use for; `digit` with Key::Digit. True: handled.
+  virtual bool Form_KeyDown(Key /*key*/, int /*digit*/) { return false; }
   // Another child window has become the active one.
   virtual void Form_Deactivate() {}
 
