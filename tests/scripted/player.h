@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "model/forms/desktop.h"
+#include "model/forms/grid_cursor.h"
 
 namespace scripted {
 
@@ -52,6 +53,8 @@ public:
   virtual void type(Name textBox, std::string_view text) = 0;
   virtual void choose(Name list, std::string_view item) = 0;
   virtual void tab(bool forwards = true) = 0;
+  // Any other key; `digit` with Key::Digit. True when it meant something.
+  virtual bool key(forms::Key key, int digit = 0) = 0;
   virtual void menu(Name entry) = 0;
   virtual void shortcut(Name button) = 0;
   // Asks the window to close; true when it has.

@@ -358,12 +358,22 @@ void ScriptedDesktop::choose(Name name, std::string_view item) {
     forms_->chosen(list, index);
 }
 
-void ScriptedDesktop::tab(bool forwards) {
-  const Name name("Tab");
+Window& ScriptedDesktop::keyboardWindow(const Name& key) {
+  acting_ = key;
   if (!active_ || !hindrance(*active_).empty())
-    giveUp(name, "is not heard by any window");
-  acting_ = name;
-  forms_->tabbed(const_cast<Window&>(*active_), forwards);
+    giveUp(key, "is not heard by any window");
+  return *active_;
+}
+
+void ScriptedDesktop::tab(bool forwards) {
+  forms_->tabbed(keyboardWindow(Name("Tab")), forwards);
+}
+
+bool ScriptedDesktop::key(Key key, int digit) {
+  Window& window = keyboardWindow(Name("key"));
+  if (focus_ && (focus_->kind() == Kind::TextBox || focus_->kind() == Kind::DropList))
+    giveUp(Name(focus_->name()), "uses the keys itself");
+  return forms_->keyPressed(window, key, digit);
 }
 
 void ScriptedDesktop::shortcut(Name name) {

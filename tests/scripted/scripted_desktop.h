@@ -74,6 +74,7 @@ public:
   void setText(Name textBox, std::string text);
   void choose(Name list, std::string_view item) override;
   void tab(bool forwards = true) override;
+  bool key(forms::Key key, int digit = 0) override;
   void menu(Name entry) override { forms_->menuChosen(usable<forms::MenuEntry>(entry)); }
   void shortcut(Name button) override;
   bool closeWindow(Name window) override;
@@ -151,6 +152,7 @@ private:
   }
   std::string hindrance(const forms::Element& element) const;
   forms::Element* topmostAt(const forms::Window& window, Point place) const;
+  forms::Window& keyboardWindow(const Name& key);
   std::optional<Point> openPlace(const forms::Element& element) const;
   bool point(const Name& name, forms::MouseButton button);
   void hover(forms::Picture& picture, Point place);
@@ -167,7 +169,7 @@ private:
   int boxes_ = 0;
   std::vector<forms::Window*> modal_;
   const forms::Element* focus_ = nullptr; // of what stands on the screen
-  const forms::Window* active_ = nullptr;
+  forms::Window* active_ = nullptr;
   std::optional<Name> acting_; // the action that goes on
   bool ended_ = false;
 
