@@ -36,9 +36,9 @@ double Val(std::string_view text) {
 double roundHalfEven(double number) {
   const double below = std::floor(number);
   const double fraction = number - below;
-  if (fraction != 0.5)
-    return std::floor(number + 0.5);
-  return std::fmod(below, 2) == 0 ? below : below + 1;
+  if (fraction == 0.5)
+    return std::fmod(below, 2) == 0 ? below : below + 1;
+  return fraction < 0.5 ? below : below + 1;
 }
 
 } // namespace forms
