@@ -1,0 +1,24 @@
+// A button on a form, and its key.
+#pragma once
+
+#include "desktop/qt/widget_view.h"
+#include "model/forms/elements.h"
+
+class QPushButton;
+
+namespace forms::qt {
+
+class ButtonView final : public WidgetView {
+public:
+  ButtonView(Button& button, Services services, QWidget* form);
+
+protected:
+  void syncKind() override;
+  QString caption() const override;
+
+private:
+  QPushButton& button() const;
+  void addShortcut(const QString& key);
+};
+
+} // namespace forms::qt

@@ -1,0 +1,24 @@
+// Texts and measures on their way between the forms layer and Qt.
+#pragma once
+
+#include <QColor>
+#include <QRect>
+#include <QString>
+
+#include "model/forms/element.h"
+
+namespace forms::qt {
+
+constexpr int TwipsPerPixel = 15; // logical pixels, 96 to the inch
+
+QString toQt(const std::string& text);
+std::string fromQt(const QString& text);
+QColor toQt(Color color);
+
+// The nearest whole pixel.
+int pixels(int twips);
+int twips(int pixels);
+// Place and size of an element in pixels of its parent.
+QRect pixelRect(const Element& element);
+
+} // namespace forms::qt

@@ -1,0 +1,25 @@
+// A drop-down list without typing on a form.
+#pragma once
+
+#include "desktop/qt/widget_view.h"
+#include "model/forms/elements.h"
+
+class QComboBox;
+
+namespace forms::qt {
+
+class DropListView final : public WidgetView {
+public:
+  DropListView(DropList& list, Services services, QWidget* form);
+
+protected:
+  void syncKind() override;
+  void takeOff() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  QComboBox& list() const;
+  void chosen(int index);
+};
+
+} // namespace forms::qt

@@ -1,0 +1,130 @@
+#include "desktop/qt/focus_keeper.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+#include "desktop/qt/form.h"
+#include "desktop/qt/reporter.h"
+#include "desktop/qt/views.h"
+#include "desktop/qt/window_view.h"
+
+namespace forms::qt {
+
+void FocusKeeper::watch(QMdiArea& area) {
+  area_ = &area;
+  // Later, for the area is in the middle of its own work when it signals.
+  connect(
+      &area, &QMdiArea::subWindowActivated, this, [this] { childActivated(); },
+      Qt::QueuedConnection);
+}
+
+void FocusKeeper::give(Element& element) {
+  const Reporter::Quiet quiet(reporter_);
+  if (QWidget* widget = views_.widgetOf(element))
+    widget->setFocus(Qt::OtherFocusReason);
+}
+
+void FocusKeeper::activate(Window& child) {
+  const Reporter::Quiet quiet(reporter_);
+  WindowView* const view = views_.of(child);
+  if (!view || !area_)
+    return;
+  area_->setActiveSubWindow(static_cast<QMdiSubWindow*>(view->widget()));
+  focus(child);
+}
+
+void FocusKeeper::release(QWidget& widget) {
+  QWidget* const top = widget.window();
+  QWidget* const holder = top->focusWidget();
+  if (!holder || (holder != &widget && !widget.isAncestorOf(holder)))
+    return;
+  const Reporter::Quiet quiet(reporter_);
+  if (QWidget* form = widget.parentWidget())
+    form->setFocus(Qt::OtherFocusReason);
+}
+
+void FocusKeeper::arrived(Element& element) {
+  if (reporter_.isQuiet() || element.window().focused() == &element)
+    return;
+  arrived_ = settling_ ? nullptr : &element;
+  later();
+}
+
+void FocusKeeper::windowChanged() {
+  settling_ = true;
+  later();
+}
+
+void FocusKeeper::later() {
+  if (std::exchange(looking_, true))
+    return;
+  QMetaObject::invokeMethod(
+      this, [this] { look(); }, Qt::QueuedConnection);
+}
+
+void FocusKeeper::look() {
+  looking_ = false;
+  settling_ = false;
+  Element* const wished = std::exchange(arrived_, nullptr);
+  QWidget* const holder = QApplication::focusWidget();
+  // Behind a menu, a list or a box everything keeps its place until they have gone.
+  if (!holder || QApplication::activePopupWidget())
+    return;
+  for (Window* window : reporter_.forms().openWindows()) {
+    const auto& elements = window->elements();
+    const auto found = std::find(elements.begin(), elements.end(), wished);
+    if (found == elements.end() || views_.widgetOf(**found) != holder)
+      continue;
+    if (reporter_.report([&](Forms& forms) { return forms.focusMoved(**found); }))
+      return;
+    break;
+  }
+  realign();
+}
+
+void FocusKeeper::childActivated() {
+  QMdiSubWindow* const sub = area_ ? area_->activeSubWindow() : nullptr;
+  if (!sub)
+    return; // another program, or the last child has gone
+  Forms& forms = reporter_.forms();
+  for (Window* window : forms.openWindows()) {
+    const WindowView* const view = views_.of(*window);
+    if (!view || const_cast<WindowView*>(view)->widget() != sub)
+      continue;
+    if (window == forms.activeChild())
+      return;
+    if (!settling_ && reporter_.report([&](Forms& f) { return f.activated(*window); }))
+      return;
+    break;
+  }
+  realign();
+}
+
+void FocusKeeper::realign() {
+  QWidget* const active = QApplication::activeWindow();
+  for (Window* window : reporter_.forms().openWindows()) {
+    WindowView* const view = views_.of(*window);
+    if (!view || view->widget() != active)
+      continue;
+    if (window->windowKind() == WindowKind::Own)
+      return focus(*window);
+    if (Window* child = reporter_.forms().activeChild())
+      activate(*child);
+    return;
+  }
+}
+
+void FocusKeeper::focus(Window& window) {
+  const Reporter::Quiet quiet(reporter_);
+  QWidget* holder = window.focused() ? views_.widgetOf(*window.focused()) : nullptr;
+  if (WindowView* const view = views_.of(window); !holder && view)
+    holder = view->form();
+  if (holder && !holder->hasFocus())
+    holder->setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace forms::qt

@@ -1,0 +1,55 @@
+// Keeps Qt's keyboard focus and active child window where the forms layer says that they are.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include "model/forms/window.h"
+
+class QMdiArea;
+class QWidget;
+
+namespace forms::qt {
+
+class Reporter;
+class Views;
+
+// Qt moves the focus by itself, for instance when the frame becomes active again; then it is put
+// back. Where it goes to another element by a screen reader's wish, the forms layer is asked.
+class FocusKeeper : public QObject {
+public:
+  FocusKeeper(Reporter& reporter, const Views& views) : reporter_(reporter), views_(views) {}
+
+  // The frame's area of child windows, from now on watched.
+  void watch(QMdiArea& area);
+
+  // What the forms layer asks for.
+  void give(Element& element);
+  void activate(Window& child);
+
+  // The widget is about to vanish: if it has the focus, that goes to the form meanwhile. Left to
+  // itself Qt would hand it to any other element.
+  void release(QWidget& widget);
+
+  // The element's widget got the focus.
+  void arrived(Element& element);
+  // A window of the program became active or inactive: Qt moves the focus on that occasion.
+  void windowChanged();
+
+private:
+  void childActivated();
+  void look();
+  void later();
+  // Puts Qt's focus and active child where the forms layer has them.
+  void realign();
+  void focus(Window& window);
+
+  Reporter& reporter_;
+  const Views& views_;
+  QPointer<QMdiArea> area_;
+  Element* arrived_ = nullptr; // compared only, may be gone
+  bool looking_ = false;       // a look is on its way
+  bool settling_ = false;      // what moves now is moved by Qt
+};
+
+} // namespace forms::qt

@@ -1,0 +1,98 @@
+#include "desktop/qt/form.h"
+
+#include <optional>
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "desktop/qt/conversions.h"
+#include "desktop/qt/reporter.h"
+
+namespace forms::qt {
+
+namespace {
+
+// Nothing for a key that the forms layer does not know.
+std::optional<Key> toForms(int key) {
+  switch (key) {
+  case Qt::Key_Left:
+    return Key::Left;
+  case Qt::Key_Right:
+    return Key::Right;
+  case Qt::Key_Up:
+    return Key::Up;
+  case Qt::Key_Down:
+    return Key::Down;
+  case Qt::Key_Return:
+  case Qt::Key_Enter:
+    return Key::Enter;
+  case Qt::Key_Space:
+    return Key::Space;
+  case Qt::Key_Delete:
+    return Key::Delete;
+  case Qt::Key_Escape:
+    return Key::Escape;
+  default:
+    break;
+  }
+  if (key >= Qt::Key_0 && key <= Qt::Key_9)
+    return Key::Digit;
+  return std::nullopt;
+}
+
+bool isArrow(Key key) {
+  return key == Key::Left || key == Key::Right || key == Key::Up || key == Key::Down;
+}
+
+} // namespace
+
+Form::Form(Window& window, Services services) : services_(services), window_(&window) {
+  setObjectName(toQt(window.name()));
+}
+
+QSize Form::neededSize() const {
+  QRect needed;
+  for (const QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+    if (!child->isHidden())
+      needed |= child->geometry();
+  return {needed.right() + 1, needed.bottom() + 1};
+}
+
+// The colour does not go into the palette, which the elements would inherit.
+void Form::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  if (window_ && window_->BackColor)
+    painter.fillRect(event->rect(), toQt(*window_->BackColor));
+  else
+    painter.fillRect(event->rect(), palette().window());
+}
+
+void Form::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  if (!window_ || window_->windowKind() != WindowKind::Child)
+    return;
+  services_.reporter.report([this](Forms& forms) { return forms.activated(*window_); });
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+  const std::optional<Key> key = toForms(event->key());
+  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  if (!window_ || !key || !plain)
+    return event->ignore();
+  // A key held down moves on and on, but presses once.
+  if (event->isAutoRepeat() && !isArrow(*key))
+    return;
+  const int digit = *key == Key::Digit ? event->key() - Qt::Key_0 : 0;
+  event->setAccepted(services_.reporter.report(
+      [&](Forms& forms) { return forms.keyPressed(*window_, *key, digit); }));
+}
+
+// Qt asks also when the widget with the focus vanishes; nothing of that concerns the forms layer.
+bool Form::focusNextPrevChild(bool next) {
+  if (window_ && !services_.reporter.isQuiet())
+    services_.reporter.report([&](Forms& forms) { forms.tabbed(*window_, next); });
+  return true;
+}
+
+} // namespace forms::qt

@@ -1,0 +1,32 @@
+// The area of a window that holds its elements.
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/qt/services.h"
+#include "model/forms/window.h"
+
+namespace forms::qt {
+
+class Form final : public QWidget {
+public:
+  Form(Window& window, Services services);
+
+  // The window goes: the form never looks at it again.
+  void forget() { window_ = nullptr; }
+  // Width and height in pixels that all visible elements need.
+  QSize neededSize() const;
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  // Keys that the focused element had no use for.
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+
+private:
+  Services services_;
+  Window* window_; // nullptr once it has gone
+};
+
+} // namespace forms::qt

@@ -1,0 +1,99 @@
+#include "desktop/qt/look.h"
+
+#include <array>
+#include <cmath>
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QHash>
+#include <QToolTip>
+#include <QWidget>
+
+#include "desktop/qt/conversions.h"
+
+namespace forms::qt {
+
+namespace {
+
+struct RoleColor {
+  QPalette::ColorRole role;
+  QRgb normal;
+  QRgb disabled;
+};
+
+// Every role is given: what is left out would come from the system's theme, perhaps a dark one.
+constexpr std::array RoleColors{
+    RoleColor{QPalette::Window, 0xfff0f0f0, 0xfff0f0f0},
+    RoleColor{QPalette::WindowText, 0xff000000, 0xff787878},
+    RoleColor{QPalette::Base, 0xffffffff, 0xfff0f0f0},
+    RoleColor{QPalette::AlternateBase, 0xfff7f7f7, 0xfff0f0f0},
+    RoleColor{QPalette::ToolTipBase, 0xffffffdc, 0xffffffdc},
+    RoleColor{QPalette::ToolTipText, 0xff000000, 0xff000000},
+    RoleColor{QPalette::PlaceholderText, 0xff6e6e6e, 0xff787878},
+    RoleColor{QPalette::Text, 0xff000000, 0xff787878},
+    RoleColor{QPalette::Button, 0xfff0f0f0, 0xfff0f0f0},
+    RoleColor{QPalette::ButtonText, 0xff000000, 0xff787878},
+    RoleColor{QPalette::BrightText, 0xffffffff, 0xffffffff},
+    RoleColor{QPalette::Light, 0xffffffff, 0xffffffff},
+    RoleColor{QPalette::Midlight, 0xffe3e3e3, 0xffe3e3e3},
+    RoleColor{QPalette::Mid, 0xffb8b8b8, 0xffb8b8b8},
+    RoleColor{QPalette::Dark, 0xff9f9f9f, 0xff9f9f9f},
+    RoleColor{QPalette::Shadow, 0xff696969, 0xff696969},
+    RoleColor{QPalette::Highlight, 0xff2f6fb7, 0xff9fb8d3},
+    RoleColor{QPalette::HighlightedText, 0xffffffff, 0xffffffff},
+    RoleColor{QPalette::Link, 0xff0b57c4, 0xff787878},
+    RoleColor{QPalette::LinkVisited, 0xff6a2fa0, 0xff787878},
+};
+
+QPalette lightPalette() {
+  QPalette palette;
+  for (const RoleColor& color : RoleColors) {
+    palette.setColor(QPalette::Active, color.role, QColor::fromRgb(color.normal));
+    palette.setColor(QPalette::Inactive, color.role, QColor::fromRgb(color.normal));
+    palette.setColor(QPalette::Disabled, color.role, QColor::fromRgb(color.disabled));
+  }
+  return palette;
+}
+
+QString availableFamily(const QString& wanted) {
+  static QHash<QString, QString> found;
+  QString& family = found[wanted];
+  if (!family.isEmpty())
+    return family;
+  const bool serif = wanted.startsWith(QLatin1String("Times"));
+  for (const QString& candidate :
+       {wanted, serif ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"),
+        serif ? QStringLiteral("Times New Roman") : QStringLiteral("Arial")})
+    if (QFontDatabase::hasFamily(candidate))
+      return family = candidate;
+  return family = wanted;
+}
+
+} // namespace
+
+void applyLook() {
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  const QPalette palette = lightPalette();
+  QApplication::setPalette(palette);
+  QToolTip::setPalette(palette);
+}
+
+QFont fontFor(const Font& font) {
+  constexpr double PixelsPerPoint = 96.0 / 72.0;
+  QFont made(availableFamily(toQt(font.family)));
+  made.setPixelSize(static_cast<int>(std::lround(font.points * PixelsPerPoint)));
+  made.setBold(font.bold);
+  return made;
+}
+
+void applyColors(QWidget& widget, const Element& element, QPalette::ColorRole background,
+                 QPalette::ColorRole foreground) {
+  QPalette palette = widget.palette();
+  if (element.BackColor)
+    palette.setColor(background, toQt(*element.BackColor));
+  if (element.ForeColor)
+    palette.setColor(foreground, toQt(*element.ForeColor));
+  widget.setPalette(palette);
+}
+
+} // namespace forms::qt

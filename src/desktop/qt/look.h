@@ -1,0 +1,24 @@
+// The program's own look, the same on every system: style, light colours, fonts of the elements.
+#pragma once
+
+#include <QFont>
+#include <QPalette>
+
+#include "model/forms/element.h"
+
+class QWidget;
+
+namespace forms::qt {
+
+// Gives the whole application its style and colours. Menus and boxes keep the system's font.
+void applyLook();
+
+// The font at its size in pixels of 96 dpi. A family that is missing is replaced by one of the same
+// measures.
+QFont fontFor(const Font& font);
+
+// Gives the widget the element's colours in the two roles that its kind is drawn with.
+void applyColors(QWidget& widget, const Element& element, QPalette::ColorRole background,
+                 QPalette::ColorRole foreground);
+
+} // namespace forms::qt

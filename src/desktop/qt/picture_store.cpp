@@ -1,0 +1,77 @@
+#include "desktop/qt/picture_store.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QFileInfo>
+#include <QImageReader>
+#include <QStringList>
+
+namespace forms::qt {
+
+namespace {
+
+constexpr int LargestScale = 3;
+
+QString fileFor(const QString& path, int scale) {
+  if (scale == 1)
+    return path;
+  const QFileInfo file(path);
+  return QStringLiteral("%1/%2@%3x.%4")
+      .arg(file.path(), file.completeBaseName(), QString::number(scale), file.suffix());
+}
+
+// From the smallest file that has enough pixels upwards, then downwards.
+QStringList candidates(const QString& path, qreal ratio) {
+  const int enough = std::clamp(static_cast<int>(std::ceil(ratio)), 1, LargestScale);
+  QStringList files;
+  for (int scale = enough; scale <= LargestScale; ++scale)
+    files.append(fileFor(path, scale));
+  for (int scale = enough - 1; scale >= 1; --scale)
+    files.append(fileFor(path, scale));
+  return files;
+}
+
+QImage load(const QString& path, qreal ratio) {
+  for (const QString& file : candidates(path, ratio)) {
+    if (!QFileInfo::exists(file))
+      continue;
+    QImageReader reader(file);
+    reader.setDecideFormatFromContent(true);
+    if (QImage image = reader.read(); !image.isNull())
+      return image;
+  }
+  return {};
+}
+
+} // namespace
+
+std::optional<PictureSize> PictureStore::size(const QString& path) {
+  if (const auto known = sizes_.constFind(path); known != sizes_.constEnd())
+    return *known;
+  QImageReader reader(path);
+  reader.setDecideFormatFromContent(true);
+  QSize size = reader.size();
+  // Some formats tell their size only with the whole picture.
+  if (!size.isValid())
+    size = reader.read().size();
+  if (size.isEmpty())
+    return std::nullopt;
+  return *sizes_.insert(path, PictureSize{size.width(), size.height()});
+}
+
+QPixmap PictureStore::pixmap(const QString& path, QSize size, qreal ratio) {
+  const QSize device(static_cast<int>(std::lround(size.width() * ratio)),
+                     static_cast<int>(std::lround(size.height() * ratio)));
+  const QString key = QStringLiteral("%1|%2x%3").arg(path).arg(device.width()).arg(device.height());
+  if (const auto known = pixmaps_.constFind(key); known != pixmaps_.constEnd())
+    return *known;
+  QImage image = load(path, ratio);
+  if (!image.isNull() && image.size() != device)
+    image = image.scaled(device, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  QPixmap pixmap = QPixmap::fromImage(image);
+  pixmap.setDevicePixelRatio(ratio);
+  return *pixmaps_.insert(key, pixmap);
+}
+
+} // namespace forms::qt

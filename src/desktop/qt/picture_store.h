@@ -1,0 +1,28 @@
+// The picture files in the size that the screen needs, loaded when first shown and kept.
+#pragma once
+
+#include <optional>
+
+#include <QHash>
+#include <QPixmap>
+#include <QString>
+
+#include "model/forms/desktop.h"
+
+namespace forms::qt {
+
+// Beside name.jpg there may be name@2x.jpg and name@3x.jpg with as many times the pixels.
+class PictureStore {
+public:
+  // Pixels of the file at 96 dpi; nothing when it is no picture that can be shown.
+  std::optional<PictureSize> size(const QString& path);
+  // The picture in `size` logical pixels on a screen with `ratio` device pixels to one of them.
+  // Null when the file cannot be loaded.
+  QPixmap pixmap(const QString& path, QSize size, qreal ratio);
+
+private:
+  QHash<QString, PictureSize> sizes_;
+  QHash<QString, QPixmap> pixmaps_;
+};
+
+} // namespace forms::qt

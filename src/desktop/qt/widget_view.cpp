@@ -1,0 +1,133 @@
+#include "desktop/qt/widget_view.h"
+
+#include <QCursor>
+#include <QFocusEvent>
+#include <QMouseEvent>
+#include <QToolTip>
+
+#include "desktop/qt/conversions.h"
+#include "desktop/qt/focus_keeper.h"
+#include "desktop/qt/look.h"
+#include "desktop/qt/reporter.h"
+
+namespace forms::qt {
+
+namespace {
+
+MouseButton toForms(Qt::MouseButton button) {
+  if (button == Qt::LeftButton)
+    return MouseButton::Left;
+  return button == Qt::RightButton ? MouseButton::Right : MouseButton::Other;
+}
+
+} // namespace
+
+WidgetView::WidgetView(Element& element, Services services, QWidget* widget)
+    : ElementView(element, services, widget), widget_(widget) {
+  // The forms layer moves the focus on a click; the Tab key goes through the form.
+  widget->setFocusPolicy(element.takesFocus() ? Qt::TabFocus : Qt::NoFocus);
+  widget->setObjectName(toQt(element.name()));
+  widget->setFont(fontFor(element.TextFont));
+  watch(widget);
+}
+
+void WidgetView::watch(QWidget* part) {
+  part->installEventFilter(this);
+}
+
+void WidgetView::sync() {
+  if (!element())
+    return;
+  const Reporter::Quiet quiet(services().reporter);
+  syncPlace();
+  syncNames();
+  syncKind();
+  syncReach();
+}
+
+void WidgetView::syncPlace() {
+  const QRect place = placeFor(pixelRect(*element()));
+  if (widget_->geometry() != place)
+    widget_->setGeometry(place);
+}
+
+void WidgetView::syncNames() {
+  QString name = toQt(element()->AccessibleName);
+  if (name.isEmpty())
+    name = caption();
+  if (widget_->accessibleName() != name)
+    widget_->setAccessibleName(name);
+
+  const QString tip = toQt(element()->ToolTipText);
+  if (widget_->accessibleDescription() != tip)
+    widget_->setAccessibleDescription(tip);
+  if (widget_->toolTip() == tip)
+    return;
+  widget_->setToolTip(tip);
+  // A tip on the screen keeps its old text until the pointer moves on.
+  if (QToolTip::isVisible() && widget_->underMouse())
+    QToolTip::showText(QCursor::pos(), tip, widget_);
+}
+
+void WidgetView::syncReach() {
+  const bool enabled = element()->Enabled;
+  const bool visible = element()->Visible;
+  if (!enabled || !visible)
+    services().focus.release(*widget_);
+  if (widget_->isEnabled() != enabled)
+    widget_->setEnabled(enabled);
+  if (widget_->isHidden() == visible)
+    widget_->setVisible(visible);
+}
+
+void WidgetView::takeOff() {
+  const Reporter::Quiet quiet(services().reporter);
+  services().focus.release(*widget_);
+  widget_->hide();
+  services().reporter.bury(widget_);
+}
+
+bool WidgetView::eventFilter(QObject* watched, QEvent* event) {
+  if (!element())
+    return ElementView::eventFilter(watched, event);
+  switch (event->type()) {
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonDblClick: // the second press of two quick ones
+    return !pressed(*static_cast<QMouseEvent*>(event));
+  case QEvent::MouseButtonRelease:
+    if (clicks_ == Clicks::OfWidget)
+      return false;
+    released(*static_cast<QMouseEvent*>(event));
+    return true;
+  case QEvent::FocusIn:
+    services().focus.arrived(*element());
+    return false;
+  default:
+    return false;
+  }
+}
+
+bool WidgetView::pressed(const QMouseEvent& event) {
+  const MouseButton button = toForms(event.button());
+  const bool goesOn =
+      services().reporter.report([&](Forms& forms) { return forms.pressed(*element(), button); });
+  const bool usable = goesOn && element() && widget_->isVisible() && widget_->isEnabled();
+  armed_ = usable && button == MouseButton::Left;
+  return usable && clicks_ == Clicks::OfWidget;
+}
+
+void WidgetView::released(const QMouseEvent& event) {
+  if (event.button() != Qt::LeftButton || !armed_)
+    return;
+  armed_ = false;
+  if (widget_->rect().contains(event.position().toPoint()))
+    click();
+}
+
+void WidgetView::click() {
+  if (services().reporter.isQuiet() || !element())
+    return;
+  services().reporter.report([this](Forms& forms) { forms.clicked(*element()); });
+}
+
+} // namespace forms::qt
