@@ -52,11 +52,13 @@ void Window::open() {
 }
 
 void Window::showModal() {
+  modal_ = true;
   open();
   forms_.modal_.push_back(this);
   if (open_)
     forms_.desktop().waitModal(*this);
   std::erase(forms_.modal_, this);
+  modal_ = false;
 }
 
 bool Window::mayClose() {

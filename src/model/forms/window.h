@@ -42,6 +42,8 @@ public:
   Forms& forms() const { return forms_; }
   WindowKind windowKind() const { return windowKind_; }
   bool isOpen() const { return open_; }
+  // True while somebody waits for the window to close; no other window can be used then.
+  bool isModal() const { return modal_; }
 
   // Runs the opening steps, then shows the window; a child becomes the active one. Opening a
   // window that is open does nothing.
@@ -96,6 +98,7 @@ private:
   bool open_ = false;    // on the screen
   bool opening_ = false; // inside its opening steps
   bool closing_ = false; // inside its closing check or steps
+  bool modal_ = false;
   std::vector<Element*> elements_;
   std::vector<ElementArrayBase*> arrays_;
   Element* focused_ = nullptr;
