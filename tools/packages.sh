@@ -19,6 +19,14 @@ packages_test=(
   clang clang-format clang-tidy cppcheck
 )
 
+# Compiling the Windows program, and running it and its tests. The static Qt is built with the host tools
+# and sources of the same packages as the Linux one.
+packages_windows=(
+  g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev
+  wine wine64 fonts-wine fonts-liberation
+  cmake ninja-build qt6-base-dev qt6-base-dev-tools dpkg-dev xz-utils zip unzip
+)
+
 # install_missing PURPOSE...: installs the packages of these purposes that are not there yet. Returns 1
 # after a line for the player when that isn't allowed or fails.
 install_missing() {
