@@ -6,6 +6,7 @@
 #include <QMdiArea>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/form.h"
@@ -27,7 +28,7 @@ void ChildWindow::makeSystemMenu() {
   auto* const menu = new QMenu(this);
   QAction* const close =
       menu->addAction(QStringLiteral("&Cerrar"), this, [this] { this->close(); });
-  close->setShortcuts(QKeySequence::Close);
+  close->setShortcuts({QKeySequence(QStringLiteral("Ctrl+F4")), QKeySequence(QKeySequence::Close)});
   addAction(close);
   setSystemMenu(menu);
 }
@@ -40,8 +41,7 @@ void ChildWindow::sync() {
   if (!isVisible())
     return;
   fit();
-  const QPoint place(pixels(window_->Left), pixels(window_->Top));
-  if (pos() != place)
+  if (const QPoint place(pixels(window_->Left), pixels(window_->Top)); !tellingPlace_)
     move(place);
 }
 
@@ -105,8 +105,10 @@ void ChildWindow::moveEvent(QMoveEvent* event) {
     tellPlace();
 }
 
-// A place between two pixels stays as the program gave it.
+// A place between two pixels stays as the program gave it. While one of the two is told, the other
+// is still the old one.
 void ChildWindow::tellPlace() {
+  const QScopedValueRollback telling(tellingPlace_, true);
   if (pixels(window_->Left) != x())
     window_->Left = twips(x());
   if (pixels(window_->Top) != y())

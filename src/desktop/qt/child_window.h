@@ -38,6 +38,7 @@ private:
   Window* window_; // nullptr once it has gone
   QMdiArea& area_;
   Form* form_;
+  bool tellingPlace_ = false;
 };
 
 } // namespace forms::qt

@@ -2,6 +2,12 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
+#include <QFileSystemModel>
+#include <QHeaderView>
+#include <QLocale>
+#include <QStyledItemDelegate>
+#include <QTreeView>
 
 #include "desktop/qt/conversions.h"
 
@@ -33,6 +39,51 @@ QString existingFolder(const QString& wanted) {
   return folder.absolutePath();
 }
 
+constexpr int SizeColumn = 1;
+constexpr int TypeColumn = 2;
+constexpr int DateColumn = 3;
+
+// Qt writes sizes and dates as the system's language has them.
+class SpanishCells final : public QStyledItemDelegate {
+public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const QFileInfo file(index.data(QFileSystemModel::FilePathRole).toString());
+    if (index.column() == SizeColumn && file.isFile())
+      option->text = QLocale().formattedDataSize(file.size());
+    if (index.column() == DateColumn)
+      option->text = QLocale().toString(file.lastModified(), QStringLiteral("dd/MM/yyyy HH:mm"));
+  }
+};
+
+class SpanishTypes final : public QFileIconProvider {
+public:
+  QString type(const QFileInfo& file) const override {
+    if (file.isDir())
+      return QStringLiteral("Carpeta");
+    const QString suffix = file.suffix();
+    return suffix.isEmpty() ? QStringLiteral("Archivo")
+                            : QStringLiteral("Archivo %1").arg(suffix.toUpper());
+  }
+};
+
+void setSpanishCells(QFileDialog& shown) {
+  auto* const details = shown.findChild<QTreeView*>();
+  if (!details)
+    return;
+  auto* const cells = new SpanishCells(details);
+  details->setItemDelegateForColumn(SizeColumn, cells);
+  details->setItemDelegateForColumn(DateColumn, cells);
+  const int digit = details->fontMetrics().horizontalAdvance(QStringLiteral("0"));
+  details->header()->resizeSection(SizeColumn, 11 * digit);
+  details->header()->resizeSection(TypeColumn, 13 * digit);
+  details->header()->resizeSection(DateColumn, 20 * digit);
+  shown.resize(shown.sizeHint().expandedTo({100 * digit, 0}));
+}
+
 // What Qt's translation leaves to the system's theme, or lacks.
 void setSpanishTexts(QFileDialog& shown, bool save) {
   shown.setLabelText(QFileDialog::LookIn, QStringLiteral("Buscar en:"));
@@ -56,7 +107,10 @@ std::optional<std::string> showFileDialog(const FileDialog& dialog, QWidget* par
   shown.setNameFilters(nameFilters(dialog.filter));
   shown.setDirectory(existingFolder(toQt(dialog.folder)));
   shown.selectFile(toQt(dialog.fileName));
+  SpanishTypes types;
+  shown.setIconProvider(&types);
   setSpanishTexts(shown, dialog.save);
+  setSpanishCells(shown);
   if (shown.exec() != QDialog::Accepted || shown.selectedFiles().isEmpty())
     return std::nullopt;
   return fromQt(QDir::toNativeSeparators(shown.selectedFiles().constFirst()));

@@ -8,6 +8,7 @@
 #include <QMdiSubWindow>
 
 #include "desktop/qt/form.h"
+#include "desktop/qt/mark.h"
 #include "desktop/qt/reporter.h"
 #include "desktop/qt/views.h"
 #include "desktop/qt/window_view.h"
@@ -24,8 +25,33 @@ void FocusKeeper::watch(QMdiArea& area) {
 
 void FocusKeeper::give(Element& element) {
   const Reporter::Quiet quiet(reporter_);
-  if (QWidget* widget = views_.widgetOf(element))
-    widget->setFocus(Qt::OtherFocusReason);
+  QWidget* const widget = views_.widgetOf(element);
+  if (!widget)
+    return;
+  widget->window()->setAttribute(Qt::WA_KeyboardFocusChange, keyboard_);
+  widget->setFocus(Qt::OtherFocusReason);
+  mark(element, *widget);
+}
+
+void FocusKeeper::useKeyboard(bool used) {
+  keyboard_ = used;
+  if (!used)
+    delete mark_;
+}
+
+// Qt's style marks the other kinds by itself, and a board has a cursor of its own.
+void FocusKeeper::mark(const Element& element, QWidget& widget) {
+  delete mark_;
+  const bool markable =
+      element.kind() == Kind::CheckBox ||
+      (element.kind() == Kind::Picture && static_cast<const Picture&>(element).cursorSquare == 0);
+  if (!keyboard_ || !markable)
+    return;
+  constexpr int Width = 1; // pixels
+  constexpr int Distance = 3;
+  mark_ = new Mark(widget.parentWidget(), Width);
+  mark_->setGeometry(widget.geometry().adjusted(-Distance, -Distance, Distance, Distance));
+  mark_->show();
 }
 
 void FocusKeeper::activate(Window& child) {
@@ -43,6 +69,7 @@ void FocusKeeper::release(QWidget& widget) {
   if (!holder || (holder != &widget && !widget.isAncestorOf(holder)))
     return;
   const Reporter::Quiet quiet(reporter_);
+  delete mark_;
   if (QWidget* form = widget.parentWidget())
     form->setFocus(Qt::OtherFocusReason);
 }

@@ -27,6 +27,10 @@ public:
   void give(Element& element);
   void activate(Window& child);
 
+  // Whether the person went on with the keyboard or the mouse: the focus is marked for the
+  // keyboard.
+  void useKeyboard(bool used);
+
   // The widget is about to vanish: if it has the focus, that goes to the form meanwhile. Left to
   // itself Qt would hand it to any other element.
   void release(QWidget& widget);
@@ -43,13 +47,16 @@ private:
   // Puts Qt's focus and active child where the forms layer has them.
   void realign();
   void focus(Window& window);
+  void mark(const Element& element, QWidget& widget);
 
   Reporter& reporter_;
   const Views& views_;
   QPointer<QMdiArea> area_;
   Element* arrived_ = nullptr; // compared only, may be gone
-  bool looking_ = false;       // a look is on its way
-  bool settling_ = false;      // what moves now is moved by Qt
+  QPointer<QWidget> mark_;
+  bool keyboard_ = false;
+  bool looking_ = false;  // a look is on its way
+  bool settling_ = false; // what moves now is moved by Qt
 };
 
 } // namespace forms::qt

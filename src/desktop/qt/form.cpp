@@ -1,12 +1,15 @@
 #include "desktop/qt/form.h"
 
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/focus_keeper.h"
 #include "desktop/qt/reporter.h"
 
 namespace forms::qt {
@@ -53,10 +56,20 @@ Form::Form(Window& window, Services services) : services_(services), window_(&wi
 
 QSize Form::neededSize() const {
   QRect needed;
-  for (const QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
-    if (!child->isHidden())
-      needed |= child->geometry();
+  for (const QWidget* element : elementsInSight())
+    needed |= element->geometry();
   return {needed.right() + 1, needed.bottom() + 1};
+}
+
+QList<QWidget*> Form::elementsInSight() const {
+  QList<QWidget*> elements;
+  for (QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+    if (!child->isHidden() && !child->testAttribute(Qt::WA_TransparentForMouseEvents))
+      elements.append(child);
+  std::stable_sort(elements.begin(), elements.end(), [](const QWidget* a, const QWidget* b) {
+    return std::pair(a->y(), a->x()) < std::pair(b->y(), b->x());
+  });
+  return elements;
 }
 
 // The colour does not go into the palette, which the elements would inherit.
@@ -83,6 +96,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
   // A key held down moves on and on, but presses once.
   if (event->isAutoRepeat() && !isArrow(*key))
     return;
+  services_.focus.useKeyboard(true);
   const int digit = *key == Key::Digit ? event->key() - Qt::Key_0 : 0;
   event->setAccepted(services_.reporter.report(
       [&](Forms& forms) { return forms.keyPressed(*window_, *key, digit); }));
@@ -90,8 +104,10 @@ void Form::keyPressEvent(QKeyEvent* event) {
 
 // Qt asks also when the widget with the focus vanishes; nothing of that concerns the forms layer.
 bool Form::focusNextPrevChild(bool next) {
-  if (window_ && !services_.reporter.isQuiet())
-    services_.reporter.report([&](Forms& forms) { forms.tabbed(*window_, next); });
+  if (!window_ || services_.reporter.isQuiet())
+    return true;
+  services_.focus.useKeyboard(true);
+  services_.reporter.report([&](Forms& forms) { forms.tabbed(*window_, next); });
   return true;
 }
 

@@ -1,6 +1,7 @@
 // The area of a window that holds its elements.
 #pragma once
 
+#include <QList>
 #include <QWidget>
 
 #include "desktop/qt/services.h"
@@ -16,6 +17,8 @@ public:
   void forget() { window_ = nullptr; }
   // Width and height in pixels that all visible elements need.
   QSize neededSize() const;
+  // The widgets of all visible elements as they are read: row by row, each from left to right.
+  QList<QWidget*> elementsInSight() const;
 
 protected:
   void paintEvent(QPaintEvent* event) override;

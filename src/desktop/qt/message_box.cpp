@@ -1,5 +1,8 @@
 #include "desktop/qt/message_box.h"
 
+#include <QApplication>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -17,15 +20,30 @@ void addYesAndNo(QMessageBox& shown) {
   shown.setEscapeButton(no);
 }
 
+// Window managers cut a title that is wider than its box.
+void makeRoomForTitle(QMessageBox& shown) {
+  constexpr int ButtonsAndIcon = 120;
+  auto* const grid = qobject_cast<QGridLayout*>(shown.layout());
+  if (!grid)
+    return;
+  const int width =
+      QFontMetrics(QApplication::font()).horizontalAdvance(shown.windowTitle()) * 5 / 4 +
+      ButtonsAndIcon;
+  grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 } // namespace
 
 Answer showMessageBox(const MessageBox& box, QWidget* parent) {
   QMessageBox shown(parent);
+  shown.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                       Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
   shown.setWindowTitle(toQt(box.title));
   shown.setTextFormat(Qt::PlainText);
   shown.setText(toQt(box.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
   shown.setIcon(box.style == BoxStyle::WarningYesNo ? QMessageBox::Warning
                                                     : QMessageBox::Information);
+  makeRoomForTitle(shown);
   if (box.style == BoxStyle::Information) {
     shown.addButton(QMessageBox::Ok)->setText(QStringLiteral("Aceptar"));
     shown.exec();

@@ -1,18 +1,18 @@
 #include "desktop/qt/picture_view.h"
 
 #include <cmath>
-#include <limits>
 
 #include <QMouseEvent>
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/reporter.h"
+#include "desktop/qt/stacking.h"
 
 namespace forms::qt {
 
 namespace {
 
-constexpr const char* RankProperty = "zOrderRank";
+constexpr int CursorWidth = 3; // pixels
 
 } // namespace
 
@@ -43,13 +43,7 @@ void PictureView::syncStacking() {
   if (shownRank_ == rank)
     return;
   shownRank_ = rank;
-  widget()->setProperty(RankProperty, rank);
-  for (QObject* sibling : widget()->parentWidget()->children()) {
-    auto* other = qobject_cast<QWidget*>(sibling);
-    if (other && other != widget() && other->property(RankProperty).toInt() > rank)
-      return widget()->stackUnder(other);
-  }
-  widget()->raise();
+  setStackingRank(*widget(), rank);
 }
 
 void PictureView::syncCursor() {
@@ -60,10 +54,8 @@ void PictureView::syncCursor() {
       cursor_->hide();
     return;
   }
-  if (!cursor_) {
-    cursor_ = new SquareCursor(widget()->parentWidget());
-    cursor_->setProperty(RankProperty, std::numeric_limits<int>::max());
-  }
+  if (!cursor_)
+    cursor_ = new Mark(widget()->parentWidget(), CursorWidth);
   const int frame = board.Border ? 1 : 0;
   const int side = pixels(board.grid.side());
   const QPoint corner(pixels(square % board.grid.columns() * board.grid.side()),

@@ -5,8 +5,8 @@
 
 #include <QPoint>
 
+#include "desktop/qt/mark.h"
 #include "desktop/qt/picture_widget.h"
-#include "desktop/qt/square_cursor.h"
 #include "desktop/qt/widget_view.h"
 #include "model/forms/picture.h"
 
@@ -30,8 +30,8 @@ private:
   void press();
 
   int shownRank_ = -1;
-  SquareCursor* cursor_ = nullptr; // made at its first use
-  std::optional<QPoint> pointer_;  // whole pixels, as last reported
+  Mark* cursor_ = nullptr;        // made at its first use
+  std::optional<QPoint> pointer_; // whole pixels, as last reported
 };
 
 } // namespace forms::qt

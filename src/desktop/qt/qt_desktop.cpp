@@ -4,7 +4,7 @@
 #include <QDateTime>
 #include <QDir>
 
-#include "desktop/qt/accessible_picture.h"
+#include "desktop/qt/accessibility.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/file_dialog.h"
 #include "desktop/qt/look.h"
@@ -32,7 +32,7 @@ struct QtDesktop::Parts {
     application.setQuitOnLastWindowClosed(false);
     applyLook();
     speakSpanish();
-    installAccessiblePictures();
+    installAccessibility();
   }
 
   QApplication application;

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QToolTip>
 
+#include "desktop/qt/accessibility.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/focus_keeper.h"
 #include "desktop/qt/look.h"
@@ -76,14 +77,17 @@ void WidgetView::syncReach() {
     services().focus.release(*widget_);
   if (widget_->isEnabled() != enabled)
     widget_->setEnabled(enabled);
-  if (widget_->isHidden() == visible)
-    widget_->setVisible(visible);
+  if (widget_->isHidden() != visible)
+    return;
+  widget_->setVisible(visible);
+  tellShownOrHidden(*widget_);
 }
 
 void WidgetView::takeOff() {
   const Reporter::Quiet quiet(services().reporter);
   services().focus.release(*widget_);
   widget_->hide();
+  tellShownOrHidden(*widget_);
   services().reporter.bury(widget_);
 }
 
@@ -109,6 +113,7 @@ bool WidgetView::eventFilter(QObject* watched, QEvent* event) {
 
 bool WidgetView::pressed(const QMouseEvent& event) {
   const MouseButton button = toForms(event.button());
+  services().focus.useKeyboard(false);
   const bool goesOn =
       services().reporter.report([&](Forms& forms) { return forms.pressed(*element(), button); });
   const bool usable = goesOn && element() && widget_->isVisible() && widget_->isEnabled();

@@ -1,26 +1,28 @@
-#include "desktop/qt/square_cursor.h"
+#include "desktop/qt/mark.h"
 
 #include <QPainter>
 
+#include "desktop/qt/stacking.h"
+
 namespace forms::qt {
 
-SquareCursor::SquareCursor(QWidget* form) : QWidget(form) {
+Mark::Mark(QWidget* form, int width) : QWidget(form), width_(width) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
+  setStackingRank(*this, FrontRank);
   hide();
 }
 
 // Yellow between two dark lines: it shows on both tones of a board and on either side's units.
-void SquareCursor::paintEvent(QPaintEvent* /*event*/) {
-  constexpr int Width = 3;
+void Mark::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const auto frame = [&](int inset, const QColor& color) {
     painter.setPen(color);
     painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
   };
   frame(0, Qt::black);
-  for (int inset = 1; inset <= Width; ++inset)
+  for (int inset = 1; inset <= width_; ++inset)
     frame(inset, QColor(255, 214, 0));
-  frame(Width + 1, Qt::black);
+  frame(width_ + 1, Qt::black);
 }
 
 } // namespace forms::qt
