@@ -21,20 +21,21 @@ std::string fileName(const std::string& path) {
   return std::filesystem::path(path).filename().string();
 }
 
-// An empty side says nothing of the size: such an element takes the size of its text.
 template <class Point> bool covers(const Element& element, Point place) {
   return place.x >= element.Left && place.x < element.Left + element.Width &&
          place.y >= element.Top && place.y < element.Top + element.Height;
 }
 
 int frontRank(const Element& element) {
-  return element.kind() == Kind::Picture ? static_cast<const Picture&>(element).zOrderRank.get()
-                                         : 0;
+  const auto* const picture = dynamic_cast<const Picture*>(&element);
+  return picture ? picture->zOrderRank.get() : 0;
 }
 
-bool standsOnArea(const Element& element) {
-  return element.kind() != Kind::Window && element.kind() != Kind::MenuEntry &&
-         element.kind() != Kind::Timer;
+template <class... Kinds> std::string captionOf(const Element& element) {
+  std::string caption;
+  const auto take = [&caption](const auto* one) { caption += one ? one->Caption.get() : ""; };
+  (take(dynamic_cast<const Kinds*>(&element)), ...);
+  return caption;
 }
 
 } // namespace
@@ -47,7 +48,7 @@ void ScriptedDesktop::fail(const Name& about, const std::string& message) const 
     for (const Window* window : forms_->openWindows())
       screens += transcript(window->name());
   ADD_FAILURE_AT(about.where.file_name(), static_cast<int>(about.where.line()))
-      << message << (acting_ ? "\nduring the action on " + acting_->text : "") << "\n"
+      << message << "\nduring: " << acting_.text << "\n"
       << screens;
 }
 
@@ -70,7 +71,7 @@ std::optional<ScriptedDesktop::Expected> ScriptedDesktop::ask(Asked asked,
                                                               const std::string& text) {
   if (expected_.empty() || expected_.front().asked != asked ||
       expected_.front().text.text != text) {
-    fail(expected_.empty() ? acting_.value_or(Name(text)) : expected_.front().text,
+    fail(expected_.empty() ? acting_ : expected_.front().text,
          "Unexpected:\n" + text +
              (expected_.empty() ? "" : "\ninstead of:\n" + expected_.front().text.text));
     return std::nullopt;
@@ -106,7 +107,7 @@ void ScriptedDesktop::waitModal(Window& window) {
   modal_.push_back(&window);
   ask(Asked::Modal, window.name());
   if (window.isOpen()) {
-    fail(acting_.value_or(Name(window.name())), "The modal window was not closed.");
+    fail(acting_, "The modal window was not closed.");
     window.close();
   }
   modal_.pop_back();
@@ -115,7 +116,7 @@ void ScriptedDesktop::waitModal(Window& window) {
 std::optional<PictureSize> ScriptedDesktop::pictureSize(const std::string& path) {
   const std::string name = fileName(path);
   if (std::filesystem::path(path).parent_path().parent_path() != programFolder())
-    fail(acting_.value_or(Name(path)), "No picture lies there: " + path);
+    fail(acting_, "No picture lies there: " + path);
   if (allPicturesMissing || missingPictures.contains(name))
     return std::nullopt;
   static const std::map<std::string, int> boards = {
@@ -139,30 +140,23 @@ void ScriptedDesktop::windowOpened(Window& window) {
   const auto& open = forms_->openWindows();
   if (onScreen_.contains(&window) || std::find(open.begin(), open.end(), &window) == open.end())
     fail(Name(window.name()), "windowOpened for a window that is not open, or twice");
-  onScreen_[&window] = ++made_;
-  for (const Element* element : window.elements())
-    onScreen_[element] = ++made_;
+  onScreen_.insert(&window);
+  onScreen_.insert(window.elements().begin(), window.elements().end());
   active_ = &window;
 }
 
 void ScriptedDesktop::windowClosed(Window& window) {
-  if (!onScreen_.contains(&window))
-    fail(Name(window.name()), "windowClosed for an unknown window");
-  for (const Element* element : window.elements())
-    onScreen_.erase(element);
-  onScreen_.erase(&window);
-  if (focus_ && !onScreen_.contains(focus_))
-    focus_ = nullptr;
+  for (Element* element : window.elements())
+    removed(*element);
+  removed(window);
   if (active_ == &window)
     active_ = forms_->openWindows().empty() ? nullptr : forms_->openWindows().back();
-  ended_ = ended_ || window.windowKind() == WindowKind::Frame;
 }
 
 void ScriptedDesktop::changed(Element& element) {
   if (!onScreen_.contains(&element.window()))
     fail(Name(element.name()), "changed for an element of a closed window");
-  else if (!onScreen_.contains(&element))
-    onScreen_[&element] = ++made_;
+  onScreen_.insert(&element);
 }
 
 void ScriptedDesktop::removed(Element& element) {
@@ -182,19 +176,14 @@ void ScriptedDesktop::focusAsked(Element& element) {
 // --- Finding and reaching ------------------------------------------------------------------------
 
 Element* ScriptedDesktop::find(std::string_view name) const {
-  if (!forms_)
-    return nullptr;
-  const auto dot = name.find('.');
-  const auto window = dot == name.npos ? std::string_view() : name.substr(0, dot);
-  const auto own = dot == name.npos ? name : name.substr(dot + 1);
   Element* found = nullptr;
-  for (Window* open : forms_->openWindows()) {
-    if (!window.empty() && open->name() != window)
-      continue;
-    if (open->name() == own)
-      return open;
-    for (Element* element : open->elements()) {
-      if (element->name() != own)
+  for (Window* window : forms_ ? forms_->openWindows() : std::vector<Window*>()) {
+    if (window->name() == name)
+      return window;
+    for (Element* element : window->elements()) {
+      // Most are passed over by a look at their last character.
+      if (!name.ends_with(element->index() < 0 ? element->arrayName() : ")") ||
+          (element->name() != name && window->name() + "." + element->name() != name))
         continue;
       if (found)
         giveUp(Name(std::string(name)), "stands on two windows");
@@ -212,23 +201,20 @@ Element& ScriptedDesktop::known(const Name& name) {
 }
 
 std::string ScriptedDesktop::hindrance(const Element& element) const {
-  if (boxes_ > 0)
-    return "lies behind a box";
-  if (!modal_.empty() && modal_.back() != &element.window())
-    return "lies behind a modal window";
-  if (!onScreen_.contains(&element))
-    return "was never told to the screen";
-  if (!allAbove(element, &Element::Visible))
-    return "is hidden";
-  if (!allAbove(element, &Element::Enabled))
-    return "is disabled";
-  return "";
+  const bool behind = !modal_.empty() && modal_.back() != &element.window();
+  return boxes_ > 0                              ? "lies behind a box"
+         : behind                                ? "lies behind a modal window"
+         : !onScreen_.contains(&element)         ? "was never told to the screen"
+         : !allAbove(element, &Element::Visible) ? "is hidden"
+         : !allAbove(element, &Element::Enabled) ? "is disabled"
+                                                 : "";
 }
 
+// Menu entries and timers have no size, and so cover nothing.
 Element* ScriptedDesktop::topmostAt(const Window& window, Point place) const {
   Element* topmost = nullptr;
   for (Element* element : window.elements())
-    if (standsOnArea(*element) && element->Visible && covers(*element, place) &&
+    if (element->Visible && covers(*element, place) &&
         (!topmost || frontRank(*element) >= frontRank(*topmost)))
       topmost = element;
   return topmost;
@@ -238,32 +224,27 @@ Element* ScriptedDesktop::topmostAt(const Window& window, Point place) const {
 std::optional<ScriptedDesktop::Point> ScriptedDesktop::openPlace(const Element& element) const {
   const Point corner{element.Left, element.Top};
   if (element.Width == 0 || element.Height == 0)
-    return corner;
+    return corner; // it takes the size of its text, which is not known here
   const Window& window = element.window();
   const int right = window.ClientWidth ? window.ClientWidth : window.Width.get();
   const int bottom = window.ClientHeight ? window.ClientHeight : window.Height.get();
   constexpr int Steps = 16;
-  for (int row = 0; row < Steps; ++row) {
-    for (int column = 0; column < Steps; ++column) {
-      const Point place{corner.x + element.Width * ((column + Steps / 2) % Steps) / Steps,
-                        corner.y + element.Height * ((row + Steps / 2) % Steps) / Steps};
-      const bool inside = place.x >= 0 && place.y >= 0 && (right == 0 || place.x < right) &&
-                          (bottom == 0 || place.y < bottom);
-      if ((inside || window.Maximized) && topmostAt(window, place) == &element)
-        return place;
-    }
+  for (int i = Steps * Steps / 2; i < Steps * Steps * 3 / 2; ++i) {
+    const Point place{corner.x + element.Width * ((i + Steps / 2) % Steps) / Steps,
+                      corner.y + element.Height * (i / Steps % Steps) / Steps};
+    const bool inside = place.x >= 0 && place.y >= 0 && place.x < right && place.y < bottom;
+    if (inside && topmostAt(window, place) == &element)
+      return place;
   }
   return std::nullopt;
 }
 
 // --- What a person does --------------------------------------------------------------------------
 
+// True when the element has taken the press and still stands there.
 bool ScriptedDesktop::press(Element& element, MouseButton button) {
-  const auto before = onScreen_.find(&element)->second;
-  if (!forms_->pressed(element, button))
-    return false;
-  const auto after = onScreen_.find(&element);
-  return after != onScreen_.end() && after->second == before && hindrance(element).empty();
+  return forms_->pressed(element, button) && onScreen_.contains(&element) &&
+         hindrance(element).empty();
 }
 
 bool ScriptedDesktop::act(Element& element, Point place, MouseButton button) {
@@ -325,19 +306,19 @@ void ScriptedDesktop::hover(Picture& picture, Point place) {
 
 void ScriptedDesktop::type(Name name, std::string_view text) {
   auto& box = usable<TextBox>(name);
-  const bool focused = press(box, MouseButton::Left);
-  if (!focused || focus_ != &box || box.ReadOnly)
+  if (!press(box, MouseButton::Left) || box.ReadOnly)
     giveUp(name, "takes no keys");
+  std::string key;
   if (text.empty())
     forms_->typed(box, "");
-  for (std::size_t start = 0, end = 0; end < text.size(); start = end) {
-    do
-      ++end;
-    while (end < text.size() && (text[end] & 0xC0) == 0x80);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    key += text[i];
+    if (i + 1 < text.size() && (text[i + 1] & 0xC0) == 0x80)
+      continue; // the character has more bytes
     if (focus_ != &box || !hindrance(box).empty())
       giveUp(name, "takes no more keys");
-    forms_->typed(box, (start == 0 ? "" : box.Text.get()) +
-                           std::string(text.substr(start, end - start)));
+    const bool first = key.size() == i + 1; // it replaces what is there
+    forms_->typed(box, (first ? "" : box.Text.get()) + std::exchange(key, {}));
   }
 }
 
@@ -400,15 +381,14 @@ bool ScriptedDesktop::activate(Name name) {
 void ScriptedDesktop::tick(int seconds) {
   while (seconds-- > 0) {
     clock += 1s;
-    std::vector<std::pair<Timer*, int>> running;
+    std::vector<Element*> running;
     for (const Window* window : forms_->openWindows())
-      for (Element* element : window->elements())
-        if (element->kind() == Kind::Timer && element->Enabled)
-          running.emplace_back(static_cast<Timer*>(element), onScreen_.at(element));
-    for (const auto& [timer, number] : running)
-      if (const auto still = onScreen_.find(timer);
-          still != onScreen_.end() && still->second == number)
-        forms_->ticked(*timer);
+      std::copy_if(window->elements().begin(), window->elements().end(),
+                   std::back_inserter(running),
+                   [](auto* one) { return one->kind() == Kind::Timer && one->Enabled; });
+    for (Element* timer : running)
+      if (onScreen_.contains(timer))
+        forms_->ticked(static_cast<Timer&>(*timer));
   }
 }
 
@@ -422,27 +402,19 @@ bool ScriptedDesktop::allAbove(const Element& element, Property<bool> Element::*
 }
 
 std::string ScriptedDesktop::textOf(const Element& element) {
-  if (const auto* window = dynamic_cast<const Window*>(&element))
-    return window->Caption;
-  if (const auto* label = dynamic_cast<const Label*>(&element))
-    return label->Caption;
-  if (const auto* button = dynamic_cast<const Button*>(&element))
-    return button->Caption;
-  if (const auto* entry = dynamic_cast<const MenuEntry*>(&element))
-    return entry->Caption;
   if (const auto* box = dynamic_cast<const TextBox*>(&element))
     return box->Text;
   if (const auto* list = dynamic_cast<const DropList*>(&element))
     return list->Text();
-  const auto* const box = dynamic_cast<const CheckBox*>(&element);
-  return box ? std::to_string(box->Value.get()) : "";
+  if (const auto* box = dynamic_cast<const CheckBox*>(&element))
+    return std::to_string(box->Value.get());
+  return captionOf<Window, Label, Button, MenuEntry>(element);
 }
 
 std::string ScriptedDesktop::pictureOf(const Element& element) {
-  if (const auto* window = dynamic_cast<const Window*>(&element))
-    return fileName(window->Icon);
   const auto* const picture = dynamic_cast<const Picture*>(&element);
-  return picture ? fileName(picture->picturePath()) : "";
+  const auto* const window = dynamic_cast<const Window*>(&element);
+  return fileName(picture ? picture->picturePath() : window ? window->Icon.get() : "");
 }
 
 bool ScriptedDesktop::visible(Name name) {
@@ -464,15 +436,13 @@ std::string ScriptedDesktop::transcript(std::string_view name) const {
     return std::string(name) + " is closed\n";
   std::ostringstream lines;
   lines << name << " \"" << window->Caption.get() << "\"\n";
-  for (const Element* element : window->elements()) {
-    if (!element->Visible || element->kind() == Kind::Timer)
-      continue;
-    lines << (element == focus_ ? "* " : "  ") << element->name() << " " << element->Left.get()
-          << "," << element->Top.get() << " " << element->Width.get() << "x"
-          << element->Height.get() << (element->Enabled ? "" : " disabled") << " \""
-          << textOf(*element) << "\" " << pictureOf(*element) << " ["
-          << element->AccessibleName.get() << "]\n";
-  }
+  for (const Element* element : window->elements())
+    if (element->Visible && element->kind() != Kind::Timer)
+      lines << (element == focus_ ? "* " : "  ") << element->name() << " " << element->Left.get()
+            << "," << element->Top.get() << " " << element->Width.get() << "x"
+            << element->Height.get() << (element->Enabled ? "" : " disabled") << " \""
+            << textOf(*element) << "\" " << pictureOf(*element) << " ["
+            << element->AccessibleName.get() << "]\n";
   return lines.str();
 }
 

@@ -83,8 +83,6 @@ public:
 
   // --- What a person sees ----------------------------------------------------------------------
   bool isOpen(std::string_view window) const { return find(window) != nullptr; }
-  // True once the frame window has closed.
-  bool ended() const { return ended_; }
   std::string focused() override { return focus_ ? focus_->name() : ""; }
   // False also for an array element that does not exist. For a menu entry: it and all above it.
   bool visible(Name element);
@@ -161,17 +159,14 @@ private:
   std::optional<Expected> ask(Asked asked, const std::string& text);
 
   TemporaryFolder folder_;
-  forms::Forms* forms_ = nullptr; // of the first window opened
-  // What stands on the screen, each with a number of its own: addresses are used again.
-  std::map<const forms::Element*, int> onScreen_;
-  int made_ = 0;
+  forms::Forms* forms_ = nullptr;            // of the first window opened
+  std::set<const forms::Element*> onScreen_; // windows too
   std::deque<Expected> expected_;
   int boxes_ = 0;
   std::vector<forms::Window*> modal_;
   const forms::Element* focus_ = nullptr; // of what stands on the screen
   forms::Window* active_ = nullptr;
-  std::optional<Name> acting_; // the action that goes on
-  bool ended_ = false;
+  Name acting_{"opening"}; // the action that goes on
 
 public:
   ScriptedDesktop(const ScriptedDesktop&) = delete;

@@ -79,11 +79,10 @@ public:
     btn.Shortcut = "Ctrl+Shift+D";
     for (forms::TextBox* box : {&txtA, &txtB})
       box->Change = [this, box] { log_.add(box->name() + "_Change"); };
-    chk.Click = [this] { log_.add("chk_Click"); };
-    com.Click = [this] { log_.add("com_Click"); };
-    btn.Click = [this] { log_.add("btn_Click"); };
-    lbl.Click = [this] { log_.add("lbl_Click"); };
-    pic.Click = [this] { log_.add("pic_Click"); };
+    const auto logClick = [this](auto&... elements) {
+      ((elements.Click = [this, &elements] { log_.add(elements.name() + "_Click"); }), ...);
+    };
+    logClick(chk, com, btn, lbl, pic);
     pic.MouseDown = [this](forms::MouseButton button) {
       log_.add(button == forms::MouseButton::Left ? "pic_Left" : "pic_Right");
     };
@@ -127,9 +126,8 @@ struct TestProgram {
   ~TestProgram() {
     log.on.clear();
     forms.afterEvent = {};
-    for (LoggingWindow* window :
-         {static_cast<LoggingWindow*>(&one), static_cast<LoggingWindow*>(&two),
-          static_cast<LoggingWindow*>(&own), static_cast<LoggingWindow*>(&frame)}) {
+    LoggingWindow* const windows[] = {&one, &two, &own, &frame};
+    for (LoggingWindow* window : windows) {
       window->letClose = true;
       window->close();
     }

