@@ -11,6 +11,7 @@
 #   <output folder>/img/...@3x.jpg      and at three times
 #   <output folder>/ico/tiempo.ico      the icon of the main window, 16 to 256 pixels
 #   <output folder>/ico/adelante.ico    the icon of its child windows, likewise
+#   <output folder>/ico/tiempo.png      the main icon at 256 pixels, for the menu of the desktop
 
 function(_find_picture_tool variable package program)
   find_program(${variable} NAMES ${program} ${ARGN})
@@ -97,6 +98,16 @@ function(render_pictures target output_folder)
     _render_icon(${output} ${sources}/ico/${icon}.svg)
     list(APPEND pictures ${output})
   endforeach()
+
+  set(icon ${output_folder}/ico/tiempo.png)
+  add_custom_command(
+    OUTPUT ${icon}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${output_folder}/ico
+    COMMAND ${RSVG_CONVERT} --width 256 --height 256 --output ${icon} ${sources}/ico/tiempo.svg
+    DEPENDS ${sources}/ico/tiempo.svg ${CMAKE_CURRENT_FUNCTION_LIST_FILE}
+    COMMENT "Rendering tiempo.png"
+    VERBATIM)
+  list(APPEND pictures ${icon})
 
   add_custom_target(${target} ALL DEPENDS ${pictures})
 endfunction()
