@@ -110,7 +110,6 @@ void Forms::windowOpened(Window& window) {
   window.focused_ = firstInTabOrder(window, [](Element&) { return true; });
   desktop_.windowOpened(window);
   if (window.windowKind() == WindowKind::Child) {
-    children_.insert(children_.begin(), &window);
     passOver(activate(window));
   } else if (window.focused_) {
     desktop_.focusAsked(*window.focused_);
@@ -161,7 +160,8 @@ bool Forms::takeFocus(Element& element) {
     return false;
   Element* const left = window.focused_;
   window.focused_ = &element;
-  if (left && left != &element && leaving_ == 0) {
+  // A closing check that points at what is wrong is no departure from where the focus was.
+  if (left && left != &element && leaving_ == 0 && !window.closing_) {
     const Leaving leaving(*this);
     raise(left->LostFocus);
     if (window.focused_ != &element)
