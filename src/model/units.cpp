@@ -42,8 +42,10 @@ std::string squareDescription(const Principal& principal, int n) {
 }
 
 std::string unitDescription(const Principal& principal, int n, const Casilla& unit, bool selected) {
-  return unitName(unit.TUnidad) + ", Jugador " + std::to_string(unit.Jugador) + ", " +
-         squareDescription(principal, n) + (selected ? ", seleccionada" : "");
+  const std::string name = unitName(unit.TUnidad);
+  // A hand-edited file can hold a unit without a type.
+  return (name.empty() ? "Unidad sin tipo" : name) + ", Jugador " + std::to_string(unit.Jugador) +
+         ", " + squareDescription(principal, n) + (selected ? ", seleccionada" : "");
 }
 
 std::string emptySquareDescription(const Principal& principal, int n) {
