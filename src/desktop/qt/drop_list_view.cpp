@@ -36,6 +36,10 @@ void DropListView::syncKind() {
     list().setCurrentIndex(shown.ListIndex());
 }
 
+QString DropListView::description() const {
+  return toQt(elementAs<DropList>()->Text());
+}
+
 void DropListView::takeOff() {
   list().hidePopup();
   WidgetView::takeOff();

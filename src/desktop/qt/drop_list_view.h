@@ -14,6 +14,7 @@ public:
 
 protected:
   void syncKind() override;
+  QString description() const override;
   void takeOff() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 

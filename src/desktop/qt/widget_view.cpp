@@ -59,15 +59,21 @@ void WidgetView::syncNames() {
   if (widget_->accessibleName() != name)
     widget_->setAccessibleName(name);
 
+  const QString said = description();
+  if (widget_->accessibleDescription() != said)
+    widget_->setAccessibleDescription(said);
+
   const QString tip = toQt(element()->ToolTipText);
-  if (widget_->accessibleDescription() != tip)
-    widget_->setAccessibleDescription(tip);
   if (widget_->toolTip() == tip)
     return;
   widget_->setToolTip(tip);
   // A tip on the screen keeps its old text until the pointer moves on.
   if (QToolTip::isVisible() && widget_->underMouse())
     QToolTip::showText(QCursor::pos(), tip, widget_);
+}
+
+QString WidgetView::description() const {
+  return toQt(element()->ToolTipText);
 }
 
 void WidgetView::syncReach() {

@@ -29,6 +29,8 @@ protected:
   virtual void syncKind() = 0;
   // Text that names the element when it has no AccessibleName.
   virtual QString caption() const { return {}; }
+  // What screen readers say after the name.
+  virtual QString description() const;
   // Pixels on the form for the element's own place and size.
   virtual QRect placeFor(const QRect& wanted) const { return wanted; }
   void takeOff() override;
