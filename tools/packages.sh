@@ -12,10 +12,15 @@ if [[ -n ${WAYLAND_DISPLAY:-} && -z ${DISPLAY:-} ]]; then
   packages_play+=(qt6-wayland)
 fi
 
+# A screen that nobody sits at, and hands and eyes to play there.
+packages_demo=(
+  xvfb openbox xdotool x11-utils imagemagick
+  dbus at-spi2-core gir1.2-atspi-2.0 python3 python3-gi
+)
+
 # Compiling and running the tests and static checks.
 packages_test=(
-  libgtest-dev libgmock-dev libbenchmark-dev ccache
-  xvfb openbox xdotool x11-utils python3
+  libgtest-dev libgmock-dev libbenchmark-dev ccache python3
   clang clang-format clang-tidy cppcheck
 )
 
@@ -24,7 +29,7 @@ packages_test=(
 packages_windows=(
   g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev
   wine wine64 fonts-wine fonts-liberation
-  cmake ninja-build qt6-base-dev qt6-base-dev-tools dpkg-dev xz-utils zip unzip
+  cmake ninja-build qt6-base-dev qt6-base-dev-tools dpkg-dev xz-utils
 )
 
 # install_missing PURPOSE...: installs the packages of these purposes that are not there yet. Returns 1
