@@ -79,60 +79,21 @@ public:
   }
 
   QStringList actionNames() const override {
-    return QStringList{showMenuAction()} + QAccessibleWidget::actionNames();
-  }
-
-  void doAction(const QString& name) override {
-    if (name != showMenuAction())
-      QAccessibleWidget::doAction(name);
-    else if (list().view()->isVisible())
-      list().hidePopup();
-    else if (list().isEnabled())
-      list().showPopup();
-  }
-
-private:
-  QComboBox& list() const { return *static_cast<QComboBox*>(widget()); }
-};
-
-// File dialogs have lists too, and labels for them.
-bool isOnForm(const QWidget& widget) {
-  return dynamic_cast<Form*>(widget.parentWidget());
-}
-
-// Qt's own has the chosen item for its name on some systems, and no way to choose another.
-class AccessibleList final : public QAccessibleWidget {
-public:
-  explicit AccessibleList(QComboBox* list) : QAccessibleWidget(list, QAccessible::ComboBox) {}
-
-  QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Value ? list().currentText() : QAccessibleWidget::text(kind);
-  }
-
-  int childCount() const override { return 1; }
-
-  QAccessibleInterface* child(int index) const override {
-    return index == 0 ? QAccessible::queryAccessibleInterface(list().view()) : nullptr;
-  }
-
-  int indexOfChild(const QAccessibleInterface* child) const override {
-    return child && child->object() == list().view() ? 0 : -1;
-  }
-
-  QStringList actionNames() const override {
     return QStringList{showMenuAction(), increaseAction(), decreaseAction()} +
            QAccessibleWidget::actionNames();
   }
 
   void doAction(const QString& name) override {
-    if (name == showMenuAction())
-      list().showPopup();
-    else if (name == increaseAction())
+    if (name == increaseAction())
       choose(list().currentIndex() + 1);
     else if (name == decreaseAction())
       choose(list().currentIndex() - 1);
-    else
+    else if (name != showMenuAction())
       QAccessibleWidget::doAction(name);
+    else if (list().view()->isVisible())
+      list().hidePopup();
+    else if (list().isEnabled())
+      list().showPopup();
   }
 
 private:
@@ -148,16 +109,14 @@ private:
   }
 };
 
-// Not a list of Qt's own dialogs.
+// File dialogs have lists too, and labels for them.
 bool isOnForm(const QWidget& widget) {
-  return dynamic_cast<Form*>(widget.parentWidget()) != nullptr;
+  return dynamic_cast<Form*>(widget.parentWidget());
 }
 
 QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
   if (auto* const picture = dynamic_cast<PictureWidget*>(object))
     return new AccessiblePicture(picture);
-  if (auto* const list = qobject_cast<QComboBox*>(object); list && isOnForm(*list))
-    return new AccessibleList(list);
   if (auto* const form = dynamic_cast<Form*>(object))
     return new AccessibleForm(form);
   if (auto* const list = qobject_cast<QComboBox*>(object); list && isOnForm(*list))

@@ -36,8 +36,6 @@ void makeRoomForTitle(QMessageBox& shown) {
 
 Answer showMessageBox(const MessageBox& box, QWidget* parent) {
   QMessageBox shown(parent);
-  shown.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                       Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
   shown.setWindowTitle(toQt(box.title));
   shown.setTextFormat(Qt::PlainText);
   shown.setText(toQt(box.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
