@@ -37,8 +37,9 @@ public:
     for (int n = 1; n <= 64; ++n) {
       Casilla& square = principal.Casillas(n);
       const bool own = n > 48, enemy = n <= 16;
-      square.Jugador = own ? 1 : enemy ? 2 : 0;
-      square.TUnidad = own || enemy ? static_cast<std::uint8_t>(n % 8 == 4 ? BAN : INF + n % 4) : 0;
+      const int type = n % 8 == 4 ? int{BAN} : INF + n % 4;
+      square.Jugador = static_cast<std::uint8_t>(own ? 1 : enemy ? 2 : 0);
+      square.TUnidad = static_cast<std::uint8_t>(own || enemy ? type : 0);
     }
   }
 

@@ -1,6 +1,6 @@
 #include "shell/frm_principal.h"
 
-#include <cstdio>
+#include <algorithm>
 
 #include "deployment/frm_nuevo_juego.h"
 #include "model/colors.h"
@@ -18,10 +18,12 @@ namespace {
 
 // "JuegoGuardado-05-03-2021-14-22-07" of 5 March 2021, 14:22:07.
 std::string proposedNameAt(const char* stem, const forms::DateTime& time) {
-  char stamp[64];
-  std::snprintf(stamp, sizeof stamp, "-%02d-%02d-%04d-%02d-%02d-%02d", time.day, time.month,
-                time.year, time.hour, time.minute, time.second);
-  return stem + std::string(stamp);
+  const auto digits = [](int number, std::size_t width) {
+    const std::string text = std::to_string(number);
+    return "-" + std::string(width - std::min(width, text.size()), '0') + text;
+  };
+  return stem + digits(time.day, 2) + digits(time.month, 2) + digits(time.year, 4) +
+         digits(time.hour, 2) + digits(time.minute, 2) + digits(time.second, 2);
 }
 
 } // namespace

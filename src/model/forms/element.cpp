@@ -33,8 +33,7 @@ std::string Element::name() const {
 }
 
 Window& Element::window() const {
-  // A window is its own window; nothing else is made without one.
-  return window_ ? *window_ : *static_cast<Window*>(const_cast<Element*>(this));
+  return *window_;
 }
 
 bool Element::SetFocus() {

@@ -67,6 +67,7 @@ public:
 
 private:
   friend class PropertyBase;
+  friend class Window;                 // which is its own window
   PropertyBase* properties_ = nullptr; // before the properties, which enter themselves here
 
 public:

@@ -18,7 +18,14 @@ void ElementArrayBase::tellRemoved(Element& element) {
 }
 
 Window::Window(Forms& forms, WindowKind windowKind, std::string_view name)
-    : Element(Kind::Window, nullptr, name), forms_(forms), windowKind_(windowKind) {}
+    : Element(Kind::Window, nullptr, name), forms_(forms), windowKind_(windowKind) {
+  window_ = this;
+}
+
+Window::~Window() {
+  // What is left of this object is no element of a window.
+  window_ = nullptr;
+}
 
 void Window::made() {
   keepAsMade();

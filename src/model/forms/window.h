@@ -38,6 +38,7 @@ enum class WindowKind { Frame, Child, Own };
 class Window : public Element {
 public:
   Window(Forms& forms, WindowKind windowKind, std::string_view name);
+  ~Window() override;
 
   Forms& forms() const { return forms_; }
   WindowKind windowKind() const { return windowKind_; }
