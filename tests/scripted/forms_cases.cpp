@@ -84,6 +84,14 @@ TEST_F(FormsCases, TheTabKeyGoesRoundInTabOrderPastWhatCannotBeReached) {
     player->tab(), way += player->focused() + " ";
   player->tab(false);
   EXPECT_EQ(way + player->focused(), "txtB btn pic txtA pic");
+  // From an element outside the order to either end.
+  for (const auto& [forwards, end] : {std::pair(true, "txtA"), std::pair(false, "pic")}) {
+    passOver(one.picUnidad.Load(1));
+    one.picUnidad(1)->Visible = true;
+    EXPECT_TRUE(one.picUnidad(1)->SetFocus());
+    player->tab(forwards);
+    EXPECT_EQ(player->focused(), end);
+  }
 }
 
 TEST_F(FormsCases, ABoxLeavesTheFocusAndTicksGoOnBehindIt) {
@@ -200,8 +208,8 @@ TEST_F(FormsCases, AnElementMayVanishInItsOwnEvent) {
   EXPECT_TRUE(player->click("frmUno.txtA"));
   EXPECT_EQ(log.take(), "");
   // Also in the event that hands it the focus.
-  log.on["txtA_LostFocus"] = [&] { one.btn.Enabled = false; };
-  EXPECT_FALSE(player->click("frmUno.btn"));
+  log.on["txtA_LostFocus"] = [&] { one.pic.Enabled = false; };
+  EXPECT_FALSE(player->click("frmUno.pic"));
   EXPECT_EQ(log.take(), "txtA_LostFocus");
 }
 
@@ -230,10 +238,13 @@ TEST_F(FormsCases, AModalWindowHoldsItsCallerAndBlocksTheOthers) {
 }
 
 TEST_F(FormsCases, TheFrameAsksAllItsChildrenBeforeAnyCloses) {
-  two.letClose = false;
-  EXPECT_FALSE(player->closeWindow("frmMarco"));
-  EXPECT_TRUE(one.isOpen());
-  two.letClose = true;
+  for (LoggingWindow* refuses :
+       {static_cast<LoggingWindow*>(&frame), static_cast<LoggingWindow*>(&one)}) {
+    refuses->letClose = false;
+    EXPECT_FALSE(player->closeWindow("frmMarco"));
+    EXPECT_TRUE(two.isOpen());
+    refuses->letClose = true;
+  }
   log.take();
   // A second wish to close, from a tick behind the question, changes nothing.
   log.on["frmMarco_QueryUnload"] = [&] {
@@ -260,6 +271,7 @@ TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
   board.grid.nameOfEmptySquare = [](int n) { return "vacío " + std::to_string(n); };
   ASSERT_TRUE(one.picUnidad.Load(5));
   Picture& unit = *one.picUnidad(5);
+  unit.Width = 480;
   unit.Left = board.Left + 600 + 60;
   unit.Top = board.Top + 600 + 60;
   unit.AccessibleName = std::string("Unidad");
@@ -289,6 +301,8 @@ TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
       {Key::Space, 4, "vacío 4", "300,900 pic_Left pic_Click"},
       {Key::Right, 5, "Unidad", ""},
       {Key::Enter, 5, "Unidad", "unit_Left picUnidad_Click5"},
+      {Key::Right, 6, "vacío 6", "1500,900"},
+      {Key::Left, 5, "Unidad", ""},
       {Key::Delete, 5, "vacío 5", "unit_Right"},
       {Key::Up, 2, "vacío 2", "900,300"},
       {Key::Up, 2, "vacío 2", "900,300"},
@@ -300,6 +314,7 @@ TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
     EXPECT_EQ(board.grid.square(), row.square);
     EXPECT_EQ(board.AccessibleName.get(), row.name);
     EXPECT_EQ(log.take(), row.events) << row.square;
+    EXPECT_EQ(player->focused(), row.key == Key::Enter ? "picUnidad(5)" : "pic") << row.square;
   }
   EXPECT_FALSE(player->key(Key::Escape));
   EXPECT_TRUE(one.btn.SetFocus());
