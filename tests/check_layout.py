@@ -27,8 +27,8 @@ SCREEN = "desktop/qt"
 SCREEN_MAY_INCLUDE = {SCREEN, "model/forms"}
 LONGEST_SEAM = 12
 
-TEXT_FILES = {".cpp", ".h", ".cmake", ".in", ".json", ".md", ".py", ".sh", ".supp", ".svg"}
-MORE_TEXT_FILES = {"CMakeLists.txt", "jugar", "probar", "run"}
+TEXT_FILES = {".cpp", ".h", ".cmake", ".in", ".json", ".manifest", ".md", ".py", ".sh", ".supp", ".svg"}
+MORE_TEXT_FILES = {"CMakeLists.txt", "jugar", "probar", "probar-windows", "empaquetar", "run"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
