@@ -10,6 +10,7 @@
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/form.h"
+#include "desktop/qt/look.h"
 #include "desktop/qt/reporter.h"
 
 namespace forms::qt {
@@ -19,6 +20,8 @@ ChildWindow::ChildWindow(Window& window, Services services, QMdiArea& area)
       form_(new Form(window, services)) {
   setObjectName(toQt(window.name()));
   setWidget(form_);
+  // The title's: the system's might be too large for a window of this size.
+  setFont(fontFor({}));
   makeSystemMenu();
   // A press on the title would move the focus past the forms layer.
   setFocusPolicy(Qt::NoFocus);

@@ -6,6 +6,7 @@
 #include <QFileSystemModel>
 #include <QHeaderView>
 #include <QLocale>
+#include <QSplitter>
 #include <QStyledItemDelegate>
 #include <QTreeView>
 
@@ -39,6 +40,7 @@ QString existingFolder(const QString& wanted) {
   return folder.absolutePath();
 }
 
+constexpr int NameColumn = 0;
 constexpr int SizeColumn = 1;
 constexpr int TypeColumn = 2;
 constexpr int DateColumn = 3;
@@ -77,11 +79,15 @@ void setSpanishCells(QFileDialog& shown) {
   auto* const cells = new SpanishCells(details);
   details->setItemDelegateForColumn(SizeColumn, cells);
   details->setItemDelegateForColumn(DateColumn, cells);
+  // In the font that the system gives the dialog, so that nothing is cut.
   const int digit = details->fontMetrics().horizontalAdvance(QStringLiteral("0"));
+  details->header()->resizeSection(NameColumn, 36 * digit);
   details->header()->resizeSection(SizeColumn, 11 * digit);
   details->header()->resizeSection(TypeColumn, 13 * digit);
   details->header()->resizeSection(DateColumn, 20 * digit);
-  shown.resize(shown.sizeHint().expandedTo({100 * digit, 0}));
+  if (auto* const splitter = shown.findChild<QSplitter*>())
+    splitter->setSizes({18 * digit, 84 * digit});
+  shown.resize(shown.sizeHint().expandedTo({106 * digit, 0}));
 }
 
 // What Qt's translation leaves to the system's theme, or lacks.

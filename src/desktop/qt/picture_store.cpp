@@ -61,8 +61,9 @@ std::optional<PictureSize> PictureStore::size(const QString& path) {
 }
 
 QPixmap PictureStore::pixmap(const QString& path, QSize size, qreal ratio) {
-  const QSize device(static_cast<int>(std::lround(size.width() * ratio)),
-                     static_cast<int>(std::lround(size.height() * ratio)));
+  // Whole device pixels, none of the element's left uncovered.
+  const QSize device(static_cast<int>(std::ceil(size.width() * ratio)),
+                     static_cast<int>(std::ceil(size.height() * ratio)));
   const QString key = QStringLiteral("%1|%2x%3").arg(path).arg(device.width()).arg(device.height());
   if (const auto known = pixmaps_.constFind(key); known != pixmaps_.constEnd())
     return *known;

@@ -60,7 +60,7 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
   if (pixmap.isNull())
     painter.fillRect(inner, looks_.background);
   else
-    painter.drawPixmap(inner, pixmap);
+    painter.drawPixmap(inner.topLeft(), pixmap); // pixel by pixel
   if (looks_.border)
     drawBorder(painter, rect());
   if (looks_.raised)
