@@ -271,8 +271,8 @@ TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
   board.grid.nameOfEmptySquare = [](int n) { return "vacío " + std::to_string(n); };
   ASSERT_TRUE(one.picUnidad.Load(5));
   Picture& unit = *one.picUnidad(5);
-  unit.Width = 480;
-  unit.Left = board.Left + 600 + 60;
+  unit.Width = unit.Height = 230;
+  unit.Left = board.Left + 600 + 60; // the middle of the square stays free
   unit.Top = board.Top + 600 + 60;
   unit.AccessibleName = std::string("Unidad");
   unit.Visible = true;

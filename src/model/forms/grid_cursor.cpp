@@ -10,9 +10,11 @@ namespace {
 
 constexpr int FrameWidth = 15; // twips of the picture's frame
 
-bool contains(const Element& element, int x, int y) {
-  return x >= element.Left && x < element.Left + element.Width && y >= element.Top &&
-         y < element.Top + element.Height;
+// What stands on a square need not reach the square's middle: its own lies on the square.
+bool standsOn(const Element& element, int left, int top, int side) {
+  const int x = element.Left + element.Width / 2 - left;
+  const int y = element.Top + element.Height / 2 - top;
+  return x >= 0 && x < side && y >= 0 && y < side;
 }
 
 } // namespace
@@ -37,11 +39,12 @@ Element& GridCursor::target() const {
   if (square_ == 0)
     return board_;
   const int frame = board_.Border ? FrameWidth : 0;
-  const int x = board_.Left + frame + middleX();
-  const int y = board_.Top + frame + middleY();
+  const int left = board_.Left + frame + (square_ - 1) % columns_ * side_;
+  const int top = board_.Top + frame + (square_ - 1) / columns_ * side_;
   Picture* front = &board_;
   for (Element* element : board_.window().elements()) {
-    if (element->kind() != Kind::Picture || !element->Visible || !contains(*element, x, y))
+    if (element->kind() != Kind::Picture || !element->Visible ||
+        !standsOn(*element, left, top, side_))
       continue;
     auto* picture = static_cast<Picture*>(element);
     if (picture->zOrderRank.get() >= front->zOrderRank.get())
