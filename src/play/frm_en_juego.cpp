@@ -206,12 +206,14 @@ void frmEnJuego::removeMarkers() {
     passOver(picMovimientoPermitido.Unload(i));
 }
 
-// Escape takes the selection back, as a second click on the unit does.
+// Escape takes the selection back, as a second click on the unit does. The focus stays with the
+// picture that carries the cursor's name.
 bool frmEnJuego::Form_KeyDown(forms::Key key, int /*digit*/) {
   const int n = key == forms::Key::Escape ? selectedSquare() : 0;
   if (n == 0)
     return false;
   forms().clicked(*picUnidad(n));
+  passOver(picTablero.SetFocus());
   return true;
 }
 
