@@ -60,12 +60,16 @@ def wait_for(what, ask):
     return answer
 
 
-def shows(element):
-    """Whether it is on the screen; what has vanished meanwhile is not."""
+def has(element, state):
+    """What has vanished meanwhile has no state."""
     try:
-        return element.get_state_set().contains(Atspi.StateType.SHOWING)
+        return element.get_state_set().contains(state)
     except GLib.Error:
         return False
+
+
+def shows(element):
+    return has(element, Atspi.StateType.SHOWING)
 
 
 def window_of(element):
@@ -154,10 +158,6 @@ class Player:
         environment = self.environment | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
         self.program = self.session.start(str(self.folder / "falanges"), env=environment)
 
-    def exit_code(self):
-        """Waits until the program has ended by itself."""
-        return self.program.wait(PATIENCE)
-
     # --- Eyes ---------------------------------------------------------------------------------------
 
     def elements(self, below=None):
@@ -184,6 +184,12 @@ class Player:
     def find(self, name, role=None, below=None):
         return wait_for(f"{role or ''} {name!r}", lambda: self.look(name, role, below))
 
+    def names_with(self, state):
+        try:
+            return [element.get_name() for element in self.elements() if has(element, state)]
+        except GLib.Error:
+            return []  # something vanished while it was looked at
+
     def windows(self):
         """Captions of the top-level windows."""
         application = self.look("*", "application")
@@ -200,9 +206,8 @@ class Player:
 
     def area(self, element):
         """Its place on the screen, once the window manager has placed and activated its window."""
-        active = Atspi.StateType.ACTIVE
         window = window_of(element)
-        wait_for("an active window", lambda: window.get_state_set().contains(active))
+        wait_for("the window to be active", lambda: has(window, Atspi.StateType.ACTIVE))
         return Atspi.Component.get_extents(element, Atspi.CoordType.SCREEN)
 
     def picture(self, path):
@@ -216,6 +221,35 @@ class Player:
             print(f"  {element.get_role_name()} {element.get_name()!r}")
         print((self.session.folder / "falanges.log").read_text())
 
+    # --- Ears ---------------------------------------------------------------------------------------
+
+    def listen(self):
+        """Keeps from now on what the program says on the bus: names that change or get the focus."""
+        self.heard = []
+        self.listener = Atspi.EventListener.new(self.hear)
+        self.listener.register("object:property-change:accessible-name")
+        self.listener.register("object:state-changed:focused")
+
+    def hear(self, event):
+        lost = "focused" in event.type and not event.detail1
+        if not lost and shows(event.source):
+            self.heard.append(event.source.get_name())
+
+    def hears(self, words):
+        """Waits for the words and forgets what was said before them."""
+        said = wait_for(f"{words!r} to be said", lambda: fnmatch.filter(self.heard, words))[0]
+        del self.heard[: self.heard.index(said) + 1]
+        return said
+
+    def focused(self):
+        """Name of the element with the focus."""
+        names = self.names_with(Atspi.StateType.FOCUSED)
+        return names[-1] if names else ""  # the innermost
+
+    def press(self, name):
+        """What a screen reader does to activate an element."""
+        assert Atspi.Action.do_action(self.find(name, "push button"), 0)
+
     # --- Hands --------------------------------------------------------------------------------------
 
     def tool(self, *command):
@@ -225,6 +259,7 @@ class Player:
         return run.stdout.decode()
 
     def keys(self, *keys):
+        wait_for("an active window", lambda: self.names_with(Atspi.StateType.ACTIVE))
         self.tool("xdotool", "key", *keys)
 
     def click_at(self, x, y, button=1, times=1):
@@ -304,6 +339,20 @@ class Player:
         else:
             self.click(button, "push button", box)
         wait_for("the box to go", lambda: not shows(box))
+
+    def pass_information(self):
+        """The box that opens and ends a run. Gives its words."""
+        box = self.find("*", "alert")
+        words = self.find("*", "label", box).get_name()
+        self.answer(words, key="Return", title=box.get_name())
+        return words
+
+    def leave(self):
+        """Closes the program, which must end well."""
+        self.keys("alt+F4")
+        self.answer("¿Está seguro de salir y cerrar todo?", "Sí")
+        self.pass_information()
+        assert self.program.wait(PATIENCE) == 0
 
     def choose_file(self, title, path):
         """Types a path into the file dialog."""

@@ -1,0 +1,167 @@
+#!/usr/bin/python3
+"""A whole game without looking at the screen: names heard on the accessibility bus, and keys."""
+
+import fnmatch
+import sys
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
+from player import Player, Session, marker, saved_game, unit, wait_for  # noqa: E402
+
+START = "¿Iniciar el juego con la disposición actual de Unidades en el Tablero?"
+VICTORY = """JUGADOR -1- HA CONQUISTADO la Bandera
+
+JUGADOR -1- GANA
+
+Cierre la ventana del Tablero para iniciar otro juego"""
+
+
+class BlindPlayer(Player):
+    square = 0  # of the cursor on the board that has the focus
+
+    def sits_at(self, words):
+        wait_for(f"the focus on {words!r}", lambda: fnmatch.fnmatchcase(self.focused(), words))
+
+    def key(self, key, words):
+        """What the key does is said, and the element with the focus has that name."""
+        self.keys(key)
+        self.hears(words)
+        self.sits_at(words)
+
+    def sits_at_board(self):
+        """The first arrow key puts the cursor on the lower left square."""
+        self.sits_at("Tablero 5x5")
+        self.key("Left", "*uadro 21, fila 5, columna 1*")
+        self.square = 21
+
+    def walk(self, square):
+        (row, column), (to_row, to_column) = divmod(self.square - 1, 5), divmod(square - 1, 5)
+        while (row, column) != (to_row, to_column):
+            if row != to_row:
+                key, row = ("Down", row + 1) if row < to_row else ("Up", row - 1)
+            else:
+                key, column = ("Right", column + 1) if column < to_column else ("Left", column - 1)
+            place = f"*uadro {row * 5 + column + 1}, fila {row + 1}, columna {column + 1}*"
+            self.key(key, place)
+        self.square = square
+
+    def say_yes(self, words):
+        """No has the focus at first."""
+        self.sits_at("No")
+        self.key("Left", "Sí")
+        self.answer(words, key="Return")
+
+    def name_file(self, name):
+        self.sits_at("Nombre:")
+        self.keys("ctrl+a")
+        self.tool("xdotool", "type", "--delay", "20", name)
+        self.keys("Return")
+        self.sees_no("Nombre:")
+
+    def move_by_keys(self, origin, target, name):
+        self.walk(origin)
+        self.key("Return", f"{name}, cuadro {origin},*, seleccionada")
+        self.walk(target)
+        self.sits_at(marker(target))
+        self.key("space", f"{name}, cuadro {target},*")
+
+    def move_by_names(self, origin, target):
+        self.press(unit(origin))
+        self.press(marker(target))
+        self.sees_no(marker("*"))
+
+
+def change_options(ana):
+    ana.keys("alt+o")
+    ana.sits_at("Permitir más de 1 Bandera")
+    ana.key("Tab", "Permitir Unidades en cualquier fila")
+    ana.key("Tab", "Cargar Juego en Red")
+    ana.key("Tab", "Segundos de Actualización")
+    ana.keys("8")
+    ana.key("Tab", "Jugador de Red")
+    ana.key("Tab", "Movimientos por Turno")
+    ana.keys("ctrl+F4")
+    ana.sees_no("Opciones de Configuración")
+    assert (ana.folder / "VornathFalangesZTEE.cfg").read_bytes().startswith(b"0;0;")
+
+
+def set_up(ana):
+    ana.choose_by_keys("j", "n")
+    ana.sits_at("Tablero 5x5")
+    ana.key("Tab", "Tablero")
+    ana.key("Down", "Tablero 6x6")
+    ana.key("Tab", "Tablero")
+    ana.key("Up", "Tablero 5x5")
+    ana.sits_at_board()
+    army = {17: "Infantería", 18: "Caballería", 19: "Elefantes", 20: "General", 24: "Bandera"}
+    for digit, (square, name) in enumerate(army.items(), 1):
+        ana.keys(str(digit))
+        ana.hears(f"{name}, elegida")
+        ana.walk(square)
+        ana.key("Return", f"{name}, Jugador 1, cuadro {square},*")
+    ana.walk(25)
+    ana.keys("Return")
+    ana.answer("NO se permite ubicar más de 1 Bandera", key="Return")
+    ana.sits_at("Cuadro 25, fila 5, columna 5, vacío")
+    ana.keys("1")
+    ana.hears("Infantería, elegida")
+    ana.key("space", "Infantería, Jugador 1, cuadro 25,*")
+    ana.sees(unit(1))
+    ana.key("Delete", "Cuadro 25, fila 5, columna 5, vacío")
+    ana.sees_no(unit(1))
+    # Forwards the way leads over the list, and to leave that takes the army off the board.
+    ana.key("shift+Tab", "Iniciar")
+    ana.keys("Return")
+    ana.say_yes(START)
+
+
+def play(ana):
+    ana.sits_at_board()
+    ana.sees("Jugador 1: En Turno", "Jugador 2: En Espera")
+    ana.walk(17)
+    ana.key("Return", "Infantería, Jugador 1, cuadro 17, fila 4, columna 2, seleccionada")
+    ana.walk(12)
+    ana.sits_at("Mover al cuadro 12, fila 3, columna 2")
+    ana.key("Escape", "Cuadro 12, fila 3, columna 2, vacío")
+    ana.move_by_keys(17, 12, "Infantería, Jugador 1")
+    ana.sees("Jugador 1: En Espera", "Jugador 2: En Turno")
+    ana.move_by_keys(7, 12, "Elefantes, Jugador 2")
+    ana.move_by_names(18, 12)
+    ana.sits_at("Caballería, Jugador 1, cuadro 12, fila 3, columna 2")
+
+
+def save_and_load(ana):
+    saved = ana.folder / "jguardados" / "partida.txt"
+    ana.choose_by_keys("j", "g")
+    ana.name_file(saved.name)
+    pieces = {2: (2, 1), 6: (2, 5), 8: (2, 3), 9: (2, 2), 12: (1, 3), 19: (1, 4), 20: (1, 5), 24: (1, 1)}
+    game = saved_game(pieces, 2)
+    wait_for("the saved game", lambda: saved.exists() and saved.read_bytes() == game)
+    ana.keys("ctrl+F4")
+    ana.sees_no("En Juego")
+    ana.choose_by_keys("j", "c")
+    ana.name_file(saved.name)
+    ana.sees("Jugador 2: En Turno")
+
+
+with Session() as session:
+    ana = BlindPlayer(session, sys.argv[1])
+    ana.listen()
+    ana.sits_at("Aceptar")
+    ana.pass_information()
+    change_options(ana)
+    set_up(ana)
+    play(ana)
+    save_and_load(ana)
+    ana.move_by_names(9, 14)
+    ana.move_by_names(12, 6)
+    ana.move_by_names(8, 12)
+    ana.press(unit(6))
+    ana.press(marker(2))
+    ana.answer(VICTORY, key="Return")
+    ana.keys("ctrl+F4")
+    ana.sees_no("En Juego")
+    ana.keys("alt+F4")
+    ana.say_yes("¿Está seguro de salir y cerrar todo?")
+    ana.pass_information()
+    assert ana.program.wait() == 0
