@@ -5,7 +5,6 @@
 #include <concepts>
 #include <functional>
 #include <memory>
-#include <source_location>
 #include <string>
 #include <string_view>
 
@@ -14,15 +13,16 @@
 
 namespace scripted {
 
-// A text of the caller, and the line it stands on, which a failure names. Elements are named as
-// Element::name() has them, with the window in front where two open windows have the same:
-// "picUnidad(17)", "frmEnJuego.picTablero".
+// A text of the caller, and the line it stands on, which a failure names (clang 14 has no
+// std::source_location). Elements are named as Element::name() has them, with the window in front
+// where two open windows have the same: "picUnidad(17)", "frmEnJuego.picTablero".
 struct Name {
   template <std::convertible_to<std::string> Text>
-  Name(const Text& name, std::source_location line = std::source_location::current())
-      : text(name), where(line) {}
+  Name(const Text& name, const char* ofFile = __builtin_FILE(), int ofLine = __builtin_LINE())
+      : text(name), file(ofFile), line(ofLine) {}
   std::string text;
-  std::source_location where;
+  const char* file;
+  int line;
 };
 
 // "picUnidad(17)"

@@ -47,9 +47,8 @@ void ScriptedDesktop::fail(const Name& about, const std::string& message) const 
   if (forms_)
     for (const Window* window : forms_->openWindows())
       screens += transcript(window->name());
-  ADD_FAILURE_AT(about.where.file_name(), static_cast<int>(about.where.line()))
-      << message << "\nduring: " << acting_.text << "\n"
-      << screens;
+  ADD_FAILURE_AT(about.file, about.line) << message << "\nduring: " << acting_.text << "\n"
+                                         << screens;
 }
 
 void ScriptedDesktop::giveUp(const Name& about, const std::string& message) const {
@@ -421,7 +420,7 @@ bool ScriptedDesktop::visible(Name name) {
   // An element that is gone has left the pattern of its array.
   const auto bracket = name.text.find('(');
   if (bracket != name.text.npos && !find(name.text))
-    return known(Name(at(name.text.substr(0, bracket), 0), name.where)).Visible;
+    return known(Name(at(name.text.substr(0, bracket), 0), name.file, name.line)).Visible;
   return allAbove(known(name), &Element::Visible);
 }
 

@@ -30,7 +30,10 @@ namespace scripted {
 class ScriptedDesktop final : public forms::Desktop, public Player {
 public:
   ScriptedDesktop() = default;
-  ~ScriptedDesktop() override { finish(); }
+  ~ScriptedDesktop() override {
+    forms_ = nullptr; // the program is gone
+    finish();
+  }
   // Fails for each answer that was not asked for, and forgets it.
   void finish();
 
