@@ -27,6 +27,13 @@ from gi.repository import Atspi, GLib  # noqa: E402
 PATIENCE = 40  # seconds, for a machine that has other things to do
 SQUARE = 1180 / 15  # pixels
 TITLE = "Vornath - Falanges Z - TEE"
+START = "¿Iniciar el juego con la disposición actual de Unidades en el Tablero?"
+LEAVE = "¿Está seguro de salir y cerrar todo?"
+VICTORY = """JUGADOR -{0}- HA CONQUISTADO la Bandera
+
+JUGADOR -{0}- GANA
+
+Cierre la ventana del Tablero para iniciar otro juego"""
 
 
 def unit(square):
@@ -88,14 +95,10 @@ class Session:
 
     def __init__(self):
         self.folder = Path(tempfile.mkdtemp(prefix="falanges-"))
-        run = self.folder / "run"
-        run.mkdir(mode=0o700)
-        self.environment = {
-            "PATH": "/usr/bin:/bin",
-            "HOME": str(self.folder),
-            "XDG_RUNTIME_DIR": str(run),
-            "LC_ALL": "C.UTF-8",
-        }
+        self.environment = {"PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8"}
+        for name, folder in {"HOME": "Ana", "XDG_RUNTIME_DIR": "run"}.items():
+            (self.folder / folder).mkdir(mode=0o700)
+            self.environment[name] = str(self.folder / folder)
         self.players = []
         self.processes = []
 
@@ -350,7 +353,7 @@ class Player:
     def leave(self):
         """Closes the program, which must end well."""
         self.keys("alt+F4")
-        self.answer("¿Está seguro de salir y cerrar todo?", "Sí")
+        self.answer(LEAVE, "Sí")
         self.pass_information()
         assert self.program.wait(PATIENCE) == 0
 

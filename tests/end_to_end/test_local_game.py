@@ -6,15 +6,11 @@ import sys
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
-from player import Player, Session, marker, saved_game, unit, value_of, wait_for  # noqa: E402
+from player import (  # noqa: E402
+    LEAVE, START, VICTORY, Player, Session, marker, saved_game, unit, value_of, wait_for,
+)
 
 FRAME = "Vornath - Falanges Z - Tomar El Estandarte"
-START = "¿Iniciar el juego con la disposición actual de Unidades en el Tablero?"
-VICTORY = """JUGADOR -1- HA CONQUISTADO la Bandera
-
-JUGADOR -1- GANA
-
-Cierre la ventana del Tablero para iniciar otro juego"""
 ARMY = {17: "Infantería", 18: "Caballería", 19: "Elefantes", 20: "General", 24: "Bandera"}
 
 
@@ -93,7 +89,7 @@ def load_and_win(ana):
     ana.move(9, 14)
     ana.move(12, 6)
     ana.move(8, 12)
-    ana.move(6, 2, wins=VICTORY)
+    ana.move(6, 2, wins=VICTORY.format(1))
     ana.sees("En Juego", "Jugador 1: En Turno", "Caballería, Jugador 1, cuadro 2, fila 1, columna 2")
     ana.click(unit(19))
     assert ana.entries("Juego") == ["Declarar Rendición", "1 En Juego"]
@@ -115,6 +111,6 @@ with Session() as session:
     ana.sees("Tablero 5x5")
     assert not ana.look(unit("*")), "the second game begins with an empty board"
     ana.keys("alt+F4")
-    ana.answer("¿Está seguro de salir y cerrar todo?", key="Return")  # No is what Enter gives
+    ana.answer(LEAVE, key="Return")  # No is what Enter gives
     ana.sees("Nuevo Juego")
     ana.leave()

@@ -5,15 +5,8 @@ import sys
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
-from player import Player, Session, saved_game, unit, wait_for  # noqa: E402
+from player import START, VICTORY, Player, Session, saved_game, unit, wait_for  # noqa: E402
 
-START = """DEBE colocar al menos 1 Unidad de cada tipo
-¿Iniciar el juego con la disposición actual de Unidades en el Tablero?"""
-VICTORY = """JUGADOR -2- HA CONQUISTADO la Bandera
-
-JUGADOR -2- GANA
-
-Cierre la ventana del Tablero para iniciar otro juego"""
 DEFEAT = """JUGADOR -2- HA VENCIDO
 
 Cierre la ventana del Tablero para iniciar otro juego"""
@@ -27,7 +20,7 @@ def make_game(player, path):
             player.click_square(square)
             player.sees(unit(square), unit(26 - square))
     player.click("Iniciar")
-    player.answer(START, "Sí")
+    player.answer("DEBE colocar al menos 1 Unidad de cada tipo\n" + START, "Sí")
     player.choose("Juego", "Guardar Juego")
     player.choose_file("Guardar Juego", path)
     wait_for("the game to be shared", path.exists)
@@ -60,7 +53,7 @@ with Session() as session:
     ana.sees("General, Jugador 2, cuadro 13,*", "Jugador 1: En Turno")
     ana.move(20, 15)
     bea.sees("Infantería, Jugador 1, cuadro 15,*", "Jugador 2: En Turno")
-    bea.move(13, 18, wins=VICTORY)
+    bea.move(13, 18, wins=VICTORY.format(2))
     bea.sees("Victoria - Juego finalizado", "Jugador 1: Derrota", "Jugador 2: Victoria")
     ana.answer(DEFEAT)
     ana.sees("Derrota - Juego finalizado", "Jugador 1: Derrota", "Jugador 2: Victoria")

@@ -6,14 +6,7 @@ import sys
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
-from player import Player, Session, marker, saved_game, unit, wait_for  # noqa: E402
-
-START = "¿Iniciar el juego con la disposición actual de Unidades en el Tablero?"
-VICTORY = """JUGADOR -1- HA CONQUISTADO la Bandera
-
-JUGADOR -1- GANA
-
-Cierre la ventana del Tablero para iniciar otro juego"""
+from player import LEAVE, START, VICTORY, Player, Session, marker, saved_game, unit, wait_for  # noqa: E402
 
 
 class BlindPlayer(Player):
@@ -158,10 +151,10 @@ with Session() as session:
     ana.move_by_names(8, 12)
     ana.press(unit(6))
     ana.press(marker(2))
-    ana.answer(VICTORY, key="Return")
+    ana.answer(VICTORY.format(1), key="Return")
     ana.keys("ctrl+F4")
     ana.sees_no("En Juego")
     ana.keys("alt+F4")
-    ana.say_yes("¿Está seguro de salir y cerrar todo?")
+    ana.say_yes(LEAVE)
     ana.pass_information()
     assert ana.program.wait() == 0
