@@ -14,7 +14,7 @@ public:
   TemporaryFolder() {
     std::random_device random;
     do
-      path_ = std::filesystem::temp_directory_path() / ("Señal " + std::to_string(random()));
+      path_ = std::filesystem::temp_directory_path() / toPath("Señal " + std::to_string(random()));
     while (!std::filesystem::create_directory(path_));
   }
   ~TemporaryFolder() {
@@ -24,10 +24,25 @@ public:
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  std::string path() const { return path_.string(); }
-  std::string file(std::string_view name) const { return (path_ / name).string(); }
+  // UTF-8, with the system's separators.
+  std::string path() const { return fromPath(path_); }
+  std::string file(std::string_view name) const { return fromPath(path_ / toPath(name)); }
+  // How many files and folders are in it.
+  int entries() const {
+    const std::filesystem::directory_iterator first(path_);
+    return static_cast<int>(std::distance(begin(first), end(first)));
+  }
 
 private:
+  // On Windows a path made of plain characters would not be UTF-8.
+  static std::filesystem::path toPath(std::string_view utf8) {
+    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).make_preferred();
+  }
+  static std::string fromPath(const std::filesystem::path& path) {
+    const std::u8string utf8 = path.u8string();
+    return {utf8.begin(), utf8.end()};
+  }
+
   std::filesystem::path path_;
 };
 

@@ -76,9 +76,11 @@ bool appendTextFile(const std::string& path, const std::string& text) {
 bool replaceTextFile(const std::string& path, const std::string& text) {
   std::error_code error;
   fs::path target = toPath(path);
-  // Through a link the file it names is replaced, not the link.
-  if (const fs::path real = fs::canonical(target, error); !error)
-    target = real;
+  // Through a link the file it names is replaced, not the link. No other path may be made
+  // canonical: that would take one of the two separators from the path of a Windows share.
+  if (fs::is_symlink(target, error))
+    if (const fs::path real = fs::canonical(target, error); !error)
+      target = real;
   const fs::file_status before = fs::status(target, error);
   if (fs::exists(before)) {
     if (!fs::is_regular_file(before))
