@@ -29,7 +29,8 @@ void FocusKeeper::give(Element& element) {
   if (!widget)
     return;
   widget->window()->setAttribute(Qt::WA_KeyboardFocusChange, keyboard_);
-  widget->setFocus(Qt::OtherFocusReason);
+  // A text that the keyboard comes to is selected: typing replaces it.
+  widget->setFocus(keyboard_ ? Qt::TabFocusReason : Qt::OtherFocusReason);
   mark(element, *widget);
 }
 
