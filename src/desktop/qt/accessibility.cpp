@@ -124,18 +124,25 @@ QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
   return nullptr;
 }
 
+void tell(QWidget& element, QAccessible::Event what) {
+  if (!QAccessible::isActive())
+    return;
+  QAccessibleEvent event(&element, what);
+  QAccessible::updateAccessibility(&event);
+}
+
 } // namespace
 
 void installAccessibility() {
   QAccessible::installFactory(make);
 }
 
-void tellShownOrHidden(QWidget& element) {
-  if (!QAccessible::isActive())
-    return;
-  QAccessibleEvent event(&element, element.isHidden() ? QAccessible::ObjectDestroyed
-                                                      : QAccessible::ObjectCreated);
-  QAccessible::updateAccessibility(&event);
+void tellShown(QWidget& element) {
+  tell(element, QAccessible::ObjectCreated);
+}
+
+void tellHidden(QWidget& element) {
+  tell(element, QAccessible::ObjectDestroyed);
 }
 
 } // namespace forms::qt

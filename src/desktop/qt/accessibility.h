@@ -8,7 +8,9 @@ namespace forms::qt {
 // Once per run, before the first window.
 void installAccessibility();
 
-// Tells screen readers that the element has come into sight or gone out of it.
-void tellShownOrHidden(QWidget& element);
+// Tells screen readers that the element has come into sight.
+void tellShown(QWidget& element);
+// Tells them that it is about to go out of sight.
+void tellHidden(QWidget& element);
 
 } // namespace forms::qt

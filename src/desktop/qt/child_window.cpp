@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QIcon>
 #include <QMdiArea>
 #include <QMenu>
 #include <QMouseEvent>
@@ -11,6 +10,7 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/form.h"
 #include "desktop/qt/look.h"
+#include "desktop/qt/picture_store.h"
 #include "desktop/qt/reporter.h"
 
 namespace forms::qt {
@@ -39,8 +39,9 @@ void ChildWindow::makeSystemMenu() {
 void ChildWindow::sync() {
   const Reporter::Quiet quiet(services_.reporter);
   setWindowTitle(toQt(window_->Caption));
-  if (!window_->Icon.get().empty())
-    setWindowIcon(QIcon(toQt(window_->Icon)));
+  if (const QIcon icon = services_.pictures.icon(toQt(window_->Icon));
+      icon.cacheKey() != windowIcon().cacheKey())
+    setWindowIcon(icon);
   if (!isVisible())
     return;
   fit();

@@ -24,6 +24,10 @@ int twips(int pixels) {
   return pixels * TwipsPerPixel;
 }
 
+QPoint wholePixel(QPointF position) {
+  return {static_cast<int>(std::floor(position.x())), static_cast<int>(std::floor(position.y()))};
+}
+
 QRect pixelRect(const Element& element) {
   return {pixels(element.Left), pixels(element.Top), pixels(element.Width), pixels(element.Height)};
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPoint>
 #include <QRect>
 #include <QString>
 
@@ -18,6 +19,8 @@ QColor toQt(Color color);
 // The nearest whole pixel.
 int pixels(int twips);
 int twips(int pixels);
+// The whole pixel that a position lies in.
+QPoint wholePixel(QPointF position);
 // Place and size of an element in pixels of its parent.
 QRect pixelRect(const Element& element);
 

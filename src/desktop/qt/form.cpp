@@ -52,6 +52,7 @@ bool isArrow(Key key) {
 
 Form::Form(Window& window, Services services) : services_(services), window_(&window) {
   setObjectName(toQt(window.name()));
+  setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 QSize Form::neededSize() const {

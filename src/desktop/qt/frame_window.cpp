@@ -2,13 +2,13 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QIcon>
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QScrollBar>
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/focus_keeper.h"
+#include "desktop/qt/picture_store.h"
 #include "desktop/qt/reporter.h"
 
 namespace forms::qt {
@@ -31,11 +31,9 @@ FrameWindow::FrameWindow(Window& window, Services services)
 
 void FrameWindow::sync() {
   setWindowTitle(toQt(window_->Caption));
-  if (!window_->Icon.get().empty()) {
-    const QIcon icon(toQt(window_->Icon));
-    setWindowIcon(icon);
-    QApplication::setWindowIcon(icon);
-  }
+  const QIcon icon = services_.pictures.icon(toQt(window_->Icon));
+  setWindowIcon(icon);
+  QApplication::setWindowIcon(icon); // of the boxes
 }
 
 void FrameWindow::appear() {

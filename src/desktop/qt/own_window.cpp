@@ -1,11 +1,11 @@
 #include "desktop/qt/own_window.h"
 
 #include <QCloseEvent>
-#include <QIcon>
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/focus_keeper.h"
 #include "desktop/qt/form.h"
+#include "desktop/qt/picture_store.h"
 #include "desktop/qt/reporter.h"
 
 namespace forms::qt {
@@ -21,8 +21,9 @@ OwnWindow::OwnWindow(Window& window, Services services, QWidget* frame)
 
 void OwnWindow::sync() {
   setWindowTitle(toQt(window_->Caption));
-  if (!window_->Icon.get().empty())
-    setWindowIcon(QIcon(toQt(window_->Icon)));
+  if (const QIcon icon = services_.pictures.icon(toQt(window_->Icon));
+      icon.cacheKey() != windowIcon().cacheKey())
+    setWindowIcon(icon);
   const QSize inner(pixels(window_->ClientWidth), pixels(window_->ClientHeight));
   const QSize outer(pixels(window_->Width), pixels(window_->Height));
   const QSize size = (inner.isEmpty() ? outer : inner).expandedTo(form_->neededSize());

@@ -75,4 +75,13 @@ QPixmap PictureStore::pixmap(const QString& path, QSize size, qreal ratio) {
   return *pixmaps_.insert(key, pixmap);
 }
 
+QIcon PictureStore::icon(const QString& path) {
+  if (path.isEmpty())
+    return {};
+  QIcon& icon = icons_[path];
+  if (icon.isNull())
+    icon = QIcon(path);
+  return icon;
+}
+
 } // namespace forms::qt

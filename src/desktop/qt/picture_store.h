@@ -4,6 +4,7 @@
 #include <optional>
 
 #include <QHash>
+#include <QIcon>
 #include <QPixmap>
 #include <QString>
 
@@ -19,10 +20,13 @@ public:
   // The picture in `size` logical pixels on a screen with `ratio` device pixels to one of them.
   // Null when the file cannot be loaded.
   QPixmap pixmap(const QString& path, QSize size, qreal ratio);
+  // A window's icon; without a path none.
+  QIcon icon(const QString& path);
 
 private:
   QHash<QString, PictureSize> sizes_;
   QHash<QString, QPixmap> pixmaps_;
+  QHash<QString, QIcon> icons_;
 };
 
 } // namespace forms::qt

@@ -1,7 +1,5 @@
 #include "desktop/qt/picture_view.h"
 
-#include <cmath>
-
 #include <QMouseEvent>
 
 #include "desktop/qt/conversions.h"
@@ -93,8 +91,7 @@ bool PictureView::eventFilter(QObject* watched, QEvent* event) {
 
 void PictureView::movedTo(QPointF position) {
   const int frame = picture()->Border ? 1 : 0;
-  const QPoint pixel(static_cast<int>(std::floor(position.x())) - frame,
-                     static_cast<int>(std::floor(position.y())) - frame);
+  const QPoint pixel = wholePixel(position) - QPoint(frame, frame);
   if (pointer_ == pixel)
     return;
   pointer_ = pixel;

@@ -20,6 +20,17 @@
 
 namespace forms::qt {
 
+Screen::~Screen() {
+  for (ElementView* element : views_.elements())
+    element->forget();
+  for (WindowView* window : views_.windows())
+    if (window != frame_)
+      window->leave();
+  if (frame_)
+    frame_->leave();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 void Screen::open(Window& window) {
   WindowView* const view = makeView(window);
   views_.enter(window, view);

@@ -18,6 +18,8 @@ class FrameWindow;
 class Screen {
 public:
   Screen() : focus_(reporter_, views_) {}
+  // Takes what is left off the screen; its windows and elements may be gone by then.
+  ~Screen();
   Screen(const Screen&) = delete;
   Screen& operator=(const Screen&) = delete;
 

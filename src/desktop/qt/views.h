@@ -24,6 +24,8 @@ public:
   ElementView* of(const Element& element) const { return elements_.value(&element); }
   WindowView* of(const Window& window) const { return windows_.value(&window); }
   QWidget* widgetOf(const Element& element) const;
+  QList<ElementView*> elements() const { return elements_.values(); }
+  QList<WindowView*> windows() const { return windows_.values(); }
 
 private:
   QHash<const Element*, ElementView*> elements_;

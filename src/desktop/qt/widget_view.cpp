@@ -85,15 +85,19 @@ void WidgetView::syncReach() {
     widget_->setEnabled(enabled);
   if (widget_->isHidden() != visible)
     return;
+  if (!visible)
+    tellHidden(*widget_);
   widget_->setVisible(visible);
-  tellShownOrHidden(*widget_);
+  if (visible)
+    tellShown(*widget_);
 }
 
 void WidgetView::takeOff() {
   const Reporter::Quiet quiet(services().reporter);
   services().focus.release(*widget_);
+  if (!widget_->isHidden())
+    tellHidden(*widget_);
   widget_->hide();
-  tellShownOrHidden(*widget_);
   services().reporter.bury(widget_);
 }
 
@@ -131,7 +135,7 @@ void WidgetView::released(const QMouseEvent& event) {
   if (event.button() != Qt::LeftButton || !armed_)
     return;
   armed_ = false;
-  if (widget_->rect().contains(event.position().toPoint()))
+  if (widget_->rect().contains(wholePixel(event.position())))
     click();
 }
 
