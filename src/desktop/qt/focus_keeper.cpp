@@ -40,12 +40,14 @@ void FocusKeeper::useKeyboard(bool used) {
     delete mark_;
 }
 
-// Qt's style marks the other kinds by itself, and a board has a cursor of its own.
+// Qt's style marks the other kinds by itself, and on a board the cursor shows the place.
 void FocusKeeper::mark(const Element& element, QWidget& widget) {
   delete mark_;
-  const bool markable =
-      element.kind() == Kind::CheckBox ||
-      (element.kind() == Kind::Picture && static_cast<const Picture&>(element).cursorSquare == 0);
+  bool markable = element.kind() == Kind::CheckBox;
+  if (element.kind() == Kind::Picture) {
+    const auto& picture = static_cast<const Picture&>(element);
+    markable = picture.cursorSquare == 0 && picture.index() == 0;
+  }
   if (!keyboard_ || !markable)
     return;
   constexpr int Width = 1; // pixels
