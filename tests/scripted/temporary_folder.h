@@ -8,6 +8,11 @@
 
 namespace scripted {
 
+// On Windows a path made of plain characters would not be UTF-8.
+inline std::filesystem::path toPath(std::string_view utf8) {
+  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).make_preferred();
+}
+
 class TemporaryFolder {
 public:
   // The name has a blank and an accent: every path of the tests does.
@@ -34,10 +39,6 @@ public:
   }
 
 private:
-  // On Windows a path made of plain characters would not be UTF-8.
-  static std::filesystem::path toPath(std::string_view utf8) {
-    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).make_preferred();
-  }
   static std::string fromPath(const std::filesystem::path& path) {
     const std::u8string utf8 = path.u8string();
     return {utf8.begin(), utf8.end()};

@@ -4,6 +4,7 @@
 // elephants and general, in capitals those of player 1, and "." is an empty square.
 #pragma once
 
+#include <algorithm>
 #include <cctype>
 #include <fstream>
 #include <map>
@@ -13,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/forms/text_file.h"
 #include "persistence/game_file.h"
 #include "scripted/scripted_desktop.h"
 #include "shell/app.h"
@@ -81,8 +83,11 @@ protected:
     screen.expectBox(informationBox().text);
     app.start();
   }
-  // A file in the program folder.
-  std::string file(const std::string& name) { return screen.programFolder() + "/" + name; }
+  // A file in the program folder, with the system's separators.
+  std::string file(std::string name) {
+    std::replace(name.begin(), name.end(), '/', '\\');
+    return forms::programPath(screen.programFolder(), '\\' + name);
+  }
   std::string write(const std::string& name, const std::string& text) {
     std::ofstream(file(name), std::ios::binary) << text;
     return file(name);
