@@ -62,21 +62,22 @@ TEST_F(Deployment, TheRefusalsComeInTheirOrder) {
   walk({"expect unit, square 1 => ...../...../...../...../.....",
         "click picINF, square 24 => .i.../...../...../...../...I.",
         "click picBAN, square 21 => .i..b/...../...../...../B..I.",
-        "square 21, square 21 50, square 5 50, square 1 0 => .i..b/...../...../...../B..I.",
+        "square 21 => .i..b/...../...../...../B..I.",
+        "square 21 50, square 5 50, square 1 0 => .i..b/...../...../...../B..I.",
         "expect flag, square 25, expect rows, square 13 => .i..b/...../...../...../B..I.",
         "menu Opciones, click lblLimiteFilas => .i..b/...../...../...../B..I.",
         "expect flag, square 13, click picBAN => .i..b/...../...../...../B..I.",
         "expect unit, square 21 50 => .i..b/...../...../...../B..I.",
         "right 5, click picBAN, square 6 => .i.../B..../...../....b/...I.",
-        "menu Opciones, click lblBandera, square 7 => .i.../BB.../...../...bb/...I.",
-        "click picGEN, square 20 50, square 23 => .ig../BB.../...../...bb/..GI."},
+        "click picGEN, square 20 50, square 23 => .ig../B..../...../....b/..GI.",
+        "menu Opciones, click lblBandera, click picBAN, square 7 => .ig../BB.../...../...bb/..GI."},
        [&] { return pictures(); });
   expectBoard(".ig../BB.../...../...bb/..GI.");
   std::string palette;
   for (auto* entry : {"picINF", "picCAB", "picELE", "picGEN", "picBAN"})
     palette += screen.accessibleName(entry) +
                (screen.get<forms::Picture>(entry).Appearance == 1 ? " raised/" : "/");
-  EXPECT_EQ(palette, "Infantería/Caballería/Elefantes/General, elegida raised/Bandera/");
+  EXPECT_EQ(palette, "Infantería/Caballería/Elefantes/General/Bandera, elegida raised/");
   EXPECT_EQ(screen.accessibleName("picUnidad(20)"),
             "Bandera, Jugador 2, cuadro 20, fila 4, columna 5");
 }
@@ -92,7 +93,7 @@ TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoard) {
   for (const std::string board : boards) {
     run("choose comTablero 7x7, click picINF, square 49");
     layOut(gameFile(board, "9\r\n"));
-    run("save Plantilla guardada");
+    run("expect unit, square 1 50, save Plantilla guardada");
     EXPECT_EQ(bytesOf(file("guardada")), gameFile(board, "0\r\n"));
     expectBoard(board);
     const std::string size = std::to_string(principal.NumFilas);
