@@ -99,21 +99,26 @@ void FocusKeeper::later() {
 void FocusKeeper::look() {
   looking_ = false;
   settling_ = false;
-  Element* const wished = std::exchange(arrived_, nullptr);
+  const Element* const wished = std::exchange(arrived_, nullptr);
   QWidget* const holder = QApplication::focusWidget();
   // Behind a menu, a list or a box everything keeps its place until they have gone.
   if (!holder || QApplication::activePopupWidget())
     return;
-  for (Window* window : reporter_.forms().openWindows()) {
-    const auto& elements = window->elements();
-    const auto found = std::find(elements.begin(), elements.end(), wished);
-    if (found == elements.end() || views_.widgetOf(**found) != holder)
-      continue;
-    if (reporter_.report([&](Forms& forms) { return forms.focusMoved(**found); }))
+  if (Element* const element = openElement(wished); element && views_.widgetOf(*element) == holder)
+    if (reporter_.report([&](Forms& forms) { return forms.focusMoved(*element); }))
       return;
-    break;
-  }
   realign();
+}
+
+// The same address, if it is still an element of a window on the screen.
+Element* FocusKeeper::openElement(const Element* address) const {
+  for (const Window* window : reporter_.forms().openWindows()) {
+    const auto& elements = window->elements();
+    const auto found = std::find(elements.begin(), elements.end(), address);
+    if (found != elements.end())
+      return *found;
+  }
+  return nullptr;
 }
 
 void FocusKeeper::childActivated() {
@@ -122,8 +127,8 @@ void FocusKeeper::childActivated() {
     return; // another program, or the last child has gone
   Forms& forms = reporter_.forms();
   for (Window* window : forms.openWindows()) {
-    const WindowView* const view = views_.of(*window);
-    if (!view || const_cast<WindowView*>(view)->widget() != sub)
+    WindowView* const view = views_.of(*window);
+    if (!view || view->widget() != sub)
       continue;
     if (window == forms.activeChild())
       return;

@@ -43,6 +43,7 @@ public:
 private:
   void childActivated();
   void look();
+  Element* openElement(const Element* address) const;
   void later();
   // Puts Qt's focus and active child where the forms layer has them.
   void realign();
@@ -52,7 +53,7 @@ private:
   Reporter& reporter_;
   const Views& views_;
   QPointer<QMdiArea> area_;
-  Element* arrived_ = nullptr; // compared only, may be gone
+  const Element* arrived_ = nullptr; // compared only, may be gone
   QPointer<QWidget> mark_;
   bool keyboard_ = false;
   bool looking_ = false;  // a look is on its way
