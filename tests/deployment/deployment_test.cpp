@@ -80,6 +80,9 @@ TEST_F(Deployment, TheRefusalsComeInTheirOrder) {
   EXPECT_EQ(palette, "Infantería/Caballería/Elefantes/General/Bandera, elegida raised/");
   EXPECT_EQ(screen.accessibleName("picUnidad(20)"),
             "Bandera, Jugador 2, cuadro 20, fila 4, columna 5");
+  screen.moveOver("picUnidad(20)", 10, 10), screen.moveOver("picTablero", 1500, 2500);
+  EXPECT_EQ(screen.toolTip("picUnidad(20)") + screen.toolTip("picTablero"),
+            "Cuadro: 20 (4,5)Cuadro: 12 (3,2)");
 }
 
 TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoard) {
@@ -130,7 +133,7 @@ TEST_F(Deployment, AGameStartsWithAnArmy) {
       screen.expectBox(flag + types + ToStart, BoxStyle::InformationYesNo, Answer::No);
     run("click btnIniciar");
     expectBoard(board);
-    EXPECT_EQ(state(), "HSHSS Principal NuevoJuego");
+    EXPECT_EQ(state(), "HSHSS NuevoJuego");
   }
 }
 

@@ -59,13 +59,14 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
   // text behind it; then the side, the player in turn, and squares 1, 2 and 36.
   // clang-format off
   for (const std::string row : {
-           " => 6 2 g. G",         "25 1\r\n => 5 1 i. G",       "25 1 => 5 1 i. G",   "LF  => 5 1 .. G",
-           "25 0\r\n => 5 1 i. G", "25 2 turno\r\n => 5 2 i. G", "25  => 6 2 i. G",    "1\r\n => 6 1 g. G",
-           "25 2\r\n12\r\n => 6 12 i. G",                "25 2\r\n\r\n => 6 1 i. G",
-           "1;3;\r\n2;\r\n1\r\n => 6 1 C0 G",            "1;3;380;1340;1;1;9;x\r\n1;2\r\n2\r\n => 6 2 C0 G",
-           "1\r\n1;3;380;2520;1;2;\r\n1\r\n => 6 1 gC G", "1;0;380;1340;1;1;\r\n1\r\n => 6 1 0. G",
-           "\t\"2;4;380;1340;1;1;\"\r\n1 => 6 1 e. G",    "1;3;380;1340;1;1;, 1;4;380;2520;1;2;,1 => 6 1 CE G",
-           "1;2;-32768;32767;255;0;\r\n2 => 6 2 .. G",   "64 1\r\n => 8 1 .. .", "64 x\r\ny\r\n2\r\n => 6 2 .. ."}) {
+           " => 6 2 g. G",    "25 1\r\n => 5 1 i. G",       "25 1 => 5 1 i. G",        "LF  => 5 1 .. G",
+           "25  => 6 2 i. G", "25 2 turno\r\n => 5 2 i. G", "25 0\r\n => 5 1 i. G",    "1\r\n => 6 1 g. G",
+           "25 2\r\n12\r\n => 6 12 i. G",                    "25 2\r\n\r\n => 6 1 i. G", "64 1\r\n => 8 1 .. .",
+           "1;3;\r\n2;\r\n1\r\n => 6 1 C0 G",                "64 x\r\ny\r\n2\r\n => 6 2 .. .",
+           "1\r\n1;3;380;2520;1;2;\r\n1\r\n => 6 1 gC G",    "1;0;380;1340;1;1;\r\n1\r\n => 6 1 0. G",
+           "1;3;380;1340;1;1;9;x\r\n1;2\r\n2 => 6 2 C0 G",   "\t\"2;4;380;1340;1;1;\"\r\n1 => 6 1 e. G",
+           "1;2;-32768;32767;255;0;\r\n2 => 6 2 .. G",
+           "1;3;380;1340;1;1;, 1;4;380;2520;1;2;,1 => 6 1 CE G"}) {
     // clang-format on
     SCOPED_TRACE(row);
     auto [text, result] = halves(row);
@@ -94,12 +95,14 @@ TEST_F(Files, ARefusedFileChangesNothing) {
       {std::string(LargestGameFile + 1, ' '), "El archivo ocupa más de 64 KiB"}};
   // clang-format off
   for (const std::string row : {
-           "0;0;\r\n1;2;12abc;0;0;0;\r\n1\r\n => 2: el campo 3", "; => 1: el campo 1", "0;0;3.0; => 1: el campo 3",
-           "0;0;-; => 1: el campo 3", "0;0;+1; => 1: el campo 3",  "0;0;1 ; => 1: el campo 3"})
+           "0;0;\r\n1;2;12abc;0;0;0;\r\n1\r\n => 2: el campo 3",
+           "; => 1: el campo 1",      "0;0;3.0; => 1: el campo 3", "0;0;-; => 1: el campo 3",
+           "0;0;+1; => 1: el campo 3", "0;0;1 ; => 1: el campo 3"})
     table.emplace_back(halves(row).first, "Línea " + halves(row).second + " no es un número");
   for (const std::string row : {
-           "0;\r\n\r\n3;0; => 3: el campo 1", "-1; => 1: el campo 1", "1;6; => 1: el campo 2", "0;0;32768; => 1: el campo 3",
-           "0;0;0;-32769; => 1: el campo 4", "0;0;0;0;256; => 1: el campo 5", "0;0;0;0;0;99999999999; => 1: el campo 6",
+           "0;\r\n\r\n3;0; => 3: el campo 1", "-1; => 1: el campo 1", "1;6; => 1: el campo 2",
+           "0;0;32768; => 1: el campo 3", "0;0;0;-32769; => 1: el campo 4", "0;0;0;0;256; => 1: el campo 5",
+           "0;0;0;0;0;99999999999; => 1: el campo 6",
            "0;\r\n256\r\n => 2: el jugador en turno", "-1 => 1: el jugador en turno"})
     // clang-format on
     table.emplace_back(halves(row).first,

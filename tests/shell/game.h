@@ -149,8 +149,7 @@ protected:
   void close(Answer answer) {
     screen.expectBox(ToLeave, BoxStyle::WarningYesNo, answer);
     if (answer == Answer::Yes)
-      screen.expectBox(informationBox().text, Answer::Ok,
-                       [&] { EXPECT_EQ(state(), "SSHSH Principal"); });
+      screen.expectBox(informationBox().text, Answer::Ok, [&] { EXPECT_EQ(state(), "SSHSH"); });
     EXPECT_EQ(screen.closeWindow("frmPrincipal"), answer == Answer::Yes);
   }
   // On the new-game screen, so many twips from the square's corner.
@@ -193,11 +192,11 @@ protected:
                 !screen.enabled("mnuDeclararRendicion") && !screen.visible("mnuSeparadorV1"));
     return text + (app.ventanaPrincipal.tmrRed.Enabled ? " running" : "");
   }
-  // The same with the names of the open windows: "SSHSH Principal".
+  // The same with the names of the open child windows: "HSHSS NuevoJuego Opciones".
   std::string state() {
     std::string text = menus();
     for (const auto* window : app.forms.openWindows())
-      text += " " + window->name().substr(3);
+      text += window == &app.ventanaPrincipal ? "" : " " + window->name().substr(3);
     return text;
   }
   std::string status() { return screen.text("lblJ1_Estado") + "/" + screen.text("lblJ2_Estado"); }

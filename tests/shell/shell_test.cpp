@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "shell/form1.h"
 #include "shell/game.h"
 
 namespace falanges {
@@ -36,10 +37,10 @@ TEST_F(Shell, TheInformationBoxStandsAloneBeforeAndAfterTheRest) {
       "PC\r\n\r\n.+\r\n.+\r\n\r\n"
       "Vornath - Falanges Z - Tomar El Estandarte - v2\\.0\r\n\r\n");
   EXPECT_TRUE(std::regex_match(screen.lastBox.text, wording)) << screen.lastBox.text;
-  walkStates({"stay => SSHSH Principal", "menu NuevoJuego, stay => HSHSS Principal NuevoJuego",
-              "menu Opciones, type txtMovPorTurno 6 => HSHSS Principal NuevoJuego Opciones"});
+  walkStates({"stay => SSHSH", "menu NuevoJuego, stay => HSHSS NuevoJuego",
+              "menu Opciones, type txtMovPorTurno 6 => HSHSS NuevoJuego Opciones"});
   screen.expectBox(ToLeave, Answer::Yes);
-  walkStates({"expect moves, close Principal => HSHSS Principal NuevoJuego Opciones"});
+  walkStates({"expect moves, close Principal => HSHSS NuevoJuego Opciones"});
   EXPECT_EQ(screen.focused() + screen.lastBox.title, "txtMovPorTurnoVornath - Falanges Z - TEE");
   run("type txtMovPorTurno 5");
   close(Answer::Yes);
@@ -47,18 +48,15 @@ TEST_F(Shell, TheInformationBoxStandsAloneBeforeAndAfterTheRest) {
 
 TEST_F(Shell, AWholeGameIsPlayedSavedLoadedAndWon) {
   start();
-  walkStates({"menu NuevoJuego => HSHSS Principal NuevoJuego",
-              "choose comTablero 6x6, click picINF, square 25, click picCAB, square 26 => HSHSS "
-              "Principal NuevoJuego",
-              "click picELE, square 27, click picGEN, square 28, click picBAN, square 36 => HSHSS "
-              "Principal NuevoJuego",
-              "save Plantilla plantillas/mía => HSHSS Principal NuevoJuego"});
+  run("menu NuevoJuego, choose comTablero 6x6, click picINF, square 25, click picCAB, square 26");
+  walkStates({"click picELE, square 27, click picGEN, square 28, click picBAN, square 36 => HSHSS "
+              "NuevoJuego",
+              "save Plantilla plantillas/mía => HSHSS NuevoJuego"});
   EXPECT_EQ(screen.lastFile.folder, file("plantillas"));
   EXPECT_EQ(screen.lastFile.fileName, "Plantilla-09-03-2005-08-05-07");
   screen.expectBox(ToStart, BoxStyle::InformationYesNo, Answer::Yes);
-  walkStates({"click btnIniciar => HHSHH Principal EnJuego",
-              "menu Opciones => HHSHH Principal EnJuego Opciones",
-              "activate EnJuego => HHSHH Principal EnJuego"});
+  walkStates({"click btnIniciar => HHSHH EnJuego", "menu Opciones => HHSHH EnJuego Opciones",
+              "activate EnJuego => HHSHH EnJuego"});
   expectBoard("b...../..geci/....../....../ICEG../.....B");
   EXPECT_EQ(screen.picture("picTablero") + screen.picture("frmEnJuego"), "6x6.jpgadelante.ico");
   EXPECT_EQ(app.enJuego.Height * 100000 + app.enJuego.Width, 795008460);
@@ -69,7 +67,7 @@ TEST_F(Shell, AWholeGameIsPlayedSavedLoadedAndWon) {
   const std::string position = "b...../..gec./.G...i/....../ICE.../.....B";
   EXPECT_EQ(bytesOf(file("jguardados/mía")), gameFile(position, "2\r\n"));
   EXPECT_EQ(bytesOf(file("jguardados/mía")).find("2;1;380;1340;1;1;\r\n0;0;380;2520;1;2;\r\n"), 0U);
-  walkStates({"move 9 15, close EnJuego => SSHSH Principal"});
+  walkStates({"move 9 15, close EnJuego => SSHSH"});
   EXPECT_EQ(app.enJuego.JugadorActual, 1);
   choose("CargarJuego", file("jguardados/mía"));
   expectBoard(position);
@@ -77,15 +75,13 @@ TEST_F(Shell, AWholeGameIsPlayedSavedLoadedAndWon) {
   run("move 18 24, move 14 7, move 24 30");
   screen.expectBox(victory("1", "CONQUISTADO la Bandera"));
   // A file leads into play or to deployment from everywhere but play, and closes the options.
-  walkStates({"move 7 1 => HHHHH Principal EnJuego",
-              "menu Opciones => HHHHH Principal EnJuego Opciones",
-              "activate EnJuego => HHHHH Principal EnJuego",
-              "close EnJuego, menu Opciones => SSHSH Principal Opciones",
-              "layOut b..../...../...../...../G...B => HSHSS Principal NuevoJuego",
-              "load g..../...../...../...../G.... 2 => HHSHH Principal EnJuego",
-              "close EnJuego, menu Opciones => SSHSH Principal Opciones",
-              "load g..../...../...../...../G.... 2 => HHSHH Principal EnJuego",
-              "close EnJuego, menu NuevoJuego, close NuevoJuego => SSHSH Principal"});
+  walkStates({"move 7 1 => HHHHH EnJuego", "menu Opciones => HHHHH EnJuego Opciones",
+              "activate EnJuego => HHHHH EnJuego", "close EnJuego, menu Opciones => SSHSH Opciones",
+              "layOut b..../...../...../...../G...B => HSHSS NuevoJuego",
+              "load g..../...../...../...../G.... 2 => HHSHH EnJuego",
+              "close EnJuego, menu Opciones => SSHSH Opciones",
+              "load g..../...../...../...../G.... 2 => HHSHH EnJuego",
+              "close EnJuego, menu NuevoJuego, close NuevoJuego => SSHSH"});
   run("menu NuevoJuego");
   close(Answer::Yes);
 }
@@ -99,12 +95,14 @@ TEST_F(Shell, EachChangeOfAnOptionReachesItemAndFileAtOnce) {
            principal.OpcLimiteFilas;
   };
   // clang-format off
-  walk({"menu Opciones => ;;30;3;\r\n30 3 ", "click chkPermitirBanderas => 1;;30;3;\r\n30 3 1", "click lblLimiteFilas => 1;1;30;3;\r\n30 3 11",
-        "click chkLimiteFilas => 1;0;30;3;\r\n30 3 10", "click lblBandera => 0;0;30;3;\r\n30 3 00", "type txtTiempoRed => 0;0;;3;\r\n0 3 00",
+  walk({"menu Opciones => ;;30;3;\r\n30 3 ", "click chkPermitirBanderas => 1;;30;3;\r\n30 3 1",
+        "click lblLimiteFilas => 1;1;30;3;\r\n30 3 11", "click chkLimiteFilas => 1;0;30;3;\r\n30 3 10",
+        "click lblBandera => 0;0;30;3;\r\n30 3 00", "type txtTiempoRed => 0;0;;3;\r\n0 3 00",
         "type txtTiempoRed 4x7 => 0;0;4x7;3;\r\n4 3 00", "type txtTiempoRed 3001 => 0;0;300;3;\r\n300 3 00",
-        "type txtMovPorTurno 2.5 => 0;0;300;2.5;\r\n300 2 00", "type txtMovPorTurno 999 => 0;0;300;999;\r\n300 255 00",
-        "type txtMovPorTurno -9 => 0;0;300;-9;\r\n300 0 00", "type txtMovPorTurno 4;9 => 0;0;300;4;9;\r\n300 4 00",
-        "type txtMovPorTurno 5ñ€ => 0;0;300;5\xF1?;\r\n300 5 00", "choose comJugadorActualRed 2, close Opciones => 0;0;300;5\xF1?;\r\n300 5 00"}, seen);
+        "type txtMovPorTurno 2.5 => 0;0;300;2.5;\r\n300 2 00", "type txtMovPorTurno -9 => 0;0;300;-9;\r\n300 0 00",
+        "type txtMovPorTurno 999 => 0;0;300;999;\r\n300 255 00", "type txtMovPorTurno 4;9 => 0;0;300;4;9;\r\n300 4 00",
+        "type txtMovPorTurno 5ñ€ => 0;0;300;5\xF1?;\r\n300 5 00",
+        "choose comJugadorActualRed 2, close Opciones => 0;0;300;5\xF1?;\r\n300 5 00"}, seen);
   // clang-format on
   EXPECT_EQ(principal.JugadorRed, 2);
   configure("0;1;30;5;\r\n");
@@ -126,8 +124,7 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
   const auto refused = [&](const std::string& box, const std::string& field,
                            const std::string& script) {
     run("expect " + box + ", " + script);
-    EXPECT_EQ(screen.focused() + " " + state(), field + " HSHSS Principal NuevoJuego Opciones")
-        << script;
+    EXPECT_EQ(screen.focused() + " " + state(), field + " HSHSS NuevoJuego Opciones") << script;
     EXPECT_EQ(app.forms.activeChild(), &app.opciones);
   };
   run("menu NuevoJuego, menu Opciones, click txtMovPorTurno");
@@ -144,7 +141,7 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
     for (const char* script : {", tab back", ", close Opciones"})
       refused("moves", "txtMovPorTurno", "type txtMovPorTurno " + wrong + script);
   run("type txtMovPorTurno 5, tab, type txtMovPorTurno 2.5, tab, activate NuevoJuego");
-  EXPECT_EQ(state(), "HSHSS Principal NuevoJuego");
+  EXPECT_EQ(state(), "HSHSS NuevoJuego");
   configure("0;0;9;0;\r\n");
   run("menu Opciones, click chkLimiteFilas");
   refused("moves", "txtMovPorTurno", "click btnCargarJuegoRed");
@@ -164,6 +161,17 @@ TEST_F(Shell, WhatCannotBeReadOrWrittenIsToldOnceBehindTheEvent) {
                    Answer::Ok, [&] { EXPECT_EQ(principal.OpcPermitirBanderas, "1"); });
   run("menu Opciones, click chkPermitirBanderas, click chkPermitirBanderas");
   EXPECT_EQ(principal.OpcPermitirBanderas, "0");
+}
+
+TEST(Coordinates, FollowThePointerOverTheLargestPicture) {
+  scripted::ScriptedDesktop screen;
+  forms::Forms forms(screen);
+  Form1 form(forms);
+  forms.startUp(form);
+  screen.moveOver("Picture1", 1500, 30);
+  EXPECT_EQ(screen.toolTip("Picture1"), "X: 1500 - Y: 30");
+  screen.click("Picture1"), screen.click("Picture3");
+  EXPECT_EQ(form.Picture1.Appearance * 2 + form.Picture3.Appearance, 1);
 }
 
 } // namespace falanges
