@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
+#ifndef Q_OS_WIN // where its own screen is what is to be tested
   qputenv("QT_QPA_PLATFORM", QByteArray("offscreen"));
+#endif
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }

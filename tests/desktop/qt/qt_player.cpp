@@ -56,8 +56,7 @@ std::unique_ptr<Player> makePlayer() {
 
 QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
   for (const char* part : {"img", "ico"})
-    std::filesystem::create_directory_symlink(std::filesystem::path(FALANGES_PROGRAM_FOLDER) / part,
-                                              std::filesystem::path(folder_.path()) / part);
+    std::filesystem::copy(toPath(FALANGES_PROGRAM_FOLDER) / part, toPath(folder_.file(part)));
 }
 
 QtPlayer::~QtPlayer() {
