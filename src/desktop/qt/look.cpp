@@ -61,8 +61,10 @@ QString availableFamily(const QString& wanted) {
   if (!family.isEmpty())
     return family;
   const bool serif = wanted.startsWith(QLatin1String("Times"));
+  // The two are of the same measures. Not "MS Sans Serif" itself: where it exists it is a bitmap
+  // font, which cannot follow the scale of the screen.
   for (const QString& candidate :
-       {wanted, serif ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"),
+       {serif ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"),
         serif ? QStringLiteral("Times New Roman") : QStringLiteral("Arial")})
     if (QFontDatabase::hasFamily(candidate))
       return family = candidate;
