@@ -4,6 +4,15 @@
 
 namespace falanges {
 
+namespace {
+
+// What the text says of the squares, without its closing line.
+std::string_view squaresOf(std::string_view text) {
+  return text.substr(0, text.rfind(';'));
+}
+
+} // namespace
+
 void Polling::join() {
   principal_.SegundosRestantes = principal_.SegundosActualizacion;
   mainWindow_.runTimer(true);
@@ -11,11 +20,10 @@ void Polling::join() {
   mainWindow_.showMenuItem(MenuItem::GuardarJuego, false);
   principal_.TurnoPublicado = false;
   retrying_ = false;
-  ticksWithout_ = 0;
   ownPublication_.reset();
   joinedWith_.reset();
-  if (!inTurn())
-    joinedWith_ = gameText(principal_, enJuego_.JugadorActual);
+  turnPlayedFrom_.reset();
+  (inTurn() ? turnPlayedFrom_ : joinedWith_) = gameText(principal_, enJuego_.JugadorActual);
 }
 
 void Polling::tmrRed_Timer() {
@@ -40,8 +48,10 @@ Polling::Look Polling::look() const {
   if (!read)
     return seen;
   auto* game = std::get_if<GameText>(&*read);
-  if (game && game->whole)
-    seen.game = std::move(*game);
+  if (!game || !game->whole)
+    return seen;
+  seen.text = textOf(*game);
+  seen.game = std::move(*game);
   return seen;
 }
 
@@ -57,9 +67,11 @@ void Polling::poll() {
 // JugadorActual here is the one in this copy's memory, not the one in the file.
 void Polling::turnSteps(const Look& seen) {
   if (inTurn()) {
-    retrying_ = false; // the copy in turn needs no file
+    accessRegained(); // the copy in turn needs no file
   } else if (principal_.TurnoPublicado) {
     waitForTurn(seen);
+  } else if (principal_.NumCasillas == 0) {
+    accessRegained(); // there is no position to tell
   } else if (joinedWith_) {
     firstPublication(seen);
   } else {
@@ -72,18 +84,16 @@ void Polling::turnSteps(const Look& seen) {
 // A copy that joined out of turn writes what it joined with, whatever has been moved on its screen
 // since. The other copy may have gone on: its news must not be written over.
 void Polling::firstPublication(const Look& seen) {
-  if (seen.game && textOf(*seen.game) != *joinedWith_) {
+  if (seen.game && seen.text != joinedWith_) {
     joinedWith_.reset();
-    refresh(*seen.game);
-    principal_.TurnoPublicado = !inTurn();
-    accessRegained();
+    takeOver(seen);
     return;
   }
   if (!seen.game) {
     accessLost();
     // A torn file that stays torn has no writer any more; one that is away may come back newer.
-    ticksWithout_ = seen.opened ? ticksWithout_ + 1 : 0;
-    if (ticksWithout_ <= principal_.SegundosActualizacion)
+    looksWithout_ = seen.opened ? looksWithout_ + 1 : 0;
+    if (!fullIntervalWithout())
       return;
   }
   const std::string position = *joinedWith_;
@@ -91,8 +101,6 @@ void Polling::firstPublication(const Look& seen) {
 }
 
 void Polling::publish() {
-  if (principal_.NumCasillas == 0)
-    return; // there is no position to tell
   const bool written = mainWindow_.mnuGuardarJuego_Click();
   published(written, gameText(principal_, enJuego_.JugadorActual));
 }
@@ -108,13 +116,11 @@ void Polling::published(bool written, const std::string& position) {
   accessRegained();
 }
 
-// The other copy may have died while writing. Who wrote last puts its text back.
-void Polling::heal() {
-  ++ticksWithout_;
-  if (!ownPublication_ || ticksWithout_ <= principal_.SegundosActualizacion)
-    return;
+void Polling::publishAgain() {
   if (forms::writeTextFile(principal_.ArchivoRed, *ownPublication_))
     accessRegained();
+  else
+    accessLost();
 }
 
 // --- Reading -----------------------------------------------------------------------------------
@@ -122,26 +128,51 @@ void Polling::heal() {
 void Polling::waitForTurn(const Look& seen) {
   if (!seen.game) {
     accessLost();
-    heal();
+    ++looksWithout_;
+    // The other copy may have died while writing. Who wrote last puts its text back.
+    if (ownPublication_ && fullIntervalWithout())
+      publishAgain();
     return;
   }
-  if (ownPublication_ && textOf(*seen.game) != *ownPublication_)
+  if (takesTurnBack(seen.text)) {
+    publishAgain();
+    return;
+  }
+  if (seen.text != ownPublication_)
     ownPublication_.reset();
+  takeOver(seen);
+}
+
+// The other copy may have put its last text back before it had seen this copy's turn, or a slow
+// writing of it may have come late. No answer to a turn can be the position that the turn began
+// with, unless the turn itself led back to it.
+bool Polling::takesTurnBack(const std::string& text) const {
+  return ownPublication_ && text == turnPlayedFrom_ &&
+         squaresOf(text) != squaresOf(*ownPublication_);
+}
+
+void Polling::takeOver(const Look& seen) {
   refresh(*seen.game);
+  principal_.TurnoPublicado = !inTurn();
   if (inTurn())
-    principal_.TurnoPublicado = false;
+    turnPlayedFrom_ = seen.text;
   accessRegained();
 }
 
 // Closing the play screen stops the network game, so both are set again before it opens.
 void Polling::refresh(const GameText& game) {
   takeGame(game, principal_, enJuego_.JugadorActual);
-  mainWindow_.TopEnJuego = std::to_string(enJuego_.Top);
-  mainWindow_.LeftEnJuego = std::to_string(enJuego_.Left);
+  const int top = enJuego_.Top;
+  const int left = enJuego_.Left;
+  mainWindow_.TopEnJuego = std::to_string(top);
+  mainWindow_.LeftEnJuego = std::to_string(left);
   enJuego_.close();
   principal_.JuegoEnRed = true;
   mainWindow_.runTimer(true);
   enJuego_.open();
+  // A desktop may move a window that it shows.
+  enJuego_.Top = top;
+  enJuego_.Left = left;
 }
 
 void Polling::defeat(const GameText& game) {
@@ -162,15 +193,22 @@ void Polling::defeat(const GameText& game) {
 
 void Polling::accessLost() {
   if (!retrying_)
-    ticksWithout_ = 0;
+    looksWithout_ = 0;
   retrying_ = true;
   enJuego_.Caption = std::string("Sin acceso al archivo - Reintentando...");
 }
 
 void Polling::accessRegained() {
-  if (retrying_)
-    principal_.SegundosRestantes = principal_.SegundosActualizacion;
+  if (!retrying_)
+    return;
   retrying_ = false;
+  enJuego_.Caption = std::string("Actualizando...");
+  principal_.SegundosRestantes = principal_.SegundosActualizacion;
+}
+
+// From the first look in vain to the one that a poll after it would be.
+bool Polling::fullIntervalWithout() const {
+  return looksWithout_ > principal_.SegundosActualizacion + 1;
 }
 
 // The text that this game has when this program writes it, so that only a difference in the game

@@ -30,6 +30,7 @@ private:
   struct Look {
     bool opened = false;          // the file could be read
     std::optional<GameText> game; // only a whole one
+    std::string text;             // that game as this program writes it
   };
 
   Look look() const;
@@ -38,14 +39,17 @@ private:
   void firstPublication(const Look& seen);
   void publish();
   void published(bool written, const std::string& position);
+  void publishAgain();
   void waitForTurn(const Look& seen);
-  void heal();
+  bool takesTurnBack(const std::string& text) const;
+  void takeOver(const Look& seen);
   void refresh(const GameText& game);
   void defeat(const GameText& game);
 
   bool inTurn() const { return enJuego_.JugadorActual == principal_.JugadorRed; }
   void accessLost();
   void accessRegained();
+  bool fullIntervalWithout() const;
   std::string textOf(const GameText& game) const;
 
   forms::Forms& forms_;
@@ -54,9 +58,11 @@ private:
   frmEnJuego& enJuego_;
 
   bool retrying_ = false; // the file is not to be had: look again at each tick
-  int ticksWithout_ = 0;  // ticks of this retrying in which there was no whole file to read
+  int looksWithout_ = 0;  // looks of this retrying, one a second, that found no whole file
   // The position that this copy joined with out of turn, until it has written for the first time.
   std::optional<std::string> joinedWith_;
+  // The position that this copy's turn, the present or the last one, is played from.
+  std::optional<std::string> turnPlayedFrom_;
   // This copy's last publication, as long as no other whole text has been seen since.
   std::optional<std::string> ownPublication_;
 };

@@ -87,7 +87,7 @@ void judgeWholeness(std::string_view text, const std::vector<std::string_view>& 
   if (!wholeNumber(closing) || !forms::stored<std::uint8_t>(forms::Val(closing)))
     return;
   game.whole = true;
-  if (marked)
+  if (items.back().size() == 2)
     game.resultMarker = std::string(items.back());
 }
 

@@ -24,7 +24,7 @@ struct GameLine {
 struct GameText {
   std::vector<GameLine> lines;               // line n speaks of square n
   std::optional<std::uint8_t> JugadorActual; // of the last line, if it holds no ";"
-  // Two characters behind a whole game: a network game has ended ("11", "12").
+  // A last line of two characters in a whole game: a network game has ended ("11", "12").
   std::optional<std::string> resultMarker;
   // 25, 36, 49 or 64 complete records, a closing line, perhaps a result marker, every line with
   // its end and nothing else: no torn piece of a file passes that.
