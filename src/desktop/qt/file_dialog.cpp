@@ -1,10 +1,13 @@
 #include "desktop/qt/file_dialog.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileSystemModel>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QLocale>
 #include <QSplitter>
 #include <QStyledItemDelegate>
@@ -72,6 +75,23 @@ public:
   }
 };
 
+// The name of a folder leads into it; what is typed next takes the name's place.
+class Dialog final : public QFileDialog {
+public:
+  using QFileDialog::QFileDialog;
+
+protected:
+  void accept() override {
+    QFileDialog::accept();
+    auto* const name = findChild<QLineEdit*>();
+    if (!isVisible() || !name)
+      return;
+    name->selectAll();
+    if (name->completer())
+      name->completer()->popup()->hide();
+  }
+};
+
 void setSpanishCells(QFileDialog& shown) {
   auto* const details = shown.findChild<QTreeView*>();
   if (!details)
@@ -103,10 +123,11 @@ void setSpanishTexts(QFileDialog& shown, bool save) {
 } // namespace
 
 std::optional<std::string> showFileDialog(const FileDialog& dialog, QWidget* parent) {
-  QFileDialog shown(parent, toQt(dialog.title));
+  Dialog shown(parent, toQt(dialog.title));
   shown.setOption(QFileDialog::DontUseNativeDialog);
   shown.setOption(QFileDialog::DontConfirmOverwrite);
   shown.setOption(QFileDialog::HideNameFilterDetails);
+  shown.setViewMode(QFileDialog::Detail);
   shown.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   // Whether the file exists is the program's question.
   shown.setFileMode(QFileDialog::AnyFile);
