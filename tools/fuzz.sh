@@ -9,7 +9,7 @@ source tools/packages.sh
 fuzzers=(readers_fuzz program_fuzz)
 
 main() {
-  if [[ ! ${1:-} =~ ^[0-9]+$ ]]; then
+  if [[ ! ${1:-} =~ ^[1-9][0-9]*$ ]]; then
     echo "Uso: tools/fuzz.sh MINUTOS" >&2
     exit 2
   fi
@@ -37,8 +37,8 @@ main() {
 fuzz() {
   local corpus=build/fuzz/$1-corpus i
   mkdir -p "$corpus"
-  for i in {1..100}; do
-    [[ -e $corpus/random-$i ]] || head -c 2000 /dev/urandom >"$corpus/random-$i"
+  for i in {1..50}; do
+    [[ -e $corpus/random-$i ]] || head -c 1000 /dev/urandom >"$corpus/random-$i"
   done
   UBSAN_OPTIONS=print_stacktrace=1 nice -n 10 "build/fuzz/tests/fuzz/$1" \
     -max_total_time="$((60 * $2))" -max_len=2000 -len_control=0 -report_slow_units=60 \

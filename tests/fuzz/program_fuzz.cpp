@@ -11,7 +11,7 @@
 namespace fuzz {
 
 using namespace falanges;
-using forms::Element, forms::Kind, forms::Window;
+using forms::Element, forms::Window;
 namespace fs = std::filesystem;
 
 class Player final : public forms::Desktop {
@@ -53,7 +53,7 @@ private:
     if (what == 0) {
       swapFile();
     } else if (what == 1) {
-      for (unsigned seconds = 1 + bytes_.below(16); seconds > 0; --seconds, check())
+      for (unsigned seconds = 1 + bytes_.below(32); seconds > 0; --seconds, check())
         app_.forms.ticked(frame.tmrRed);
     } else if (what == 2) {
       const auto key = static_cast<forms::Key>(bytes_.below(9));
@@ -93,6 +93,8 @@ private:
       return forms.menuChosen(*entry);
     if (&element == &window)
       return number < 2 ? forms.closeRequested(window) : forms::passOver(forms.activated(window));
+    if (auto* const developers = dynamic_cast<forms::Button*>(&element); developers && number < 2)
+      return forms.shortcutPressed(*developers);
     if (auto* const picture = dynamic_cast<forms::Picture*>(&element))
       forms.moved(*picture, 40 * static_cast<float>(bytes_.below(256)) - 300,
                   40 * static_cast<float>(bytes_.below(256)) - 300);
@@ -107,8 +109,6 @@ private:
       forms.chosen(*list, number - 1);
     else if (button == forms::MouseButton::Left)
       forms.clicked(element);
-    else if (element.kind() == Kind::Button)
-      forms.shortcutPressed(static_cast<forms::Button&>(element));
   }
 
   // --- What must always hold ---------------------------------------------------------------------
