@@ -66,12 +66,11 @@ void Polling::poll() {
 
 // JugadorActual here is the one in this copy's memory, not the one in the file.
 void Polling::turnSteps(const Look& seen) {
-  if (inTurn()) {
-    accessRegained(); // the copy in turn needs no file
+  const bool publishing = !inTurn() && !principal_.TurnoPublicado;
+  if (inTurn() || (publishing && principal_.NumCasillas == 0)) {
+    accessRegained(); // the copy in turn needs no file, and no board is no position to tell
   } else if (principal_.TurnoPublicado) {
     waitForTurn(seen);
-  } else if (principal_.NumCasillas == 0) {
-    accessRegained(); // there is no position to tell
   } else if (joinedWith_) {
     firstPublication(seen);
   } else {
