@@ -91,7 +91,7 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
 
 TEST_F(Files, ARefusedFileChangesNothing) {
   std::vector<std::pair<std::string, std::string>> table = {
-      {gameFile(blank(8)) + ";\r\n", "Línea 66: el tablero no tiene tantas casillas"},
+      {gameFile(blank(8), ";\r\n"), "Línea 65: el tablero no tiene tantas casillas"},
       {std::string(LargestGameFile + 1, ' '), "El archivo ocupa más de 64 KiB"}};
   // clang-format off
   for (const std::string row : {

@@ -104,6 +104,8 @@ TEST_F(Shell, EachChangeOfAnOptionReachesItemAndFileAtOnce) {
         "type txtMovPorTurno 5ñ€ => 0;0;300;5\xF1?;\r\n300 5 00",
         "choose comJugadorActualRed 2, close Opciones => 0;0;300;5\xF1?;\r\n300 5 00"}, seen);
   // clang-format on
+  configure("0;0;1234;5;\r\n"); // a box holds three characters
+  walk({"menu Opciones, close Opciones => 0;0;123;5;\r\n123 5 00"}, seen);
   EXPECT_EQ(principal.JugadorRed, 2);
   configure("0;1;30;5;\r\n");
   run("menu Opciones");

@@ -6,9 +6,19 @@ namespace forms {
 
 TextBox::TextBox(Window& window, std::string_view name) : Element(Kind::TextBox, &window, name) {
   Text.raised = [this] {
-    if (Change)
+    if (std::string held = fitting(Text.get()); held != Text.get())
+      Text = std::move(held);
+    else if (Change)
       Change();
   };
+}
+
+std::string TextBox::fitting(const std::string& text) const {
+  std::size_t end = 0;
+  for (int count = 0; end < text.size(); ++end)
+    if (MaxLength > 0 && (text[end] & 0xC0) != 0x80 && count++ == MaxLength)
+      break;
+  return text.substr(0, end);
 }
 
 CheckBox::CheckBox(Window& window, std::string_view name) : Element(Kind::CheckBox, &window, name) {

@@ -22,8 +22,10 @@ public:
 class TextBox : public Element {
 public:
   TextBox(Window& window, std::string_view name);
+  // As much of the text as the box holds.
+  std::string fitting(const std::string& text) const;
   Property<std::string> Text{*this, {}};
-  int MaxLength = 0; // characters; 0: no bound
+  int MaxLength = 0; // characters, of an assigned text too; 0: no bound
   bool MultiLine = false;
   bool ReadOnly = false;
   std::function<void()> Change;

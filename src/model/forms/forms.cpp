@@ -44,19 +44,6 @@ void raise(const Handler& handler, Arguments... arguments) {
     running(arguments...);
 }
 
-std::size_t characters(const std::string& text) {
-  return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
-}
-
-std::string firstCharacters(const std::string& text, int count) {
-  std::size_t end = 0;
-  for (; end < text.size(); ++end)
-    if ((text[end] & 0xC0) != 0x80 && count-- == 0)
-      break;
-  return text.substr(0, end);
-}
-
 } // namespace
 
 // --- What the program asks ---------------------------------------------------------------------
@@ -247,13 +234,11 @@ void Forms::moved(Picture& picture, float X, float Y) {
   raise(picture.MouseMove, X, Y);
 }
 
-void Forms::typed(TextBox& box, std::string text) {
+void Forms::typed(TextBox& box, const std::string& text) {
   if (!personMayUse(box.window()) || !box.isReachable() || box.ReadOnly)
     return;
   const EventScope event(*this);
-  if (box.MaxLength > 0 && characters(text) > static_cast<std::size_t>(box.MaxLength))
-    text = firstCharacters(text, box.MaxLength);
-  box.Text = std::move(text);
+  box.Text = box.fitting(text);
 }
 
 void Forms::chosen(DropList& list, int index) {

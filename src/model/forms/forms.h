@@ -53,7 +53,7 @@ public:
   // The pointer stands at X, Y (twips) of the picture.
   void moved(Picture& picture, float X, float Y);
   // The text box holds this text now.
-  void typed(TextBox& box, std::string text);
+  void typed(TextBox& box, const std::string& text);
   // The person chose this item, perhaps the one that was chosen before.
   void chosen(DropList& list, int index);
   void menuChosen(MenuEntry& entry);
