@@ -16,6 +16,7 @@ int main(int argc, char** argv) {
   area->setBackground(QColor(0xC0, 0xFF, 0xC0));
   frame.setCentralWidget(area);
   QMdiSubWindow* const child = area->addSubWindow(new QWidget);
+  child->setWindowTitle(QStringLiteral("Child"));
   child->setFixedSize(720, 700);
   frame.showMaximized();
   return QApplication::exec();

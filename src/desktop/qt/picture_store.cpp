@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include <QFileInfo>
 #include <QImageReader>
@@ -44,6 +45,21 @@ QImage load(const QString& path, qreal ratio) {
   return {};
 }
 
+// Title bars and task lists take no larger images than that, also at the largest scale; the file's
+// largest one alone would cost a quarter of a megabyte for each icon.
+constexpr int LargestIcon = 128; // pixels
+
+QIcon loadIcon(const QString& path) {
+  QIcon icon;
+  QImageReader file(path);
+  do {
+    QImage image = file.read();
+    if (image.width() <= LargestIcon && !image.isNull())
+      icon.addPixmap(QPixmap::fromImage(std::move(image)));
+  } while (file.jumpToNextImage());
+  return icon;
+}
+
 } // namespace
 
 std::optional<PictureSize> PictureStore::size(const QString& path) {
@@ -70,7 +86,7 @@ QPixmap PictureStore::pixmap(const QString& path, QSize size, qreal ratio) {
   QImage image = load(path, ratio);
   if (!image.isNull() && image.size() != device)
     image = image.scaled(device, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  QPixmap pixmap = QPixmap::fromImage(image);
+  QPixmap pixmap = QPixmap::fromImage(std::move(image));
   pixmap.setDevicePixelRatio(ratio);
   return *pixmaps_.insert(key, pixmap);
 }
@@ -80,7 +96,7 @@ QIcon PictureStore::icon(const QString& path) {
     return {};
   QIcon& icon = icons_[path];
   if (icon.isNull())
-    icon = QIcon(path);
+    icon = loadIcon(path);
   return icon;
 }
 
