@@ -294,6 +294,15 @@ void ScriptedDesktop::moveOver(Name name, double X, double Y) {
   hover(picture, place);
 }
 
+bool ScriptedDesktop::clickOn(Name name, double X, double Y) {
+  moveOver(name, X, Y);
+  auto& picture = usable<Picture>(name);
+  const bool pressed = press(picture, MouseButton::Left);
+  if (pressed)
+    forms_->clicked(picture);
+  return pressed;
+}
+
 // A pointer stands on whole pixels.
 void ScriptedDesktop::hover(Picture& picture, Point place) {
   const int frame = picture.Border ? TwipsPerPixel : 0;

@@ -69,6 +69,8 @@ public:
   void rightClick(Name element) override { point(element, forms::MouseButton::Right); }
   // The same at a place of a window, in twips from its inner corner: on what lies topmost there.
   bool clickAt(Name window, int x, int y, forms::MouseButton button = forms::MouseButton::Left);
+  // A click at X, Y of the picture, twips from its inner corner; false when it was not carried out.
+  bool clickOn(Name picture, double X, double Y);
   // The pointer goes to X, Y of the picture, twips from its inner corner. Outside of it: as with a
   // button held down.
   void moveOver(Name picture, double X, double Y);
