@@ -3,35 +3,13 @@
 
 #include <algorithm>
 
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
-#include "scripted/temporary_folder.h"
+#include "windows/held_file.h"
 
 namespace {
 
 using namespace forms;
-
-std::wstring wide(const std::string& utf8) {
-  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).wstring();
-}
-
-// Another program has the file open and lets others do to it what `sharing` says.
-class Holder {
-public:
-  Holder(const std::string& path, DWORD sharing)
-      : file_(CreateFileW(wide(path).c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0,
-                          nullptr)) {
-    EXPECT_NE(file_, INVALID_HANDLE_VALUE);
-  }
-  ~Holder() { CloseHandle(file_); }
-  Holder(const Holder&) = delete;
-  Holder& operator=(const Holder&) = delete;
-
-private:
-  HANDLE file_;
-};
 
 class TextFileWindowsTest : public testing::Test {
 protected:
@@ -44,7 +22,7 @@ protected:
 
 TEST_F(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
   {
-    const Holder closed(path, 0);
+    const scripted::HeldFile closed(path, 0);
     EXPECT_EQ(readTextFile(path, 100), std::nullopt);
     EXPECT_FALSE(writeTextFile(path, "x"));
     EXPECT_FALSE(appendTextFile(path, "x"));
@@ -52,7 +30,7 @@ TEST_F(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
   }
   EXPECT_EQ(bytes(), "partida\r\n");
   {
-    const Holder readersOnly(path, FILE_SHARE_READ);
+    const scripted::HeldFile readersOnly(path, FILE_SHARE_READ);
     EXPECT_EQ(bytes(), "partida\r\n");
     EXPECT_FALSE(writeTextFile(path, "x"));
     EXPECT_FALSE(replaceTextFile(path, "x"));
@@ -60,7 +38,7 @@ TEST_F(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
   EXPECT_EQ(bytes(), "partida\r\n");
   {
     // It may be written, but not change its name: in place.
-    const Holder reader(path, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    const scripted::HeldFile reader(path, FILE_SHARE_READ | FILE_SHARE_WRITE);
     EXPECT_TRUE(writeTextFile(path, "uno"));
     EXPECT_TRUE(replaceTextFile(path, "dos"));
   }

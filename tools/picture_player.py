@@ -1,0 +1,159 @@
+"""A person at a program whose windows tell nothing but what is seen: the Windows program under Wine, and
+likewise the Linux one.
+
+The eyes are screenshots, in which the pictures of the units must stand pixel by pixel; the hands are
+xdotool's. Needs DISPLAY, a screen with a window manager, and WINE, the path of Wine, with WINEPREFIX.
+"""
+
+import os
+import subprocess
+import time
+
+TYPES = {"ban": 1, "inf": 2, "cab": 3, "ele": 4, "gen": 5}
+PALETTE = {"inf": (560, 100), "cab": (1640, 100), "ele": (2720, 100), "gen": (3800, 100), "ban": (4880, 100)}
+INICIAR = 6000, 500  # a place on the button
+FRAME = "Tomar El Estandarte"
+BOX = "Vornath - Falanges Z - TEE"
+
+running = []  # processes, to be ended when something goes wrong
+
+
+def run(*command):
+    return subprocess.run(command, check=True, capture_output=True).stdout
+
+
+def wait_for(what, condition, seconds=60):
+    end = time.monotonic() + seconds
+    while not (result := condition()):
+        if time.monotonic() > end:
+            raise AssertionError(f"{what}: not within {seconds} seconds")
+        time.sleep(0.2)
+    return result
+
+
+def place(square):
+    """Top and Left in twips of the unit on this square of the 5x5 board."""
+    return 380 + (square - 1) // 5 * 1180, 1340 + (square - 1) % 5 * 1180
+
+
+def game_file(units, *closing):
+    """The bytes of a saved game: units by square ("inf_j1"), then the closing lines."""
+    lines = []
+    for square in range(1, 26):
+        unit = units.get(square)
+        owner, kind = (unit[-1], TYPES[unit[:3]]) if unit else (0, 0)
+        fields = owner, kind, *place(square), (square - 1) // 5 + 1, (square - 1) % 5 + 1
+        lines.append("".join(f"{field};" for field in fields))
+    return "\r\n".join([*lines, *closing, ""]).encode()
+
+
+def rgb(*source):
+    """Width, and the bytes of all pixels, of what this ImageMagick command reads."""
+    _, size, _, data = run(*source, "-depth", "8", "ppm:-").split(b"\n", 3)
+    return int(size.split()[0]), data
+
+
+class Program:
+    """One running copy, from its start to its end."""
+
+    def __init__(self, folder, name="falanges"):
+        windows = (folder / f"{name}.exe").exists()
+        command = [os.environ["WINE"], f"{name}.exe"] if windows else [f"./{name}"]
+        self.process = subprocess.Popen(
+            command, cwd=folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL
+        )
+        running.append(self.process)
+
+    def window(self, title):
+        """Waits until the program shows a window of this title, and goes there."""
+        search = "xdotool search --all --onlyvisible --pid".split()
+        search += [str(self.process.pid), "--name", title]
+        find = lambda: subprocess.run(search, capture_output=True, text=True).stdout.split()
+        found = wait_for(f"window «{title}»", find)
+        run("xdotool", "windowactivate", "--sync", found[-1], "mousemove", "1000", "900", "sleep", "0.5")
+
+    def keys(self, *keys):
+        for key in keys:
+            run("xdotool", "key", key, "sleep", "0.4")
+
+    def ends(self):
+        assert self.process.wait(30) == 0
+
+
+class Game(Program):
+    """A running copy of the game, with a look every 5 seconds at a shared file and one move per turn."""
+
+    def __init__(self, folder):
+        (folder / "VornathFalangesZTEE.cfg").write_bytes(b"0;0;5;1;\r\n")
+        super().__init__(folder)
+        self.patches = {}
+        for name in (f"{kind}_j{player}" for kind in TYPES for player in (1, 2)):
+            width, data = rgb("convert-im6.q16", folder / "img" / f"{name}.jpg")
+            # The middle of the picture, which neither a frame nor a marker covers.
+            self.patches[name] = data[3 * 33 * width + 90 :][:60]
+        self.window("Un juego del equipo")
+        self.keys("Return")
+        self.window(FRAME)
+        assert {"jguardados", "plantillas"} <= {entry.name for entry in folder.iterdir()}
+
+    def choose_file(self, title, file):
+        self.window(title)
+        run("xdotool", "type", "--delay", "50", file)
+        self.keys("Return")
+
+    def see(self):
+        """Top left pixels of all unit pictures on the screen: a set of (name, y, x)."""
+        width, screen = rgb("import", "-window", "root")
+        seen = set()
+        for name, patch in self.patches.items():
+            at = -1
+            while (at := screen.find(patch, at + 1)) >= 0:
+                if at % 3 == 0:
+                    seen.add((name, at // 3 // width - 33, at // 3 % width - 30))
+        return seen
+
+    def anchor(self, name, spot):
+        """Learns where the child window stands from the one picture of this name, which is at `spot`."""
+        self.window(FRAME)
+        find = lambda: [at for at in self.see() if at[0] == name]
+        ((_, y, x),) = wait_for(f"one {name}", lambda: len(found := find()) == 1 and found)
+        self.origin = y - round(spot[0] / 15), x - round(spot[1] / 15)
+
+    def pixel(self, spot):
+        return tuple(start + round(twips / 15) for start, twips in zip(self.origin, spot))
+
+    def shows(self, units, palette=None):
+        """Waits until these units stand on the screen, each in its very place, and no others."""
+        self.window(FRAME)
+        wanted = {(unit, *self.pixel(place(square))) for square, unit in units.items()}
+        wanted |= {(f"{kind}_j1", *self.pixel(spot)) for kind, spot in (palette or {}).items()}
+        wait_for(f"units {units}", lambda: self.see() == wanted)
+
+    def click(self, spot):
+        y, x = map(str, self.pixel((spot[0] + 200, spot[1] + 200)))
+        run("xdotool", "mousemove", x, y, "sleep", "0.2", "click", "1", "sleep", "0.3")
+
+    def move(self, units, start, target):
+        """Moves on the screen and in `units`."""
+        self.window(FRAME)
+        self.click(place(start))
+        self.click(place(target))
+        units[target] = units.pop(start)
+
+    def join(self, file, second):
+        """Opens the shared file in the options dialog, as player 1 or 2."""
+        self.window(FRAME)
+        self.keys("alt+o", *["Tab"] * (4 if second else 2))
+        if second:
+            self.keys("Down", "shift+Tab", "shift+Tab")
+        self.keys("space")
+        self.choose_file("Cargar Juego", file)
+
+    def close(self):
+        self.window(FRAME)
+        self.keys("alt+F4")
+        self.window(BOX)
+        self.keys("Tab", "Return")
+        self.window("Un juego del equipo")
+        self.keys("Return")
+        self.ends()
