@@ -69,7 +69,8 @@ TEST_F(Network, AWinReachesTheOtherCopyWhicheverPlayerWins) {
       EXPECT_EQ(copy->pictures(), last);
       EXPECT_EQ(copy->status(), winner == 1 ? "Victoria/Derrota" : "Derrota/Victoria");
       for (const int square : {1, 6, 20, 25})
-        copy->screen.tryClick(at("picUnidad", square));
+        if (const auto* unit = copy->app.enJuego.picUnidad(square); unit && unit->Enabled)
+          copy->screen.click(at("picUnidad", square));
       EXPECT_EQ(copy->app.enJuego.picMovimientoPermitido.count(), 1);
       EXPECT_TRUE(copy->screen.closeWindow("frmEnJuego"));
       EXPECT_EQ(copy->app.enJuego.JugadorActual, 1);
