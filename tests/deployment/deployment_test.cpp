@@ -62,7 +62,7 @@ TEST_F(Deployment, TheRefusalsComeInTheirOrder) {
   walk({"expect unit, square 1 => ...../...../...../...../.....",
         "click picINF, square 24 => .i.../...../...../...../...I.",
         "click picBAN, square 21 => .i..b/...../...../...../B..I.",
-        "square 21 => .i..b/...../...../...../B..I.",
+        "click picUnidad(21) => .i..b/...../...../...../B..I.",
         "square 21 50, square 5 50, square 1 0 => .i..b/...../...../...../B..I.",
         "expect flag, square 25, expect rows, square 13 => .i..b/...../...../...../B..I.",
         "menu Opciones, click lblLimiteFilas => .i..b/...../...../...../B..I.",

@@ -62,7 +62,7 @@ TEST_F(Play, AClickSelectsOneUnitAndMarksWhatItMayReach) {
         "unit 7 => 12: 6 7 8", "unit 21 => 12: 6 7 8", "unit 13 => 13: 8 14", "unit 13 => ",
         "unit 18 => 18: 14 19 23 24", "unit 1 => ", "unit 1 => ", "unit 22 => 22: 16"},
        [&] { return selection(); });
-  screen.clickAt("frmEnJuego", 6500, 500);
+  screen.clickOn("picTablero", 5285, 245);
   EXPECT_EQ(selection(), "22: 16") << "the board has no click";
   const std::string name = "Infantería, Jugador 1, cuadro 22, fila 5, columna 2";
   EXPECT_EQ(screen.accessibleName("picUnidad(22)"), name + ", seleccionada");

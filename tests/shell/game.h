@@ -155,8 +155,7 @@ protected:
   // On the new-game screen, so many twips from the square's corner.
   void clickSquare(int n, int inset) {
     const int side = principal.NumFilas;
-    screen.clickAt("frmNuevoJuego", 1215 + (n - 1) % side * 1180 + inset,
-                   255 + (n - 1) / side * 1180 + inset);
+    screen.clickOn("picTablero", (n - 1) % side * 1180 + inset, (n - 1) / side * 1180 + inset);
   }
 
   // The board as its pictures show it: "0" stands for a unit without one; a unit that is hidden or
