@@ -21,7 +21,7 @@ protected:
   }
 
   std::unique_ptr<Player> player = makePlayer();
-  TestProgram program{player->desktop()};
+  TestProgram program{*player};
   Log& log = program.log;
   FrameWindow& frame = program.frame;
   TestWindow& one = program.one;

@@ -10,12 +10,14 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-#include <filesystem>
 #include <gtest/gtest.h>
+
+#include "desktop/qt/conversions.h"
 
 namespace scripted {
 
 using namespace forms;
+using forms::qt::toQt;
 
 namespace {
 
@@ -27,10 +29,6 @@ constexpr std::pair<Key, Qt::Key> Keys[] = {
     {Key::Left, Qt::Key_Left},     {Key::Right, Qt::Key_Right},   {Key::Up, Qt::Key_Up},
     {Key::Down, Qt::Key_Down},     {Key::Enter, Qt::Key_Return},  {Key::Space, Qt::Key_Space},
     {Key::Delete, Qt::Key_Delete}, {Key::Escape, Qt::Key_Escape}, {Key::Digit, Qt::Key_0}};
-
-QString toQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 // What a window manager does when a box or a list has closed: the window below is active again.
 void settle() {
@@ -59,30 +57,7 @@ QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
     std::filesystem::copy(toPath(FALANGES_PROGRAM_FOLDER) / part, toPath(folder_.file(part)));
 }
 
-QtPlayer::~QtPlayer() {
-  for (const Expected& left : expected_)
-    ADD_FAILURE() << "never came: " << left.text.text;
-}
-
 // --- What the program asks -----------------------------------------------------------------------
-
-void QtPlayer::expectBox(Name text, Answer answer, Meanwhile meanwhile) {
-  expected_.push_back({std::move(text), answer, std::move(meanwhile)});
-}
-
-void QtPlayer::expectModal(Name window, Meanwhile meanwhile) {
-  expected_.push_back({std::move(window), Answer::Ok, std::move(meanwhile)});
-}
-
-QtPlayer::Expected QtPlayer::next(const std::string& asked) {
-  if (expected_.empty() || expected_.front().text.text != asked) {
-    ADD_FAILURE() << "unexpected: " << asked;
-    return {Name(asked), Answer::No, {}};
-  }
-  Expected expected = expected_.front();
-  expected_.pop_front();
-  return expected;
-}
 
 void QtPlayer::windowOpened(Window& window) {
   if (!forms_) {
@@ -93,19 +68,14 @@ void QtPlayer::windowOpened(Window& window) {
 }
 
 void QtPlayer::waitModal(Window& window) {
-  const Expected expected = next(window.name());
-  QTimer::singleShot(0, [&] {
-    if (expected.meanwhile)
-      expected.meanwhile();
-    else
-      window.close();
-  });
+  const Expected expected = next(Asked::Modal, window.name());
+  QTimer::singleShot(0, [&] { expected.meanwhile ? expected.meanwhile() : void(window.close()); });
   qt_.waitModal(window);
   settle();
 }
 
 Answer QtPlayer::messageBox(const MessageBox& box) {
-  const Expected expected = next(box.text);
+  const Expected expected = next(Asked::Box, box.text, box.style);
   QTimer::singleShot(0, [&] {
     if (expected.meanwhile)
       expected.meanwhile();
@@ -126,48 +96,40 @@ Answer QtPlayer::messageBox(const MessageBox& box) {
   return answer;
 }
 
-// --- Finding -------------------------------------------------------------------------------------
-
-Window* QtPlayer::window(const std::string& name) const {
-  for (Window* open : forms_->openWindows())
-    if (open->name() == name)
-      return open;
-  return nullptr;
+std::optional<std::string> QtPlayer::fileDialog(const FileDialog& dialog) {
+  const Expected expected = next(Asked::File, dialog.title);
+  QTimer::singleShot(0, [&] {
+    if (expected.meanwhile)
+      expected.meanwhile();
+    QWidget* const shown = QApplication::activeModalWidget();
+    auto* const name = shown->findChild<QLineEdit*>();
+    name->setText(toQt(expected.path.value_or("")));
+    QTest::keyClick(name, expected.path ? Qt::Key_Return : Qt::Key_Escape);
+  });
+  return qt_.fileDialog(dialog);
 }
 
-Element* QtPlayer::element(const std::string& name) const {
-  for (Window* open : forms_->openWindows())
-    for (Element* one : open->elements())
-      if (one->name() == name || open->name() + "." + one->name() == name)
-        return one;
-  return nullptr;
-}
-
-QWidget& QtPlayer::widget(const Name& name) {
+QWidget& QtPlayer::widget(const std::string& name) {
   settle();
-  const Element* const wanted = element(name.text);
-  const std::string form = wanted ? wanted->window().name() : name.text;
-  for (QWidget* top : QApplication::allWidgets()) {
-    if (top->objectName() != toQt(form) || !top->isVisible())
-      continue;
-    // A child window's form, which lies in the window proper, has the same name.
-    auto* const found = top->findChild<QWidget*>(toQt(wanted ? wanted->name() : form));
-    if (found && found->isVisible())
-      return *found;
-    if (!wanted)
-      return *top;
+  const Element* const wanted = find(name);
+  if (!wanted)
+    giveUp(name, "is not there");
+  const QString own = toQt(wanted->name()), form = toQt(wanted->window().name());
+  for (QWidget* shown : QApplication::allWidgets()) {
+    // The form inside a window has the same name.
+    const QWidget* const above = shown->parentWidget();
+    const bool onForm = above && above->objectName() == form;
+    if (shown->isVisible() && shown->objectName() == own && onForm == (own != form))
+      return *shown;
   }
-  GTEST_MESSAGE_AT_(name.file, name.line, "not on the screen",
-                    testing::TestPartResult::kFatalFailure)
-      << name.text;
-  throw std::runtime_error(name.text);
+  giveUp(name, "is not on the screen");
 }
 
 // --- What a person does --------------------------------------------------------------------------
 
-bool QtPlayer::click(Name name) {
+bool QtPlayer::click(const std::string& name) {
   const QPointer<QWidget> target(&widget(name));
-  Element& aim = *element(name.text);
+  Element& aim = *find(name);
   const bool takesFocus = aim.takesFocus();
   Window& home = aim.window();
   // A check box answers on its mark alone, which stands at its left.
@@ -180,30 +142,31 @@ bool QtPlayer::click(Name name) {
   return granted;
 }
 
-void QtPlayer::rightClick(Name name) {
+void QtPlayer::rightClick(const std::string& name) {
   QTest::mouseClick(&widget(name), Qt::RightButton);
 }
 
-void QtPlayer::type(Name name, std::string_view text) {
+void QtPlayer::type(const std::string& name, std::string_view text) {
   auto* const box = qobject_cast<QLineEdit*>(&widget(name));
   ASSERT_TRUE(box);
   box->setFocus();
   box->selectAll();
   if (text.empty())
     QTest::keyClick(box, Qt::Key_Delete);
-  for (const QChar letter : toQt(text)) {
+  for (const QChar letter : toQt(std::string(text))) {
     QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
     QCoreApplication::sendEvent(box, &press);
   }
 }
 
-void QtPlayer::choose(Name name, std::string_view item) {
+void QtPlayer::choose(const std::string& name, std::string_view item) {
   auto* const list = qobject_cast<QComboBox*>(&widget(name));
   ASSERT_TRUE(list);
   QTest::mousePress(list, Qt::LeftButton);
   if (!list->view()->isVisible())
     return; // the focus was not let go
-  list->view()->setCurrentIndex(list->model()->index(list->findText(toQt(item)), 0));
+  const int row = list->findText(toQt(std::string(item)));
+  list->view()->setCurrentIndex(list->model()->index(row, 0));
   QTest::keyClick(list->view(), Qt::Key_Return);
 }
 
@@ -224,51 +187,36 @@ bool QtPlayer::key(Key key, int digit) {
   return press.isAccepted();
 }
 
-void QtPlayer::menu(Name entry) {
+void QtPlayer::menu(const std::string& entry) {
   for (QWidget* top : QApplication::topLevelWidgets())
-    if (auto* action = top->findChild<QAction*>(toQt(entry.text)))
+    if (auto* action = top->findChild<QAction*>(toQt(entry)))
       return action->trigger();
-  ADD_FAILURE() << "no entry " << entry.text;
+  giveUp(entry, "is not in the menu");
 }
 
-void QtPlayer::shortcut(Name button) {
-  QTest::keyClick(&widget(Name(element(button.text)->window().name())), Qt::Key_D,
-                  Qt::ControlModifier | Qt::ShiftModifier);
+void QtPlayer::shortcut(const std::string& /*button*/) {
+  QTest::keyClick(focusHolder(), Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
 }
 
-bool QtPlayer::closeWindow(Name name) {
-  QWidget* shown = &widget(name);
-  // A child's form has the name of its window; the window round it has the close box.
-  if (QWidget* outer = shown->parentWidget(); outer && outer->objectName() == shown->objectName())
-    shown = outer;
-  shown->close();
-  return !window(name.text);
+bool QtPlayer::closeWindow(const std::string& name) {
+  widget(name).close();
+  return !find(name);
 }
 
-bool QtPlayer::activate(Name name) {
-  QWidget* shown = &widget(name);
-  if (QWidget* outer = shown->parentWidget(); outer && outer->objectName() == shown->objectName())
-    shown = outer;
+bool QtPlayer::activate(const std::string& name) {
   constexpr QPoint Title(60, 8);
-  QTest::mouseClick(shown, Qt::LeftButton, {}, Title);
+  QTest::mouseClick(&widget(name), Qt::LeftButton, {}, Title);
   QCoreApplication::processEvents();
-  return forms_->activeChild() == window(name.text);
-}
-
-// The clock is the test's own: which timers run is the forms layer's knowledge.
-void QtPlayer::tick(int seconds) {
-  for (; seconds > 0; --seconds)
-    for (Window* open : std::vector<Window*>(forms_->openWindows()))
-      for (Element* one : std::vector<Element*>(open->elements()))
-        if (one->kind() == Kind::Timer && one->Enabled)
-          forms_->ticked(static_cast<Timer&>(*one));
+  return forms_->activeChild() == find(name);
 }
 
 std::string QtPlayer::focused() {
   settle();
   const QWidget* const holder = QApplication::focusWidget();
-  const std::string name = holder ? holder->objectName().toStdString() : "";
-  return element(name) ? name : "";
+  if (!holder || !holder->parentWidget())
+    return "";
+  const std::string name = holder->objectName().toStdString();
+  return find(holder->parentWidget()->objectName().toStdString() + "." + name) ? name : "";
 }
 
 } // namespace scripted

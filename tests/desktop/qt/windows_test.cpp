@@ -23,14 +23,14 @@ protected:
     app.start();
   }
   void TearDown() override {
-    player.expectBox("¿Está seguro de salir y cerrar todo?", forms::Answer::Yes, {});
+    player.expectBox("¿Está seguro de salir y cerrar todo?", forms::Answer::Yes);
     player.expectBox(falanges::informationBox().text);
     EXPECT_TRUE(player.closeWindow("frmPrincipal"));
   }
 
   // Each element stands inside its window and has the room that its text or picture needs.
   void expectNothingCut(const char* window) {
-    QWidget& form = player.widget(Name(window));
+    QWidget& form = *player.widget(window).findChild<QWidget*>(window);
     for (QWidget* shown : form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
       if (!shown->isVisible() || shown->testAttribute(Qt::WA_TransparentForMouseEvents))
         continue;
@@ -52,7 +52,7 @@ protected:
   // Walks along a row and a column of device pixels through every square, and over the edges.
   void expectEveryPixelOnItsSquare(const char* window, int side) {
     const std::string board = std::string(window) + ".picTablero";
-    QWidget& widget = player.widget(Name(board));
+    QWidget& widget = player.widget(board);
     const double scale = widget.devicePixelRatioF();
     const auto hint = [&](double x, double y) {
       const QPointF place(x + 1, y + 1); // behind the frame
@@ -102,7 +102,8 @@ TEST_F(Windows, ShowAllOfEveryBoardAndMeanTheRightSquares) {
 TEST_F(Windows, ShowAllOfTheSmallOnes) {
   player.menu("mnuOpciones");
   expectNothingCut("frmOpciones");
-  EXPECT_EQ(player.widget(Name("frmOpciones")).size(), QSize(4275 / 15, 3390 / 15));
+  EXPECT_EQ(player.widget("frmOpciones").findChild<QWidget*>("frmOpciones")->size(),
+            QSize(4275 / 15, 3390 / 15));
   EXPECT_TRUE(player.closeWindow("frmOpciones"));
   player.menu("mnuNuevoJuego");
   player.expectModal("frmMsgBox", [&] {

@@ -201,7 +201,7 @@ TEST_F(FormsTest, BoxesAndDialogsBringBackWhatThePersonGave) {
   EXPECT_EQ(screen.lastFile.folder, "/a b");
   screen.click("frmUno.chk"); // nothing of them is left on the screen
   one.txtA.MaxLength = 2;
-  screen.setText("frmUno.txtA", "ñandú");
+  screen.type("frmUno.txtA", "ñandú");
   EXPECT_EQ(one.txtA.Text.get(), "ña");
 }
 
