@@ -122,7 +122,7 @@ void ScriptedDesktop::rightClick(const std::string& name) {
 
 bool ScriptedDesktop::clickOn(const std::string& name, double X, double Y) {
   moveOver(name, X, Y);
-  const bool pressed = press(name, MouseButton::Left);
+  const bool pressed = find(name) && press(name, MouseButton::Left);
   if (pressed)
     forms_->clicked(get<Picture>(name));
   return pressed;

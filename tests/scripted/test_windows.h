@@ -1,13 +1,11 @@
 // A frame and windows with one element of each kind, which write down every event.
 #pragma once
 
-#include <functional>
 #include <map>
-#include <string>
 #include <utility>
 
 #include "model/forms/element_array.h"
-#include "model/forms/forms.h"
+#include "scripted/player.h"
 
 namespace scripted {
 
@@ -30,8 +28,6 @@ class LoggingWindow : public forms::Window {
 public:
   LoggingWindow(forms::Forms& forms, forms::WindowKind kind, const char* name, Log& log)
       : Window(forms, kind, name), log_(log) {}
-
-  int variable = 0;     // public, outlives the closing
   bool letClose = true; // what the closing check answers
 
 protected:
@@ -66,10 +62,9 @@ class TestWindow final : public LoggingWindow {
 public:
   TestWindow(forms::Forms& forms, forms::WindowKind kind, const char* name, Log& log)
       : LoggingWindow(forms, kind, name, log) {
-    Width = 6000;
-    Height = 6000;
-    forms::Element* const inTabOrder[] = {&txtA, &txtB, &chk, &com, &btn, &pic};
-    for (forms::Element* element : inTabOrder) {
+    Width = Height = 6000;
+    for (forms::Element* element :
+         std::initializer_list<forms::Element*>{&txtA, &txtB, &chk, &com, &btn, &pic}) {
       element->TabIndex = placed_;
       put(*element);
       element->LostFocus = [this, element] { log_.add(element->name() + "_LostFocus"); };
@@ -77,8 +72,8 @@ public:
     put(picUnidad.pattern);
     put(lbl);
     btn.Shortcut = "Ctrl+Shift+D";
-    for (forms::TextBox* box : {&txtA, &txtB})
-      box->Change = [this, box] { log_.add(box->name() + "_Change"); };
+    txtA.Change = [this] { log_.add("txtA_Change"); };
+    txtB.Change = [this] { log_.add("txtB_Change"); };
     const auto logClick = [this](auto&... elements) {
       ((elements.Click = [this, &elements] { log_.add(elements.name() + "_Click"); }), ...);
     };
@@ -126,8 +121,7 @@ struct TestProgram {
   ~TestProgram() {
     log.on.clear();
     forms.afterEvent = {};
-    LoggingWindow* const windows[] = {&one, &two, &own, &frame};
-    for (LoggingWindow* window : windows) {
+    for (LoggingWindow* window : std::initializer_list<LoggingWindow*>{&one, &two, &own, &frame}) {
       window->letClose = true;
       window->close();
     }
