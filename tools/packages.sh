@@ -22,6 +22,7 @@ packages_demo=(
 packages_test=(
   libgtest-dev libgmock-dev libbenchmark-dev ccache python3
   clang clang-format clang-tidy cppcheck
+  desktop-file-utils
 )
 
 # Compiling the Windows program, and running it and its tests. The static Qt is built with the host tools

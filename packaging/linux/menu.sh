@@ -7,6 +7,7 @@ set -eu
 folder=$(cd "$(dirname "$0")" && pwd -P)
 entry=${XDG_DATA_HOME:-$HOME/.local/share}/applications/falanges.desktop
 
+# Desktops look for the program before they make one % of two: env, which they find, starts the path.
 # A path inside a quoted Exec argument: the entry's own escapes, then those of its values.
 quoted() {
   printf '"%s"' "$(printf '%s' "$1" | sed -e 's/["`$\\]/\\&/g' -e 's/\\/\\\\/g' -e 's/%/%%/g')"
@@ -20,7 +21,7 @@ Type=Application
 Name=Falanges Z
 GenericName=Juego de tablero
 Comment=Tome la bandera enemiga: juego de tablero para dos personas
-Exec=$(quoted "$folder/falanges")
+Exec=env $(quoted "$folder/falanges")
 Icon=$(printf '%s' "$folder/ico/tiempo.png" | sed 's/\\/\\\\/g')
 Terminal=false
 Categories=Game;BoardGame;
