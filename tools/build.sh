@@ -1,16 +1,17 @@
 # Configuring and building for the two commands. To be sourced in the project folder by a bash that runs
 # with errexit and pipefail.
 
-# configure PRESET: full log in build/PRESET-configure.log.
+# configure PRESET [OPTION...]: full log in build/PRESET-configure.log.
 configure() {
-  local folder=build/$1 log=build/$1-configure.log fresh=()
+  local preset=$1 folder=build/$1 log=build/$1-configure.log fresh=()
+  shift
   mkdir -p build
   # A build folder that came along with a moved or copied project still names the old place.
   if [[ -f $folder/CMakeCache.txt ]] &&
     ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$folder/CMakeCache.txt"; then
     fresh=(--fresh)
   fi
-  cmake "${fresh[@]}" --preset "$1" >"$log" 2>&1 || failed_build "$log"
+  cmake "${fresh[@]}" --preset "$preset" "$@" >"$log" 2>&1 || failed_build "$log"
 }
 
 # build PRESET TARGET...: one line of progress, full log in build/PRESET.log.

@@ -25,6 +25,9 @@ packages_test=(
   desktop-file-utils
 )
 
+# Measuring the windows.
+packages_bench=(xvfb openbox python3-xlib libbenchmark-dev)
+
 # Compiling the Windows program, and running it and its tests. The static Qt is built with the host tools
 # and sources of the same packages as the Linux one.
 packages_windows=(

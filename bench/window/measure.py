@@ -3,10 +3,9 @@
 
     bench/window/measure.py <build folder> [rounds]
 
-The build folder holds falanges/ and bench/bare_window, as build/release does after
-`cmake --preset release -DFALANGES_BENCH=ON && cmake --build --preset release`. Both programs start in turn on a virtual
-screen; what is printed are medians. A window counts as painted when its middle shows something else
-than the empty screen does. Needs python3-xlib, xvfb and openbox.
+tools/measure.sh builds what is wanted and runs this. Both programs start in turn on a virtual screen;
+what is printed are medians. A window counts as painted when its middle shows something else than the
+empty screen does.
 """
 
 import os
