@@ -11,6 +11,7 @@
 #include <QLocale>
 #include <QSplitter>
 #include <QStyledItemDelegate>
+#include <QToolButton>
 #include <QTreeView>
 
 #include "desktop/qt/conversions.h"
@@ -118,6 +119,8 @@ void setSpanishTexts(QFileDialog& shown, bool save) {
   shown.setLabelText(QFileDialog::Accept,
                      save ? QStringLiteral("&Guardar") : QStringLiteral("&Abrir"));
   shown.setLabelText(QFileDialog::Reject, QStringLiteral("Cancelar"));
+  if (auto* const up = shown.findChild<QToolButton*>(QStringLiteral("toParentButton")))
+    up->setToolTip(QStringLiteral("Ir a la carpeta superior"));
 }
 
 } // namespace
