@@ -41,7 +41,7 @@ void giveBackMemory() {
 
 struct QtDesktop::Parts {
   Parts(int& argc, char** argv) : application(argc, argv) {
-    application.setQuitOnLastWindowClosed(false);
+    QApplication::setQuitOnLastWindowClosed(false);
     applyLook();
     speakSpanish();
     installAccessibility();
@@ -103,7 +103,7 @@ Answer QtDesktop::messageBox(const MessageBox& box) {
 }
 
 std::optional<std::string> QtDesktop::fileDialog(const FileDialog& dialog) {
-  const auto path = showFileDialog(dialog, parts_->screen.front());
+  auto path = showFileDialog(dialog, parts_->screen.front());
   giveBackMemory();
   return path;
 }
