@@ -28,7 +28,6 @@ using scripted::at;
 
 const std::string ToStart =
     "¿Iniciar el juego con la disposición actual de Unidades en el Tablero?";
-const std::string ToLeave = "¿Está seguro de salir y cerrar todo?";
 
 // Where square n stands in a drawing.
 inline std::size_t place(int n, int side) {
@@ -92,7 +91,6 @@ protected:
     std::ofstream(file(name), std::ios::binary) << text;
     return file(name);
   }
-  std::string configuration() { return bytesOf(file("VornathFalangesZTEE.cfg")); }
   void configure(const std::string& text) { write("VornathFalangesZTEE.cfg", text); }
 
   // Each through its menu entry and the file dialog.
@@ -110,6 +108,11 @@ protected:
     screen.click(at("picUnidad", from));
     screen.click(at("picMovimientoPermitido", to));
   }
+  // On the new-game screen, so many twips from the square's corner.
+  void clickSquare(int n, int inset) {
+    const int side = principal.NumFilas;
+    screen.clickOn("picTablero", (n - 1) % side * 1180 + inset, (n - 1) / side * 1180 + inset);
+  }
   // What a person does, step by step: "click picINF, square 25, menu Opciones, tab".
   void run(const std::string& script) {
     std::istringstream steps(script);
@@ -123,7 +126,6 @@ protected:
           {"menu", [&] { screen.menu("mnu" + on); }},
           {"click", [&] { screen.click(on); }},
           {"right", [&] { screen.rightClick(at("picUnidad", std::stoi(on))); }},
-          {"unit", [&] { screen.click(at("picUnidad", std::stoi(on))); }},
           {"move", [&] { move(std::stoi(on), std::stoi(value)); }},
           {"square", [&] { clickSquare(std::stoi(on), value.empty() ? 590 : std::stoi(value)); }},
           {"choose", [&] { screen.choose(on, value); }},
@@ -131,7 +133,6 @@ protected:
           {"tab", [&] { screen.tab(on.empty()); }},
           {"activate", [&] { screen.activate("frm" + on); }},
           {"close", [&] { screen.closeWindow("frm" + on); }},
-          {"stay", [&] { close(Answer::No); }},
           {"load", [&] { load(gameFile(on, value + "\r\n")); }},
           {"layOut", [&] { layOut(gameFile(on)); }},
           {"save", [&] { choose("Guardar" + on, file(value)); }},
@@ -146,34 +147,25 @@ protected:
       EXPECT_EQ(seen(), halves(row).second) << row;
     }
   }
-  void close(Answer answer) {
-    screen.expectBox(ToLeave, BoxStyle::WarningYesNo, answer);
-    if (answer == Answer::Yes)
-      screen.expectBox(informationBox().text, Answer::Ok, [&] { EXPECT_EQ(state(), "SSHSH"); });
-    EXPECT_EQ(screen.closeWindow("frmPrincipal"), answer == Answer::Yes);
-  }
-  // On the new-game screen, so many twips from the square's corner.
-  void clickSquare(int n, int inset) {
-    const int side = principal.NumFilas;
-    screen.clickOn("picTablero", (n - 1) % side * 1180 + inset, (n - 1) / side * 1180 + inset);
-  }
 
   // The board as its pictures show it: "0" stands for a unit without one; a unit that is hidden or
   // does not stand on its square follows behind.
   std::string pictures() {
+    auto& units = app.enJuego.isOpen() ? app.enJuego.picUnidad : app.nuevoJuego.picUnidad;
     const int side = principal.NumFilas;
     std::string drawing = blank(side), astray;
-    for (int n = 1; n <= 64; ++n) {
-      const auto* unit = screen.find(at("picUnidad", n));
-      std::string picture = unit ? screen.picture(unit->name()) + "0" : "";
-      if (picture.ends_with("_j1.jpg0"))
-        picture[0] = static_cast<char>(std::toupper(picture[0]));
-      if (unit && n <= side * side && unit->Visible && unit->Top == 380 + (n - 1) / side * 1180 &&
-          unit->Left == 1340 + (n - 1) % side * 1180)
-        drawing[place(n, side)] = picture[0];
-      else if (unit)
-        astray += at(" ", n) + picture[0];
-    }
+    for (int n = 1; n <= 64; ++n)
+      if (const auto* unit = units(n)) {
+        const std::string& path = unit->picturePath(); // it ends like "inf_j1.jpg"
+        char kind = path.empty() ? '0' : path[path.size() - 10];
+        if (path.ends_with("_j1.jpg"))
+          kind = static_cast<char>(std::toupper(kind));
+        if (n <= side * side && unit->Visible && unit->Top == 380 + (n - 1) / side * 1180 &&
+            unit->Left == 1340 + (n - 1) % side * 1180)
+          drawing[place(n, side)] = kind;
+        else
+          astray += at(" ", n) + kind;
+      }
     return drawing + astray;
   }
   // Records and pictures both show this board.
@@ -199,6 +191,10 @@ protected:
     return text;
   }
   std::string status() { return screen.text("lblJ1_Estado") + "/" + screen.text("lblJ2_Estado"); }
+  std::string hint(const std::string& picture, double X, double Y) {
+    screen.moveOver(picture, X, Y);
+    return screen.toolTip(picture);
+  }
 
   // The boxes by their names in scripts.
   const std::map<std::string, std::string> refusals = {
@@ -206,8 +202,6 @@ protected:
                "situarla"},
       {"rows", "SÓLO se permiten Unidades en las 2 primeras filas"},
       {"flag", "NO se permite ubicar más de 1 Bandera"},
-      {"units", "DEBE colocar Unidades en el tablero"},
-      {"3units", "DEBE colocar al menos 3 Unidades en el tablero"},
       {"seconds", "DEBE colocar un valor entre 5 y 300 segundos de actualización"},
       {"moves", "DEBE colocar un valor entre 1 y 5 Movimientos por Turno"}};
   scripted::ScriptedDesktop screen;
