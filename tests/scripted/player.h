@@ -69,8 +69,8 @@ public:
   virtual void type(const std::string& textBox, std::string_view text) = 0;
   virtual void choose(const std::string& list, std::string_view item) = 0;
   virtual void tab(bool forwards = true) = 0;
-  // Any other key; `digit` with Key::Digit. True when it meant something.
-  virtual bool key(forms::Key key, int digit = 0) = 0;
+  // Any other key; `digit` with Key::Digit.
+  virtual void key(forms::Key key, int digit = 0) = 0;
   virtual void menu(const std::string& entry) = 0;
   virtual void shortcut(const std::string& button) = 0;
   // Asks the window to close; true when it has.

@@ -171,10 +171,10 @@ void ScriptedDesktop::tab(bool forwards) {
   forms_->tabbed(keyboardWindow(), forwards);
 }
 
-bool ScriptedDesktop::key(Key key, int digit) {
+void ScriptedDesktop::key(Key key, int digit) {
   if (focus_ && (focus_->kind() == Kind::TextBox || focus_->kind() == Kind::DropList))
     giveUp(focus_->name(), "uses the keys itself");
-  return forms_->keyPressed(keyboardWindow(), key, digit);
+  forms_->keyPressed(keyboardWindow(), key, digit);
 }
 
 void ScriptedDesktop::menu(const std::string& entry) {

@@ -18,7 +18,7 @@ public:
   void type(const std::string& textBox, std::string_view text) override;
   void choose(const std::string& list, std::string_view item) override;
   void tab(bool forwards = true) override;
-  bool key(forms::Key key, int digit = 0) override;
+  void key(forms::Key key, int digit = 0) override;
   void menu(const std::string& entry) override;
   void shortcut(const std::string& button) override;
   bool closeWindow(const std::string& window) override;
