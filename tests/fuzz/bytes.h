@@ -38,11 +38,11 @@ public:
   std::string rest() const { return {reinterpret_cast<const char*>(data_), size_}; }
   // A whole game, now and then an ended one, and half the time with a few small changes.
   std::string game() {
-    const unsigned side = 5 + below(4), empty = below(24), end = below(16);
+    const unsigned side = 5 + below(4), kinds = 11 + below(24), end = below(16);
     std::minstd_rand units(below(65536));
     std::string text;
     for (unsigned n = 0; n < side * side; ++n) {
-      const auto unit = static_cast<unsigned>(units() % (10 + empty));
+      const auto unit = static_cast<unsigned>(units() % kinds);
       for (const unsigned field : {unit < 10 ? unit / 5 + 1 : 0, unit < 10 ? unit % 5 + 1 : 0,
                                    n / side * 1180 + 380, n % side * 1180 + 1340, n / side + 1})
         text += std::to_string(field) + ";";

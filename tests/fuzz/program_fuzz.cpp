@@ -23,11 +23,9 @@ public:
     write(path(0), bytes_.changed("1;1;5;1;\r\n"));
     write(path(1), bytes_.game());
     app_.start();
-    Element* const beginnings[] = {&frame.mnuJuego, &frame.mnuNuevoJuego, &frame.mnuCargarJuego,
-                                   &frame.mnuOpciones};
-    Element* const beginning = beginnings[bytes_.below(4)];
-    touch(*beginning);
-    if (beginning == &frame.mnuOpciones)
+    Element* const ways[] = {&frame.mnuNuevoJuego, &frame.mnuCargarJuego, &frame.mnuOpciones};
+    touch(*ways[bytes_.below(3)]);
+    if (app_.opciones.isOpen())
       touch(app_.opciones.btnCargarJuegoRed);
   }
   void play() {
@@ -49,29 +47,21 @@ private:
   void act() {
     const auto& open = app_.forms.openWindows();
     Window& window = *open[bytes_.below(open.size())];
-    const unsigned what = bytes_.below(10);
-    if (what == 0) {
+    const unsigned what = bytes_.below(10), digit = bytes_.below(10);
+    if (what == 0)
       swapFile();
-    } else if (what == 1) {
-      for (unsigned seconds = 1 + bytes_.below(32); seconds > 0; --seconds, check())
+    else if (what == 1)
+      for (unsigned seconds = 0; seconds <= 3 * digit; ++seconds, check())
         app_.forms.ticked(frame.tmrRed);
-    } else if (what == 2) {
-      const auto key = static_cast<forms::Key>(bytes_.below(9));
-      app_.forms.keyPressed(window, key, static_cast<int>(bytes_.below(10)));
-    } else if (what == 3) {
-      app_.forms.tabbed(window, bytes_.below(2) == 0);
-    } else if (what == 4) {
-      touch(window);
-    } else {
-      // Of one of the windows also what is hidden, disabled or behind a box: nothing must come of
-      // it.
-      const bool any = what == 5 || !app_.forms.activeChild();
-      std::vector<Element*> all = (any ? window : *app_.forms.activeChild()).elements();
-      std::erase_if(all, [any](Element* one) { return !any && !one->isReachable(); });
-      // Units and markers stand last.
-      const auto from = bytes_.below(2) && all.size() > 4 ? all.end() - 4 : all.begin();
-      touch(*from[bytes_.below(static_cast<std::size_t>(all.end() - from))]);
-    }
+    else if (what == 2)
+      app_.forms.keyPressed(window, static_cast<forms::Key>(bytes_.below(9)),
+                            static_cast<int>(digit));
+    else if (what == 3)
+      app_.forms.tabbed(window, digit < 5);
+    else if (what == 4)
+      digit < 2 ? app_.forms.closeRequested(window) : forms::passOver(app_.forms.activated(window));
+    else
+      touchOne(what == 5 || !app_.forms.activeChild() ? window : *app_.forms.activeChild());
     check();
   }
 
@@ -85,28 +75,34 @@ private:
       write(target, what == 2 ? bytes_.changed("1;0;5;2;\r\n") : bytes_.game());
   }
 
+  // Also what is hidden, disabled or behind a box: nothing must come of it.
+  void touchOne(const Window& window) {
+    const auto& all = window.elements();
+    // Units and markers stand last.
+    const std::size_t from = bytes_.below(2) && all.size() > 4 ? all.size() - 4 : 0;
+    touch(*all[from + bytes_.below(all.size() - from)]);
+  }
+
   void touch(Element& element) {
     forms::Forms& forms = app_.forms;
-    Window& window = element.window();
-    const auto number = static_cast<int>(bytes_.below(8));
+    const Window& window = element.window();
+    const unsigned number = bytes_.below(8);
+    const auto button = number < 2 ? forms::MouseButton::Right : forms::MouseButton::Left;
     if (auto* const entry = dynamic_cast<forms::MenuEntry*>(&element))
       return forms.menuChosen(*entry);
-    if (&element == &window)
-      return number < 2 ? forms.closeRequested(window) : forms::passOver(forms.activated(window));
     if (auto* const developers = dynamic_cast<forms::Button*>(&element); developers && number < 2)
       return forms.shortcutPressed(*developers);
     if (auto* const picture = dynamic_cast<forms::Picture*>(&element))
       forms.moved(*picture, 40 * static_cast<float>(bytes_.below(256)) - 300,
                   40 * static_cast<float>(bytes_.below(256)) - 300);
-    const auto button = number < 2 ? forms::MouseButton::Right : forms::MouseButton::Left;
-    const bool pressed = number == 2 ? forms.focusMoved(element) : forms.pressed(element, button);
+    const bool let = number == 2 ? forms.focusMoved(element) : forms.pressed(element, button);
     const auto& standing = window.elements();
-    if (!pressed || std::find(standing.begin(), standing.end(), &element) == standing.end())
+    if (!let || std::find(standing.begin(), standing.end(), &element) == standing.end())
       return; // the press took it away
     if (auto* const box = dynamic_cast<forms::TextBox*>(&element))
       forms.typed(*box, bytes_.changed(std::to_string(number)));
     else if (auto* const list = dynamic_cast<forms::DropList*>(&element))
-      forms.chosen(*list, number - 1);
+      forms.chosen(*list, static_cast<int>(number) - 1);
     else if (button == forms::MouseButton::Left)
       forms.clicked(element);
   }
