@@ -3,8 +3,13 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QMdiArea>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <QWindow>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -19,32 +24,42 @@ namespace {
 class Windows : public testing::Test {
 protected:
   void SetUp() override {
-    player.expectBox(falanges::informationBox().text);
+    player.expectBox(falanges::informationBox().text, forms::Answer::Ok, expectDialogWhole);
     app.start();
   }
   void TearDown() override {
-    player.expectBox("¿Está seguro de salir y cerrar todo?", forms::Answer::Yes);
+    player.expectBox("¿Está seguro de salir y cerrar todo?", forms::Answer::Yes, expectDialogWhole);
     player.expectBox(falanges::informationBox().text);
     EXPECT_TRUE(player.closeWindow("frmPrincipal"));
   }
 
-  // Each element stands inside its window and has the room that its text or picture needs.
+  // Everything with a text has the room that it needs, inside what it stands on.
+  static void expectTextsWhole(const QWidget& around) {
+    for (const QWidget* shown : around.findChildren<QWidget*>()) {
+      const auto* const label = qobject_cast<const QLabel*>(shown);
+      const auto* const button = qobject_cast<const QAbstractButton*>(shown);
+      const auto* const list = qobject_cast<const QComboBox*>(shown);
+      const QString text = label    ? label->text()
+                           : button ? button->text()
+                           : list   ? list->currentText()
+                                    : QString();
+      if (!shown->isVisible() || text.isEmpty())
+        continue;
+      QSize needed = shown->fontMetrics().size(Qt::TextShowMnemonic, text);
+      if (label && label->wordWrap())
+        needed = {0, label->heightForWidth(label->width())};
+      EXPECT_EQ(needed.boundedTo(shown->contentsRect().size()), needed) << text.toStdString();
+      EXPECT_TRUE(shown->parentWidget()->rect().contains(shown->geometry())) << text.toStdString();
+    }
+  }
+  static void expectDialogWhole() { expectTextsWhole(*QApplication::activeModalWidget()); }
   void expectNothingCut(const char* window) {
     QWidget& form = *player.widget(window).findChild<QWidget*>(window);
-    for (QWidget* shown : form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-      if (!shown->isVisible() || shown->testAttribute(Qt::WA_TransparentForMouseEvents))
-        continue;
-      const std::string name = std::string(window) + "." + shown->objectName().toStdString();
-      EXPECT_TRUE(form.rect().contains(shown->geometry())) << name;
-      QString text;
-      if (auto* label = qobject_cast<QLabel*>(shown))
-        text = label->text();
-      if (auto* button = qobject_cast<QPushButton*>(shown))
-        text = button->text();
-      const QSize needed = text.isEmpty() ? QSize() : shown->fontMetrics().size(0, text);
-      EXPECT_LE(needed.width(), shown->width()) << name;
-      EXPECT_LE(needed.height(), shown->height()) << name;
-    }
+    expectTextsWhole(form);
+    for (const QWidget* shown : form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+      EXPECT_TRUE(!shown->isVisible() || shown->testAttribute(Qt::WA_TransparentForMouseEvents) ||
+                  form.rect().contains(shown->geometry()))
+          << shown->objectName().toStdString();
     const QPixmap seen = form.grab();
     EXPECT_EQ(seen.size(), form.size() * seen.devicePixelRatio()) << window;
   }
@@ -111,6 +126,71 @@ TEST_F(Windows, ShowAllOfTheSmallOnes) {
     EXPECT_TRUE(player.closeWindow("frmMsgBox"));
   });
   player.shortcut("Command1");
+}
+
+TEST_F(Windows, LeaveEverySquareInReachOfASmallFrame) {
+  app.principal.OpcLimiteFilas = "1"; // units on any row
+  player.menu("mnuNuevoJuego");
+  player.choose("comTablero", "8x8");
+  player.click("picINF");
+  QWidget& frame = player.widget("frmPrincipal");
+  frame.showNormal();
+  frame.resize(400, 300);
+  QCoreApplication::processEvents();
+  const auto& area = *frame.findChild<QMdiArea*>();
+  QWidget& board = player.widget("picTablero");
+  for (int n = 64; n > 32; --n) {
+    const QPoint middle = QPoint((n - 1) % 8, (n - 1) / 8) * 1180 / 15 + QPoint(40, 40);
+    const QPoint off = board.mapTo(area.viewport(), middle) - area.viewport()->rect().center();
+    area.horizontalScrollBar()->setValue(area.horizontalScrollBar()->value() + off.x());
+    area.verticalScrollBar()->setValue(area.verticalScrollBar()->value() + off.y());
+    ASSERT_TRUE(area.viewport()->rect().contains(board.mapTo(area.viewport(), middle))) << n;
+    QTest::mouseClick(frame.windowHandle(), Qt::LeftButton, {}, board.mapTo(&frame, middle));
+    EXPECT_TRUE(player.find(at("picUnidad", n)) && player.find(at("picUnidad", 65 - n))) << n;
+  }
+}
+
+// As a system may be set to large type, before the start or later.
+class WindowsInLargeType : public Windows {
+protected:
+  WindowsInLargeType() { enlarge(1.5); }
+  static void enlarge(double factor) {
+    QFont font = QApplication::font();
+    font.setPointSizeF(font.pointSizeF() * factor);
+    QApplication::setFont(font);
+  }
+  // A menu bar or a menu.
+  template <class Menu> static void expectEntriesWhole(const Menu& menu) {
+    for (const QAction* entry : menu.actions()) {
+      if (!entry->isVisible() || entry->isSeparator())
+        continue;
+      const QRect place = menu.actionGeometry(const_cast<QAction*>(entry));
+      const QSize needed = menu.fontMetrics().size(Qt::TextShowMnemonic, entry->text());
+      EXPECT_TRUE(menu.rect().contains(place)) << entry->text().toStdString();
+      EXPECT_EQ(needed.boundedTo(place.size()), needed) << entry->text().toStdString();
+    }
+  }
+};
+
+TEST_F(WindowsInLargeType, CutNoText) {
+  for (const double larger : {4.0 / 3, 1.0}) {
+    player.menu("mnuOpciones");
+    expectNothingCut("frmOpciones");
+    player.menu("mnuNuevoJuego");
+    expectNothingCut("frmNuevoJuego");
+    app.enJuego.open();
+    expectNothingCut("frmEnJuego");
+    app.enJuego.close();
+    const auto& bar = *player.widget("frmPrincipal").findChild<QMenuBar*>();
+    expectEntriesWhole(bar);
+    QMenu& menu = *bar.actions().constFirst()->menu();
+    menu.popup({});
+    expectEntriesWhole(menu);
+    menu.close();
+    player.expectFile("Cargar Juego", std::nullopt, expectDialogWhole);
+    player.menu("mnuCargarJuego");
+    enlarge(larger);
+  }
 }
 
 } // namespace
