@@ -24,12 +24,12 @@ namespace {
 class Windows : public testing::Test {
 protected:
   void SetUp() override {
-    player.expectBox(falanges::informationBox().text, forms::Answer::Ok, expectDialogWhole);
+    player.expectBox(falanges::informationBox().text, forms::Answer::Ok, onBox);
     app.start();
   }
   void TearDown() override {
-    player.expectBox("¿Está seguro de salir y cerrar todo?", forms::Answer::Yes, expectDialogWhole);
-    player.expectBox(falanges::informationBox().text);
+    player.expectBox("¿Está seguro de salir y cerrar todo?", forms::Answer::Yes, onBox);
+    player.expectBox(falanges::informationBox().text, forms::Answer::Ok, onBox);
     EXPECT_TRUE(player.closeWindow("frmPrincipal"));
   }
 
@@ -92,6 +92,7 @@ protected:
     }
   }
 
+  Meanwhile onBox; // while a box is open
   QtPlayer player;
   falanges::App app{player};
 };
@@ -153,7 +154,10 @@ TEST_F(Windows, LeaveEverySquareInReachOfASmallFrame) {
 // As a system may be set to large type, before the start or later.
 class WindowsInLargeType : public Windows {
 protected:
-  WindowsInLargeType() { enlarge(1.5); }
+  WindowsInLargeType() {
+    enlarge(1.5);
+    onBox = expectDialogWhole;
+  }
   static void enlarge(double factor) {
     QFont font = QApplication::font();
     font.setPointSizeF(font.pointSizeF() * factor);
