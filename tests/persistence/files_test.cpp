@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "persistence/configuration.h"
 #include "shell/game.h"
 
@@ -30,6 +32,36 @@ class Files : public Game {
 protected:
   Files() { start(); }
 };
+
+TEST_F(Files, AGameIsSavedAndLoadedAtALongPath) {
+  std::string name = "Ñandú y pingüino";
+  while (name.size() < 130)
+    name += " à côté de Ðorđe";
+  std::filesystem::create_directory(scripted::toPath(file(name)));
+  const std::string path = file(name + "/" + name + ".txt");
+  run("layOut g..../...../...../...../....G");
+  choose("GuardarPlantilla", path);
+  choose("CargarJuego", path);
+  run("move 25 24");
+  choose("GuardarJuego", path);
+  EXPECT_EQ(bytesOf(path), gameFile("g..../...../...../...../...G.", "2\r\n"));
+}
+
+TEST_F(Files, AFailedSaveIsToldAndChangesNothing) {
+  const std::string board = "g..../...../...../...../....G";
+  const auto folder = scripted::toPath(file("carpeta"));
+  for (const std::string kind : {"Plantilla", "Juego"}) {
+    run((kind == "Juego" ? "load " : "layOut ") + board + " 1");
+    for (const std::string& path : {screen.programFolder(), file("carpeta/partida")}) {
+      std::filesystem::create_directory(folder);
+      choose("Guardar" + kind, path, "No se puede guardar el archivo:\r\n" + path,
+             [&] { std::filesystem::remove(folder); }); // while the dialog is open
+      expectBoard(board);
+    }
+    choose("Guardar" + kind, file("otra"));
+    EXPECT_EQ(bytesOf(file("otra")).find(gameFile(board, "")), 0U);
+  }
+}
 
 TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
   std::string lf = gameFile(blank(5), "");

@@ -97,9 +97,9 @@ protected:
   void load(const std::string& text) { choose("CargarJuego", write("partida", text)); }
   void layOut(const std::string& text) { choose("CargarPlantilla", write("plantilla", text)); }
   void choose(const std::string& entry, const std::optional<std::string>& path,
-              const std::string& box = "") {
+              const std::string& box = "", const scripted::Meanwhile& meanwhile = {}) {
     std::string title = entry;
-    screen.expectFile(title.insert(title.find_first_of("JP", 1), " "), path);
+    screen.expectFile(title.insert(title.find_first_of("JP", 1), " "), path, meanwhile);
     if (!box.empty())
       screen.expectBox(box);
     screen.menu("mnu" + entry);
