@@ -24,47 +24,13 @@ struct Log {
   std::string take() { return std::exchange(events, {}); }
 };
 
-class LoggingWindow : public forms::Window {
-public:
-  LoggingWindow(forms::Forms& forms, forms::WindowKind kind, const char* name, Log& log)
-      : Window(forms, kind, name), log_(log) {}
-  bool letClose = true; // what the closing check answers
-
-protected:
-  void Form_Load() override { log_.add(name() + "_Load"); }
-  bool Form_QueryUnload() override {
-    log_.add(name() + "_QueryUnload");
-    return letClose;
-  }
-  void Form_Unload() override { log_.add(name() + "_Unload"); }
-  void Form_Deactivate() override { log_.add(name() + "_Deactivate"); }
-
-  Log& log_;
-};
-
-class FrameWindow final : public LoggingWindow {
-public:
-  FrameWindow(forms::Forms& forms, Log& log)
-      : LoggingWindow(forms, forms::WindowKind::Frame, "frmMarco", log) {
-    Maximized = true;
-    mnu.Caption = std::string("&Menú");
-    mnuHoja.Caption = std::string("&Hoja");
-    mnuHoja.Click = [this] { log_.add("mnuHoja_Click"); };
-    tmr.Tick = [this] { log_.add("tmr_Tick"); };
-    made();
-  }
-
-  forms::MenuEntry mnu{*this, "mnu"}, mnuHoja{*this, "mnuHoja", &mnu};
-  forms::Timer tmr{*this, "tmr"};
-};
-
-class TestWindow final : public LoggingWindow {
+class TestWindow : public forms::Window {
 public:
   TestWindow(forms::Forms& forms, forms::WindowKind kind, const char* name, Log& log)
-      : LoggingWindow(forms, kind, name, log) {
+      : Window(forms, kind, name), log_(log) {
     Width = Height = 6000;
-    for (forms::Element* element :
-         std::initializer_list<forms::Element*>{&txtA, &txtB, &chk, &com, &btn, &pic}) {
+    forms::Element* const inTabOrder[] = {&txtA, &txtB, &chk, &com, &btn, &pic};
+    for (forms::Element* element : inTabOrder) {
       element->TabIndex = placed_;
       put(*element);
       element->LostFocus = [this, element] { log_.add(element->name() + "_LostFocus"); };
@@ -84,6 +50,7 @@ public:
     picUnidad.Click = [this](int Index) { log_.add("picUnidad_Click" + std::to_string(Index)); };
     made();
   }
+  bool letClose = true; // what the closing check answers
 
   forms::TextBox txtA{*this, "txtA"}, txtB{*this, "txtB"};
   forms::CheckBox chk{*this, "chk"};
@@ -104,10 +71,34 @@ private:
   void Form_Load() override {
     com.AddItem("uno");
     com.AddItem("dos");
-    LoggingWindow::Form_Load();
+    log_.add(name() + "_Load");
+  }
+  bool Form_QueryUnload() override {
+    log_.add(name() + "_QueryUnload");
+    return letClose;
+  }
+  void Form_Unload() override { log_.add(name() + "_Unload"); }
+  void Form_Deactivate() override { log_.add(name() + "_Deactivate"); }
+
+  Log& log_;
+  int placed_ = 0;
+};
+
+// Its elements but menu and timer have no place to stand.
+class FrameWindow final : public TestWindow {
+public:
+  FrameWindow(forms::Forms& forms, Log& log)
+      : TestWindow(forms, forms::WindowKind::Frame, "frmMarco", log) {
+    Maximized = true;
+    mnu.Caption = std::string("&Menú");
+    mnuHoja.Caption = std::string("&Hoja");
+    mnuHoja.Click = [&log] { log.add("mnuHoja_Click"); };
+    tmr.Tick = [&log] { log.add("tmr_Tick"); };
+    made();
   }
 
-  int placed_ = 0;
+  forms::MenuEntry mnu{*this, "mnu"}, mnuHoja{*this, "mnuHoja", &mnu};
+  forms::Timer tmr{*this, "tmr"};
 };
 
 // The frame with two open child windows, the first one active with the focus on its first element.
@@ -121,7 +112,8 @@ struct TestProgram {
   ~TestProgram() {
     log.on.clear();
     forms.afterEvent = {};
-    for (LoggingWindow* window : std::initializer_list<LoggingWindow*>{&one, &two, &own, &frame}) {
+    TestWindow* const windows[] = {&one, &two, &own, &frame};
+    for (TestWindow* window : windows) {
       window->letClose = true;
       window->close();
     }

@@ -17,11 +17,10 @@ protected:
     return widget.mapTo(widget.window(), widget.rect().center());
   }
   QWindow* window() { return player.widget("frmMarco").windowHandle(); }
-  void press(const std::string& name) {
-    QTest::mousePress(window(), Qt::LeftButton, {}, middle(name));
-  }
-  void release(const std::string& name) {
-    QTest::mouseRelease(window(), Qt::LeftButton, {}, middle(name));
+  void drag(const std::string& from, const std::string& to) {
+    QTest::mousePress(window(), Qt::LeftButton, {}, middle(from));
+    QTest::mouseMove(window(), middle(to));
+    QTest::mouseRelease(window(), Qt::LeftButton, {}, middle(to));
   }
   void doubleClick(const std::string& name) {
     QTest::mouseDClick(window(), Qt::LeftButton, {}, middle(name));
@@ -48,18 +47,14 @@ TEST_F(Pointer, ClicksWhereItIsPressedAndLetGo) {
   const std::string names[] = {"pic", "lbl", "btn", "chk"};
   for (const std::string& from : names)
     for (const std::string& to : names) {
-      press("frmUno." + from);
-      QTest::mouseMove(window(), middle("frmUno." + to));
-      release("frmUno." + to);
+      drag("frmUno." + from, "frmUno." + to);
       EXPECT_EQ(log.take().find("_Click") != std::string::npos, from == to) << from << " " << to;
     }
   EXPECT_TRUE(one.txtA.SetFocus());
-  press("frmUno.pic"), release("frmUno.lbl");
+  drag("frmUno.pic", "frmUno.lbl");
   EXPECT_EQ(log.take(), "chk_LostFocus 435,180 txtA_LostFocus pic_Left 435,1080");
-  doubleClick("frmUno.pic");
-  doubleClick("frmUno.lbl");
-  doubleClick("frmUno.btn");
-  doubleClick("frmUno.chk");
+  for (const std::string& name : names)
+    doubleClick("frmUno." + name);
   EXPECT_EQ(log.take(), "435,180 pic_Left pic_Click pic_Left pic_Click lbl_Click lbl_Click "
                         "pic_LostFocus btn_Click btn_Click btn_LostFocus chk_Click chk_Click");
 }
@@ -70,32 +65,13 @@ TEST_F(Pointer, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
   one.picUnidad.MouseDown = [&](int i, forms::MouseButton) {
     forms::passOver(one.picUnidad.Unload(i));
   };
-  press("picUnidad(1)"), release("frmUno.pic");
+  drag("picUnidad(1)", "frmUno.pic");
   EXPECT_EQ(log.take(), "txtA_LostFocus");
   one.picUnidad.MouseDown = {};
   log.on["picUnidad_Click2"] = [&] { forms::passOver(one.picUnidad.Unload(2)); };
   loadUnit(2);
   doubleClick("picUnidad(2)");
   EXPECT_EQ(log.take(), "picUnidad_Click2 pic_Left pic_Click");
-}
-
-TEST_F(Pointer, ClosesNoWindowBehindABox) {
-  log.on["btn_Click"] = [&] {
-    EXPECT_EQ(program.forms.messageBox("¿Sí?", forms::BoxStyle::InformationYesNo),
-              forms::Answer::Yes);
-    program.forms.fileDialog({true, "Guardar", "", "", ""});
-    program.own.showModal();
-  };
-  const auto close = [&] {
-    for (const char* name : {"frmMarco", "frmUno"})
-      EXPECT_FALSE(player.closeWindow(name));
-  };
-  player.expectBox("¿Sí?", forms::Answer::Yes, close);
-  player.expectFile("Guardar", std::nullopt, close);
-  player.expectModal("frmPropia", [&] { close(), player.closeWindow("frmPropia"); });
-  player.click("frmUno.btn");
-  EXPECT_EQ(log.take(),
-            "txtA_LostFocus btn_Click frmPropia_Load frmPropia_QueryUnload frmPropia_Unload");
 }
 
 } // namespace

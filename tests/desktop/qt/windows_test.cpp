@@ -164,15 +164,12 @@ protected:
     QApplication::setFont(font);
   }
   // A menu bar or a menu.
-  template <class Menu> static void expectEntriesWhole(const Menu& menu) {
-    for (const QAction* entry : menu.actions()) {
-      if (!entry->isVisible() || entry->isSeparator())
-        continue;
-      const QRect place = menu.actionGeometry(const_cast<QAction*>(entry));
-      const QSize needed = menu.fontMetrics().size(Qt::TextShowMnemonic, entry->text());
-      EXPECT_TRUE(menu.rect().contains(place)) << entry->text().toStdString();
-      EXPECT_EQ(needed.boundedTo(place.size()), needed) << entry->text().toStdString();
-    }
+  template <class Menu> static void expectEntriesWhole(Menu& menu) {
+    for (QAction* entry : menu.actions())
+      EXPECT_TRUE(!entry->isVisible() ||
+                  menu.actionGeometry(entry).width() >=
+                      menu.fontMetrics().size(Qt::TextShowMnemonic, entry->text()).width())
+          << entry->text().toStdString();
   }
 };
 
@@ -185,7 +182,7 @@ TEST_F(WindowsInLargeType, CutNoText) {
     app.enJuego.open();
     expectNothingCut("frmEnJuego");
     app.enJuego.close();
-    const auto& bar = *player.widget("frmPrincipal").findChild<QMenuBar*>();
+    auto& bar = *player.widget("frmPrincipal").findChild<QMenuBar*>();
     expectEntriesWhole(bar);
     QMenu& menu = *bar.actions().constFirst()->menu();
     menu.popup({});
