@@ -31,24 +31,6 @@ void checkConfiguration(const std::string& text) {
     require(option.find(';') == option.npos && option.size() <= text.size() + 1, "one field", text);
 }
 
-// What the other copy sees of a game while it is being written.
-void checkTorn(const std::string& text, const GameText& game, std::size_t cut) {
-  const auto torn = parseGame(text.substr(0, cut));
-  const auto* part = std::get_if<GameText>(&torn);
-  const bool markerToCome =
-      part && game.resultMarker && game.lines.size() == part->lines.size() + 1;
-  require(!part || !part->whole || markerToCome, "a torn game is none:", text.substr(0, cut));
-}
-
-void checkReach(const Principal& principal) {
-  for (int n = 1; n <= principal.NumCasillas; ++n)
-    for (const int player : {1, 2})
-      for (const int target : reach(principal, n, player))
-        require(target >= 1 && target <= principal.NumCasillas &&
-                    principal.Casillas(target).Jugador != player,
-                "units stay on the board");
-}
-
 void checkGame(const std::string& text, Bytes& bytes) {
   const auto read = parseGame(text);
   if (const auto* refusal = std::get_if<Refusal>(&read))
@@ -58,21 +40,24 @@ void checkGame(const std::string& text, Bytes& bytes) {
   principal.NumFilas = principal.NumColumnas = 8;
   std::uint8_t JugadorActual = 77;
   takeGame(game, principal, JugadorActual);
-  checkReach(principal);
+  for (int n = 1; n <= principal.NumCasillas; ++n)
+    for (const int target : reach(principal, n, principal.Casillas(n).Jugador))
+      require(target >= 1 && target <= principal.NumCasillas, "units stay on the board");
 
-  const std::string written = gameText(principal, JugadorActual);
-  const auto again = parseGame(written);
-  require(std::holds_alternative<GameText>(again), "what was taken can be written and read");
-  const auto& lines = std::get<GameText>(again).lines;
-  require(std::get<GameText>(again).JugadorActual == game.JugadorActual.value_or(77), "the turn");
-  for (std::size_t n = 0; n + 1 < lines.size() && n < game.lines.size(); ++n)
-    for (std::size_t field = 0; field < static_cast<std::size_t>(game.lines[n].fields); ++field)
-      require(lines[n].values[field] == game.lines[n].values[field], "each record:", text);
+  const auto again = std::get<GameText>(parseGame(gameText(principal, JugadorActual)));
+  require(again.JugadorActual == game.JugadorActual.value_or(77), "the turn of", text);
+  for (std::size_t n = 0; n < game.lines.size() && n + 1 < again.lines.size(); ++n)
+    require(again.lines[n].values == game.lines[n].values, "each record of", text);
 
-  for (std::size_t back = 1; game.whole && back < 10; ++back)
-    checkTorn(text, game, text.size() - back);
-  if (game.whole)
-    checkTorn(text, game, bytes.below(text.size()));
+  // What the other copy sees of a game while it is being written: at most the marker is to come.
+  for (std::size_t back = 1; game.whole && back < 12; ++back) {
+    const auto length = back < 11 ? text.size() - back : bytes.below(text.size());
+    const auto torn = parseGame(text.substr(0, length));
+    const auto* part = std::get_if<GameText>(&torn);
+    require(!part || !part->whole ||
+                (game.resultMarker && game.lines.size() == part->lines.size() + 1),
+            "a torn game is none:", text.substr(0, length));
+  }
 }
 
 } // namespace

@@ -95,8 +95,6 @@ protected:
         auto& copy = name == 'A' ? a : b;
         if (what == "join")
           copy = std::make_unique<Copy>(name == 'A' ? 1 : 2, path), copy->join();
-        else if (what == "kill")
-          copy.reset();
         else if (what == "tick")
           copy->screen.tick(from > 0 ? from : Interval);
         else

@@ -37,8 +37,8 @@ TEST_F(Network, ARefreshKeepsTheWindowsPlaceAndDropsWhatWasSelected) {
 TEST_F(Network, TheClosingLineSaysWhoBegins) {
   for (const std::string closing : {"0", "1", "2"}) {
     put(shared(0, closing + "\r\n"));
-    follow({closing == "2" ? "join B, tick B 18, join A, tick AB => 02 02p. 02."
-                           : "join B, tick B 18, join A, tick AB => 01 01. 01p."});
+    const std::string both = closing == "2" ? "02 02p. 02." : "01 01. 01p.";
+    follow({"join B, tick B 18, join A, tick AB => " + both});
   }
 }
 
@@ -77,7 +77,6 @@ TEST_F(Network, ACopyInTurnSeesTheMarkerTooWhateverItsDigit) {
                                                     {"12", "12 Derrota/Victoria"}};
   for (const auto& [last, seen] : table) {
     begin();
-    a->screen.click("picUnidad(23)");
     put(shared(1, last + "\r\n"));
     a->screen.expectBox(defeat(last.substr(last.size() - 1)));
     a->look();
