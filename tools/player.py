@@ -364,3 +364,13 @@ class Player:
         self.type_into("Nombre:", str(path), dialog)
         self.keys("Return")
         wait_for("the dialog to go", lambda: not shows(dialog))
+
+    def join(self, number, path):
+        """Joins the network game in this file as this player, with looks at it every 5 seconds."""
+        self.choose("Opciones")
+        self.type_into("Segundos de Actualización", "5")
+        self.choose_item("Jugador de Red", str(number))
+        self.click("Cargar Juego en Red")
+        self.choose_file("Cargar Juego", path)
+        self.sees_no("Opciones de Configuración")
+        self.sees(f"Jugador -{number}- Actualización en: -?- segundos")
