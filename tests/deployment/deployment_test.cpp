@@ -73,7 +73,6 @@ TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoard) {
     expectBoard(board);
     EXPECT_EQ(screen.picture("picTablero")[0], '0' + principal.NumFilas);
     EXPECT_EQ(app.nuevoJuego.Height - 840, app.nuevoJuego.picTablero.Height);
-    EXPECT_EQ(screen.text("comTablero"), "5x5");
   }
   layOut("1;2;\r\n1;3;380;2520;1\r\n1\r\n"); // the other fields are those of the new board
   expectBoard("IC.../...../...../...../.....");
