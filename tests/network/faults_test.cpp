@@ -10,6 +10,7 @@ TEST_F(Faults, AWaitingCopyRestsAndACopyInTurnPlaysOnWithoutTheFile) {
                                                  {""},
                                                  {shared(0).substr(0, 200)},
                                                  {shared(1, "2")},
+                                                 {"2;1;380;1340;1;\r\n" + shared(1).substr(19)},
                                                  {shared(1, "2\r\n\r\n")},
                                                  {shared(1, "2\r\n123\r\n")},
                                                  {shared(1, "2\r\n11\r\n11\r\n")},
@@ -51,12 +52,14 @@ TEST_F(Faults, WhoJoinedWithAnOlderTextDoesNotPutItBack) {
   put(shared(1, "2\r\n"));
   follow({"tick B 1 => 12 12p. 12."});
   // Still out of turn on the newer text: from here on it waits, and heals nothing of the other's.
-  begin();
-  run("join B");
-  put(shared(1));
-  follow({"look B => 11 01= 11p."});
-  put("");
-  follow({"tick B 40 => ?? 01= 11p!"});
+  for (const std::string joined : {"", "join B"}) {
+    begin();
+    run(joined);
+    put(shared(1));
+    run("look B");
+    put("");
+    follow({"tick B 40 => ?? 01= 11p!"});
+  }
 }
 
 TEST_F(Faults, WhoJoinedOutOfTurnWritesNoMissingFileAndNoUnknownBoard) {
