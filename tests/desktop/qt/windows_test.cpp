@@ -1,5 +1,5 @@
-// Every window at the scale that the process runs at (QT_SCALE_FACTOR): nothing
-// is cut, and every pixel of the boards means the right square.
+// Every window at the scale that the process runs at (QT_SCALE_FACTOR): nothing is cut, and every
+// pixel of the boards means the right square.
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
@@ -33,8 +33,7 @@ protected:
     EXPECT_TRUE(player.closeWindow("frmPrincipal"));
   }
 
-  // Everything with a text has the room that it needs, inside what it stands
-  // on.
+  // Everything with a text has the room that it needs, inside what it stands on.
   static void expectTextsWhole(const QWidget& around) {
     for (const QWidget* shown : around.findChildren<QWidget*>()) {
       const auto* const label = qobject_cast<const QLabel*>(shown);
@@ -82,8 +81,7 @@ protected:
     EXPECT_TRUE(player.closeWindow("frmNuevoJuego"));
   }
 
-  // Walks along a row and a column of device pixels through every square, and
-  // over the edges.
+  // Walks along a row and a column of device pixels through every square, and over the edges.
   void expectEveryPixelOnItsSquare(const char* window, int side) {
     const std::string board = std::string(window) + ".picTablero";
     QWidget& widget = player.widget(board);
