@@ -34,11 +34,11 @@ protected:
 };
 
 TEST_F(Files, AGameIsSavedAndLoadedAtALongPath) {
-  std::string name = "Ñandú y pingüino";
-  while (name.size() < 130)
-    name += " à côté de Ðorđe";
-  std::filesystem::create_directory(scripted::toPath(file(name)));
-  const std::string path = file(name + "/" + name + ".txt");
+  const std::string folder = file("Partidas de Ðorđe y de Begoña, a orillas del río Miño");
+  std::filesystem::create_directory(scripted::toPath(folder));
+  std::string path = file("Partidas de Ðorđe y de Begoña, a orillas del río Miño/Final");
+  while (scripted::toPath(path).u16string().size() < 250)
+    path += " añejo";
   run("layOut g..../...../...../...../....G");
   choose("GuardarPlantilla", path);
   choose("CargarJuego", path);
