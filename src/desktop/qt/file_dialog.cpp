@@ -1,5 +1,8 @@
 #include "desktop/qt/file_dialog.h"
 
+#include <algorithm>
+#include <utility>
+
 #include <QAbstractItemView>
 #include <QCompleter>
 #include <QDir>
@@ -102,10 +105,10 @@ void setSpanishCells(QFileDialog& shown) {
   details->setItemDelegateForColumn(DateColumn, cells);
   // In the font that the system gives the dialog, so that nothing is cut.
   const int digit = details->fontMetrics().horizontalAdvance(QStringLiteral("0"));
-  details->header()->resizeSection(NameColumn, 36 * digit);
-  details->header()->resizeSection(SizeColumn, 11 * digit);
-  details->header()->resizeSection(TypeColumn, 13 * digit);
-  details->header()->resizeSection(DateColumn, 20 * digit);
+  QHeaderView& header = *details->header();
+  for (const auto& [column, digits] :
+       {std::pair(NameColumn, 36), {SizeColumn, 11}, {TypeColumn, 13}, {DateColumn, 20}})
+    header.resizeSection(column, std::max(digits * digit, header.sectionSizeHint(column)));
   if (auto* const splitter = shown.findChild<QSplitter*>())
     splitter->setSizes({18 * digit, 84 * digit});
   shown.resize(shown.sizeHint().expandedTo({106 * digit, 0}));

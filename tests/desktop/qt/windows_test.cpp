@@ -2,6 +2,7 @@
 // pixel of the boards means the right square.
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenuBar>
@@ -186,7 +187,12 @@ TEST_F(WindowsInLargeType, CutNoText) {
     menu.popup({});
     expectEntriesWhole(menu);
     menu.close();
-    player.expectFile("Cargar Juego", std::nullopt, expectDialogWhole);
+    player.expectFile("Cargar Juego", std::nullopt, [] {
+      expectDialogWhole();
+      const auto& header = *QApplication::activeModalWidget()->findChild<QHeaderView*>();
+      for (int column = 0; column < header.count(); ++column)
+        EXPECT_GE(header.sectionSize(column), header.sectionSizeHint(column)) << column;
+    });
     player.menu("mnuCargarJuego");
     enlarge(larger);
   }
