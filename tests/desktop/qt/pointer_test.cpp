@@ -74,4 +74,23 @@ TEST_F(Pointer, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
   EXPECT_EQ(log.take(), "picUnidad_Click2 pic_Left pic_Click");
 }
 
+TEST_F(Pointer, ClosesNoWindowBehindABox) {
+  log.on["btn_Click"] = [&] {
+    EXPECT_EQ(program.forms.messageBox("¿Sí?", forms::BoxStyle::InformationYesNo),
+              forms::Answer::Yes);
+    program.forms.fileDialog({true, "Guardar", "", "", ""});
+    program.own.showModal();
+  };
+  const auto close = [&] {
+    for (const char* name : {"frmMarco", "frmUno"})
+      EXPECT_FALSE(player.closeWindow(name));
+  };
+  player.expectBox("¿Sí?", forms::Answer::Yes, close);
+  player.expectFile("Guardar", std::nullopt, close);
+  player.expectModal("frmPropia", [&] { close(), player.closeWindow("frmPropia"); });
+  player.click("frmUno.btn");
+  EXPECT_EQ(log.take(),
+            "txtA_LostFocus btn_Click frmPropia_Load frmPropia_QueryUnload frmPropia_Unload");
+}
+
 } // namespace
