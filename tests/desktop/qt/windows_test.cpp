@@ -53,7 +53,11 @@ protected:
       EXPECT_TRUE(shown->parentWidget()->rect().contains(shown->geometry())) << text.toStdString();
     }
   }
-  static void expectDialogWhole() { expectTextsWhole(*QApplication::activeModalWidget()); }
+  static void expectDialogWhole() {
+    // What has changed its text since the layout came to rest may still wait for its place.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    expectTextsWhole(*QApplication::activeModalWidget());
+  }
   void expectNothingCut(const char* window) {
     QWidget& form = *player.widget(window).findChild<QWidget*>(window);
     expectTextsWhole(form);
