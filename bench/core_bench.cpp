@@ -5,7 +5,7 @@
 #include <random>
 #include <vector>
 
-#include "model/forms/text_file.h"
+#include "forms/text_file.h"
 #include "model/geometry.h"
 #include "persistence/game_file.h"
 #include "shell/app.h"

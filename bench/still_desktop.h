@@ -2,7 +2,7 @@
 // measured.
 #pragma once
 
-#include "model/forms/desktop.h"
+#include "forms/desktop.h"
 
 namespace bench {
 

@@ -3,8 +3,8 @@
 #include "deployment/army.h"
 #include "deployment/field_dump.h"
 #include "deployment/placement.h"
+#include "forms/text_file.h"
 #include "model/colors.h"
-#include "model/forms/text_file.h"
 #include "model/geometry.h"
 #include "model/units.h"
 

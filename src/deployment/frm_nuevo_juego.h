@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <functional>
 
-#include "model/forms/element_array.h"
-#include "model/forms/forms.h"
+#include "forms/element_array.h"
+#include "forms/forms.h"
 #include "model/main_window.h"
 #include "model/principal.h"
 

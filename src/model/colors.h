@@ -1,7 +1,7 @@
 // The colours that the windows share.
 #pragma once
 
-#include "model/forms/element.h"
+#include "forms/element.h"
 
 namespace falanges {
 

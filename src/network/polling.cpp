@@ -1,6 +1,6 @@
 #include "network/polling.h"
 
-#include "model/forms/text_file.h"
+#include "forms/text_file.h"
 
 namespace falanges {
 

@@ -1,7 +1,7 @@
 #include "persistence/configuration.h"
 
-#include "model/forms/numbers.h"
-#include "model/forms/text_file.h"
+#include "forms/numbers.h"
+#include "forms/text_file.h"
 
 namespace falanges {
 

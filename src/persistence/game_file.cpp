@@ -3,8 +3,8 @@
 #include <charconv>
 #include <limits>
 
-#include "model/forms/numbers.h"
-#include "model/forms/text_file.h"
+#include "forms/numbers.h"
+#include "forms/text_file.h"
 #include "model/geometry.h"
 
 namespace falanges {

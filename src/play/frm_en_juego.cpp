@@ -1,8 +1,8 @@
 #include "play/frm_en_juego.h"
 
+#include "forms/numbers.h"
+#include "forms/text_file.h"
 #include "model/colors.h"
-#include "model/forms/numbers.h"
-#include "model/forms/text_file.h"
 #include "model/geometry.h"
 #include "model/units.h"
 #include "persistence/game_file.h"

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "model/forms/element_array.h"
-#include "model/forms/forms.h"
+#include "forms/element_array.h"
+#include "forms/forms.h"
 #include "model/main_window.h"
 #include "model/principal.h"
 #include "play/victory.h"

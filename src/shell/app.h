@@ -4,7 +4,7 @@
 #include <string>
 
 #include "deployment/frm_nuevo_juego.h"
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 #include "model/principal.h"
 #include "network/polling.h"
 #include "play/frm_en_juego.h"

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 
 namespace falanges {
 

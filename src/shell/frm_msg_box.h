@@ -1,7 +1,7 @@
 // A window of its own that shows a long text, such as the field dump, in a scrolling box.
 #pragma once
 
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 #include "model/principal.h"
 
 namespace falanges {

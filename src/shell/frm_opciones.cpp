@@ -1,8 +1,8 @@
 #include "shell/frm_opciones.h"
 
+#include "forms/numbers.h"
+#include "forms/text_file.h"
 #include "model/colors.h"
-#include "model/forms/numbers.h"
-#include "model/forms/text_file.h"
 #include "persistence/configuration.h"
 
 namespace falanges {

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 #include "model/principal.h"
 
 namespace falanges {

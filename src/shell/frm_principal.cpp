@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "deployment/frm_nuevo_juego.h"
+#include "forms/text_file.h"
 #include "model/colors.h"
-#include "model/forms/text_file.h"
 #include "persistence/configuration.h"
 #include "play/frm_en_juego.h"
 #include "shell/frm_opciones.h"

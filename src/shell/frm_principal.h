@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 #include "model/main_window.h"
 #include "model/principal.h"
 #include "persistence/game_file.h"

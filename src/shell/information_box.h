@@ -1,7 +1,7 @@
 // The box with the program's credits, shown at its start and at its end.
 #pragma once
 
-#include "model/forms/desktop.h"
+#include "forms/desktop.h"
 
 namespace falanges {
 

@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "forms/text_file.h"
 #include "fuzz/bytes.h"
-#include "model/forms/text_file.h"
 #include "model/units.h"
 #include "scripted/temporary_folder.h"
 #include "shell/app.h"

@@ -1,8 +1,8 @@
 // Every reader of texts: a saved game, template or shared file, the configuration, numbers, items.
 #include <cmath>
 
+#include "forms/numbers.h"
 #include "fuzz/bytes.h"
-#include "model/forms/numbers.h"
 #include "persistence/configuration.h"
 #include "persistence/game_file.h"
 #include "play/reach.h"

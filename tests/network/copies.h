@@ -4,7 +4,7 @@
 #include <memory>
 #include <utility>
 
-#include "model/forms/text_file.h"
+#include "forms/text_file.h"
 #include "shell/game.h"
 
 namespace falanges {

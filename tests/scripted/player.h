@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 #include "scripted/temporary_folder.h"
 
 namespace scripted {

@@ -4,7 +4,7 @@
 #include <map>
 #include <utility>
 
-#include "model/forms/element_array.h"
+#include "forms/element_array.h"
 #include "scripted/player.h"
 
 namespace scripted {

@@ -14,7 +14,7 @@
 
 #include <gtest/gtest.h>
 
-#include "model/forms/text_file.h"
+#include "forms/text_file.h"
 #include "persistence/game_file.h"
 #include "scripted/scripted_desktop.h"
 #include "shell/app.h"

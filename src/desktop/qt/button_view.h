@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/qt/widget_view.h"
-#include "model/forms/elements.h"
+#include "forms/elements.h"
 
 class QPushButton;
 

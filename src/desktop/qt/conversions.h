@@ -6,7 +6,7 @@
 #include <QRect>
 #include <QString>
 
-#include "model/forms/element.h"
+#include "forms/element.h"
 
 namespace forms::qt {
 

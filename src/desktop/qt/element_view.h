@@ -4,7 +4,7 @@
 #include <QObject>
 
 #include "desktop/qt/services.h"
-#include "model/forms/element.h"
+#include "forms/element.h"
 
 class QWidget;
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "model/forms/desktop.h"
+#include "forms/desktop.h"
 
 class QWidget;
 

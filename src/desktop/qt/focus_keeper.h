@@ -4,7 +4,7 @@
 #include <QObject>
 #include <QPointer>
 
-#include "model/forms/window.h"
+#include "forms/window.h"
 
 class QMdiArea;
 class QWidget;

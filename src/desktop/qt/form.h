@@ -5,7 +5,7 @@
 #include <QWidget>
 
 #include "desktop/qt/services.h"
-#include "model/forms/window.h"
+#include "forms/window.h"
 
 namespace forms::qt {
 

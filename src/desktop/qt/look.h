@@ -4,7 +4,7 @@
 #include <QFont>
 #include <QPalette>
 
-#include "model/forms/element.h"
+#include "forms/element.h"
 
 class QWidget;
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/qt/element_view.h"
-#include "model/forms/elements.h"
+#include "forms/elements.h"
 
 class QAction;
 class QActionGroup;

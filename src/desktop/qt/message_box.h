@@ -1,7 +1,7 @@
 // The program's message boxes, with Spanish buttons on every system.
 #pragma once
 
-#include "model/forms/desktop.h"
+#include "forms/desktop.h"
 
 class QWidget;
 

@@ -5,7 +5,7 @@
 
 #include "desktop/qt/services.h"
 #include "desktop/qt/window_view.h"
-#include "model/forms/window.h"
+#include "forms/window.h"
 
 namespace forms::qt {
 

@@ -8,7 +8,7 @@
 #include <QPixmap>
 #include <QString>
 
-#include "model/forms/desktop.h"
+#include "forms/desktop.h"
 
 namespace forms::qt {
 

@@ -8,7 +8,7 @@
 #include "desktop/qt/mark.h"
 #include "desktop/qt/picture_widget.h"
 #include "desktop/qt/widget_view.h"
-#include "model/forms/picture.h"
+#include "forms/picture.h"
 
 namespace forms::qt {
 

@@ -11,7 +11,7 @@
 #include "desktop/qt/message_box.h"
 #include "desktop/qt/screen.h"
 #include "desktop/qt/spanish.h"
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 
 #ifdef __GLIBC__
 #include <malloc.h>

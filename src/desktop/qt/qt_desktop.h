@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "model/forms/desktop.h"
+#include "forms/desktop.h"
 
 namespace forms {
 

@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QPointer>
 
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 
 namespace forms::qt {
 

@@ -4,7 +4,7 @@
 #include <QTimer>
 
 #include "desktop/qt/element_view.h"
-#include "model/forms/elements.h"
+#include "forms/elements.h"
 
 namespace forms::qt {
 

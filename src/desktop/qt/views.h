@@ -3,7 +3,7 @@
 
 #include <QHash>
 
-#include "model/forms/window.h"
+#include "forms/window.h"
 
 class QWidget;
 

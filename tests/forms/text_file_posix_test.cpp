@@ -1,5 +1,5 @@
 // Text files where POSIX decides: permissions, links, pipes, a full disk.
-#include "model/forms/text_file.h"
+#include "forms/text_file.h"
 
 #include <csignal>
 

@@ -1,8 +1,8 @@
-#include "model/forms/window.h"
+#include "forms/window.h"
 
 #include <algorithm>
 
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 
 namespace forms {
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "model/forms/desktop.h"
-#include "model/forms/elements.h"
-#include "model/forms/picture.h"
-#include "model/forms/window.h"
+#include "forms/desktop.h"
+#include "forms/elements.h"
+#include "forms/picture.h"
+#include "forms/window.h"
 
 namespace forms {
 

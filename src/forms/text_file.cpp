@@ -1,4 +1,4 @@
-#include "model/forms/text_file.h"
+#include "forms/text_file.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -6,8 +6,8 @@
 #include <memory>
 #include <string_view>
 
-#include "model/forms/picture.h"
-#include "model/forms/window.h"
+#include "forms/picture.h"
+#include "forms/window.h"
 
 namespace forms {
 

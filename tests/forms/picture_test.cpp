@@ -1,7 +1,7 @@
 // Pictures whose files cannot be loaded.
 #include <gtest/gtest.h>
 
-#include "model/forms/text_file.h"
+#include "forms/text_file.h"
 #include "scripted/scripted_desktop.h"
 #include "scripted/test_windows.h"
 

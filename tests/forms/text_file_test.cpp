@@ -1,5 +1,5 @@
 // Text files as the program meets them on every system: odd texts, odd paths.
-#include "model/forms/text_file.h"
+#include "forms/text_file.h"
 
 #include <vector>
 

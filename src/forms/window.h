@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "model/forms/element.h"
-#include "model/forms/grid_cursor.h"
+#include "forms/element.h"
+#include "forms/grid_cursor.h"
 
 namespace forms {
 

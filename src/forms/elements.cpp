@@ -1,4 +1,4 @@
-#include "model/forms/elements.h"
+#include "forms/elements.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "model/forms/grid_cursor.h"
+#include "forms/grid_cursor.h"
 
 #include <algorithm>
 
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 
 namespace forms {
 

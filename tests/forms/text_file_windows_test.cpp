@@ -1,5 +1,5 @@
 // Text files where Windows decides: files that others hold open, all forms of a path.
-#include "model/forms/text_file.h"
+#include "forms/text_file.h"
 
 #include <algorithm>
 

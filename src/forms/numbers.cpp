@@ -1,4 +1,4 @@
-#include "model/forms/numbers.h"
+#include "forms/numbers.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // Reading the number that a text begins with, and storing it in a whole item.
-#include "model/forms/numbers.h"
+#include "forms/numbers.h"
 
 #include <cmath>
 #include <utility>

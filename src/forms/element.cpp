@@ -1,8 +1,8 @@
-#include "model/forms/element.h"
+#include "forms/element.h"
 
 #include <algorithm>
 
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 
 namespace forms {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "model/forms/property.h"
+#include "forms/property.h"
 
 namespace forms {
 

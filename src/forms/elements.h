@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "model/forms/element.h"
+#include "forms/element.h"
 
 namespace forms {
 

@@ -1,6 +1,6 @@
-#include "model/forms/picture.h"
+#include "forms/picture.h"
 
-#include "model/forms/forms.h"
+#include "forms/forms.h"
 
 namespace forms {
 
