@@ -89,7 +89,7 @@ void wholeRandomGame(benchmark::State& state) {
     app.enJuego.close();
     game.deploy();
     app.enJuego.open();
-    for (int move = 0; move < 300 && app.ventanaPrincipal.mnuGuardarJuego.Visible; ++move) {
+    for (int move = 0; move < 300 && app.frame.mnuGuardarJuego.Visible; ++move) {
       std::vector<int> squares;
       for (int n = 1; n <= 64; ++n)
         if (app.principal.Casillas(n).Jugador == app.enJuego.JugadorActual)
@@ -113,23 +113,23 @@ BENCHMARK(wholeRandomGame);
 void saveGame(benchmark::State& state) {
   Game game;
   for (auto _ : state)
-    benchmark::DoNotOptimize(game.app().ventanaPrincipal.mnuGuardarJuego_Click());
+    benchmark::DoNotOptimize(game.app().frame.mnuGuardarJuego_Click());
 }
 BENCHMARK(saveGame);
 
 // From the file to the open play screen.
 void loadGame(benchmark::State& state) {
   Game game;
-  forms::passOver(game.app().ventanaPrincipal.mnuGuardarJuego_Click());
+  forms::passOver(game.app().frame.mnuGuardarJuego_Click());
   for (auto _ : state)
-    benchmark::DoNotOptimize(game.app().ventanaPrincipal.mnuCargarJuego_Click(Accept::AnyGame));
+    game.app().frame.mnuCargarJuego_Click(Accept::AnyGame);
 }
 BENCHMARK(loadGame);
 
 // The file's content alone: read and checked.
 void readGameFile(benchmark::State& state) {
   Game game;
-  forms::passOver(game.app().ventanaPrincipal.mnuGuardarJuego_Click());
+  forms::passOver(game.app().frame.mnuGuardarJuego_Click());
   for (auto _ : state)
     benchmark::DoNotOptimize(readGame(game.folder() + "/juego.txt"));
 }

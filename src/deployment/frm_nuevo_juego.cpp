@@ -3,7 +3,6 @@
 #include "deployment/army.h"
 #include "deployment/field_dump.h"
 #include "deployment/placement.h"
-#include "forms/text_file.h"
 #include "model/colors.h"
 #include "model/geometry.h"
 #include "model/units.h"
@@ -13,32 +12,17 @@ namespace falanges {
 using forms::passOver;
 
 frmNuevoJuego::frmNuevoJuego(forms::Forms& forms, Principal& principal, MainWindow& mainWindow)
-    : Window(forms, forms::WindowKind::Child, "frmNuevoJuego"), principal_(principal),
-      mainWindow_(mainWindow), palette_{{{picINF, INF, 560},
-                                         {picCAB, CAB, 1640},
-                                         {picELE, ELE, 2720},
-                                         {picGEN, GEN, 3800},
-                                         {picBAN, BAN, 4880}}} {
-  makeElements();
-  made();
-}
-
-void frmNuevoJuego::makeElements() {
+    : BoardScreen(forms, principal, mainWindow, "frmNuevoJuego"), palette_{{{picINF, INF, 560},
+                                                                            {picCAB, CAB, 1640},
+                                                                            {picELE, ELE, 2720},
+                                                                            {picGEN, GEN, 3800},
+                                                                            {picBAN, BAN, 4880}}} {
   Caption = "Nuevo Juego";
   BackColor = forms::Color{0, 192, 0};
-
-  picTablero.AutoSize = true;
-  picTablero.Border = true;
-  picTablero.Width = 5940;
-  picTablero.Height = 5940;
-  picTablero.TabIndex = 0;
   picTablero.Click = [this] { picTablero_Click(); };
-  picTablero.MouseMove = [this](float X, float Y) { picTablero_MouseMove(X, Y); };
-
-  picTablero.grid.nameOfEmptySquare = [this](int n) {
-    return emptySquareDescription(principal_, n);
+  picUnidad.MouseDown = [this](int Index, forms::MouseButton button) {
+    picUnidad_MouseDown(Index, button);
   };
-
   comTablero.Width = 930;
   comTablero.Height = 360;
   comTablero.TextFont.bold = true;
@@ -46,7 +30,12 @@ void frmNuevoJuego::makeElements() {
   comTablero.AccessibleName = "Tablero";
   comTablero.Click = [this] { comTablero_Click(); };
   comTablero.LostFocus = [this] { btnEliminarUnidades_Click(); };
+  makePalette();
+  makeButtons();
+  made();
+}
 
+void frmNuevoJuego::makePalette() {
   int tabIndex = 2;
   for (std::size_t entry = 0; entry < palette_.size(); ++entry) {
     forms::Picture& picture = palette_[entry].picture;
@@ -56,128 +45,101 @@ void frmNuevoJuego::makeElements() {
     picture.AccessibleName = unitName(palette_[entry].type);
     picture.Click = [this, entry] { picPaleta_Click(entry); };
   }
+}
 
-  makeButton(Command1, "Ver Datos", 6480, 120, 975, 615, tabIndex++);
+void frmNuevoJuego::makeButtons() {
+  int tabIndex = 7; // behind the palette
+  for (forms::Button* button : {&Command1, &btnEliminarUnidades, &btnIniciar})
+    button->TabIndex = tabIndex++;
+  Command1.Caption = "Ver Datos";
+  Command1.place(120, 6480, 975, 615);
   Command1.Visible = false;
   Command1.Shortcut = "Ctrl+Shift+D";
   Command1.Click = [this] { Command1_Click(); };
-  makeButton(btnEliminarUnidades, "Eliminar Unidades", 120, 8160, 975, 495, tabIndex++);
+  btnEliminarUnidades.Caption = "Eliminar Unidades";
+  btnEliminarUnidades.place(8160, 120, 975, 495);
   btnEliminarUnidades.Visible = false;
   btnEliminarUnidades.Click = [this] { btnEliminarUnidades_Click(); };
-  makeButton(btnIniciar, "Iniciar", 5880, 120, 930, 375, tabIndex++);
+  btnIniciar.Caption = "Iniciar";
+  btnIniciar.place(120, 5880, 930, 375);
   btnIniciar.TextFont.bold = true;
   btnIniciar.BackColor = ButtonGreen;
   btnIniciar.Click = [this] { btnIniciar_Click(); };
-
-  picUnidad.pattern.Width = UnitSide;
-  picUnidad.pattern.Height = UnitSide;
-  picUnidad.pattern.BackColor = White;
-  picUnidad.MouseMove = [this](int Index) { picUnidad_MouseMove(Index); };
-  picUnidad.MouseDown = [this](int Index, forms::MouseButton button) {
-    picUnidad_MouseDown(Index, button);
-  };
-}
-
-void frmNuevoJuego::makeButton(forms::Button& button, const char* caption, int top, int left,
-                               int width, int height, int tabIndex) {
-  button.Caption = caption;
-  button.Top = top;
-  button.Left = left;
-  button.Width = width;
-  button.Height = height;
-  button.TabIndex = tabIndex;
 }
 
 // --- Opening and closing -----------------------------------------------------------------------
 
 void frmNuevoJuego::Form_Load() {
-  const std::string folder = forms().desktop().programFolder();
-  passOver(LoadIcon(forms::programPath(folder, "\\ico\\adelante.ico")));
-  setMenu(true);
+  passOver(LoadIcon("\\ico\\adelante.ico"));
+  mainWindow_.showMenu(AppState::Deployment);
   principal_.TUnidadSeleccionada = 0;
-  Top = 0;
-  Left = 0;
-  Width = 12000;
-  Height = 10200;
   placeElements();
-  principal_.NumColumnas = 5;
-  principal_.NumFilas = 5;
-  principal_.NumCasillas = 25;
-  showBoard();
-  clearRecords();
+  chooseBoard(5);
   for (const PaletteEntry& entry : palette_)
-    passOver(entry.picture.LoadPicture(forms::programPath(folder, unitPicture(entry.type, 1))));
+    passOver(entry.picture.LoadPicture(unitPicture(entry.type, 1)));
   for (const char* board : {"5x5", "6x6", "7x7", "8x8"})
     comTablero.AddItem(board);
   passOver(comTablero.select(0)); // counts as a choice of board and runs comTablero_Click
   btnEliminarUnidades_Click();
-  fillPositions(principal_, picTablero.Top, picTablero.Left);
 }
 
 void frmNuevoJuego::placeElements() {
-  comTablero.Top = 100;
-  comTablero.Left = 100;
-  for (const PaletteEntry& entry : palette_) {
-    entry.picture.Top = entry.top;
-    entry.picture.Left = 100;
-  }
-  picTablero.Top = BoardTop;
-  picTablero.Left = BoardLeft;
+  place(0, 0, 12000, 10200);
+  comTablero.moveTo(100, 100);
+  for (const PaletteEntry& entry : palette_)
+    entry.picture.moveTo(100, entry.top);
 }
 
 void frmNuevoJuego::Form_Unload() {
-  setMenu(false);
+  mainWindow_.showMenu(AppState::Idle);
 }
 
-void frmNuevoJuego::setMenu(bool open) {
-  mainWindow_.showMenuItem(MenuItem::NuevoJuego, !open);
-  mainWindow_.showMenuItem(MenuItem::CargarJuego, true);
-  mainWindow_.showMenuItem(MenuItem::GuardarJuego, false);
-  mainWindow_.showMenuItem(MenuItem::CargarPlantilla, true);
-  mainWindow_.showMenuItem(MenuItem::GuardarPlantilla, open);
-}
-
-void frmNuevoJuego::clearRecords() {
-  for (int n = 1; n <= principal_.NumCasillas; ++n)
-    principal_.Casillas(n) = Casilla{};
-}
-
-void frmNuevoJuego::showBoard() {
-  const std::string folder = forms().desktop().programFolder();
-  const std::string picture = boardPicture(principal_.NumFilas);
-  if (!picTablero.LoadPicture(forms::programPath(folder, picture))) {
-    // Without its picture the board still has its squares.
-    picTablero.Width = boardElementSide(principal_);
-    picTablero.Height = boardElementSide(principal_);
+void frmNuevoJuego::layOut(const GameText& game) {
+  close();
+  open();
+  for (int n = 1; n <= static_cast<int>(game.lines.size()); ++n) {
+    takeLine(game, n, principal_);
+    if (!game.lines[static_cast<std::size_t>(n - 1)].hasSeparator)
+      continue;
+    const Casilla& unit = principal_.Casillas(n);
+    if (unit.Jugador != 0 && picUnidad.Load(n))
+      showUnit(n, unit, unit.PosXTwips, unit.PosYTwips);
   }
-  picTablero.AccessibleName = boardDescription(principal_);
-  picTablero.grid.setGrid(principal_.NumColumnas, principal_.LadoCasilla);
-  Height = picTablero.Height + picTablero.Top + 600;
-  Width = picTablero.Width + picTablero.Left + 150;
+  takeBoardSize(game, principal_);
+  showBoard();
 }
 
 // --- Board choice ------------------------------------------------------------------------------
 
 void frmNuevoJuego::comTablero_Click() {
-  const auto side = static_cast<std::uint8_t>(5 + comTablero.ListIndex());
-  principal_.NumColumnas = side;
-  principal_.NumFilas = side;
-  principal_.NumCasillas = static_cast<std::uint8_t>(side * side);
-  clearRecords();
-  showBoard();
-  fillPositions(principal_, picTablero.Top, picTablero.Left);
+  chooseBoard(5 + comTablero.ListIndex());
   // The list gives up the focus here, and its LostFocus takes the units' pictures off. While the
   // screen is being opened the focus cannot move yet.
   passOver(picTablero.SetFocus());
+}
+
+// An empty board of this side.
+void frmNuevoJuego::chooseBoard(int side) {
+  principal_.NumColumnas = static_cast<std::uint8_t>(side);
+  principal_.NumFilas = principal_.NumColumnas;
+  principal_.NumCasillas = static_cast<std::uint8_t>(side * side);
+  for (int n = 1; n <= principal_.NumCasillas; ++n)
+    principal_.Casillas(n) = Casilla{};
+  showBoard();
+  fillPositions(principal_, picTablero.Top, picTablero.Left);
 }
 
 // Erases the units: always all 64 squares, whatever the board.
 void frmNuevoJuego::btnEliminarUnidades_Click() {
   for (int i = 1; i <= TablaCasillas::Last; ++i) {
     passOver(picUnidad.Unload(i));
-    principal_.Casillas(i).Jugador = 0;
-    principal_.Casillas(i).TUnidad = 0;
+    clearRecord(i);
   }
+}
+
+void frmNuevoJuego::clearRecord(int n) {
+  principal_.Casillas(n).Jugador = 0;
+  principal_.Casillas(n).TUnidad = 0;
 }
 
 // --- Palette -----------------------------------------------------------------------------------
@@ -209,13 +171,7 @@ bool frmNuevoJuego::Form_KeyDown(forms::Key key, int digit) {
 void frmNuevoJuego::picTablero_MouseMove(float X, float Y) {
   PosX = X;
   PosY = Y;
-  const PointedSquare place = squareAt(principal_, X, Y);
-  picTablero.ToolTipText = hoverText(place.square, place.row, place.column);
-}
-
-void frmNuevoJuego::picUnidad_MouseMove(int Index) {
-  const Casilla& square = principal_.Casillas(Index);
-  picUnidad(Index)->ToolTipText = hoverText(Index, square.PosX, square.PosY);
+  BoardScreen::picTablero_MouseMove(X, Y);
 }
 
 void frmNuevoJuego::picTablero_Click() {
@@ -243,8 +199,7 @@ void frmNuevoJuego::picTablero_Click() {
   if (!placeUnit(NCasillaEspejo, PosYEspejo, PosXEspejo, 2)) {
     // The centre square is its own mirror: no unit can stand there.
     passOver(picUnidad.Unload(NCasilla));
-    principal_.Casillas(NCasilla).Jugador = 0;
-    principal_.Casillas(NCasilla).TUnidad = 0;
+    clearRecord(NCasilla);
   }
 }
 
@@ -253,53 +208,21 @@ void frmNuevoJuego::picTablero_Click() {
 bool frmNuevoJuego::placeUnit(int n, int row, int column, std::uint8_t player) {
   if (!picUnidad.Load(n))
     return false;
-  forms::Picture& unit = *picUnidad(n);
-  unit.Top = pictureTop(principal_, picTablero.Top, row);
-  unit.Left = pictureLeft(principal_, picTablero.Left, column);
-  loadUnitPicture(n, principal_.TUnidadSeleccionada, player);
-  unit.ZOrder();
-  unit.Visible = true;
-  principal_.Casillas(n).Jugador = player;
-  principal_.Casillas(n).TUnidad = principal_.TUnidadSeleccionada;
-  describeUnit(n);
+  Casilla& square = principal_.Casillas(n);
+  square.Jugador = player;
+  square.TUnidad = principal_.TUnidadSeleccionada;
+  showUnit(n, square, pictureTop(principal_, picTablero.Top, row),
+           pictureLeft(principal_, picTablero.Left, column));
   return true;
-}
-
-void frmNuevoJuego::showLoadedUnit(int n) {
-  const Casilla& square = principal_.Casillas(n);
-  if (square.Jugador == 0 || !picUnidad.Load(n))
-    return;
-  forms::Picture& unit = *picUnidad(n);
-  unit.Top = square.PosXTwips;
-  unit.Left = square.PosYTwips;
-  loadUnitPicture(n, square.TUnidad, square.Jugador);
-  unit.ZOrder();
-  unit.Visible = true;
-  describeUnit(n);
-}
-
-void frmNuevoJuego::loadUnitPicture(int n, int type, int player) {
-  const std::string picture = unitPicture(type, player);
-  const std::string folder = forms().desktop().programFolder();
-  if (!picture.empty())
-    passOver(picUnidad(n)->LoadPicture(forms::programPath(folder, picture)));
-}
-
-void frmNuevoJuego::describeUnit(int n) {
-  picUnidad(n)->AccessibleName = unitDescription(principal_, n, principal_.Casillas(n), false);
 }
 
 // The right button takes a unit and its mirror away. A template can hold units without one.
 void frmNuevoJuego::picUnidad_MouseDown(int Index, forms::MouseButton button) {
   if (button != forms::MouseButton::Right)
     return;
-  const int mirror = CasillaEspejo(principal_, Index);
-  for (const int n : {Index, mirror}) {
-    if (!picUnidad.Unload(n))
-      continue;
-    principal_.Casillas(n).Jugador = 0;
-    principal_.Casillas(n).TUnidad = 0;
-  }
+  for (const int n : {Index, CasillaEspejo(principal_, Index)})
+    if (picUnidad.Unload(n))
+      clearRecord(n);
 }
 
 // --- Starting the game, and the field dump -----------------------------------------------------
@@ -312,14 +235,14 @@ void frmNuevoJuego::btnIniciar_Click() {
   }
   if (forms().messageBox(army.question, forms::BoxStyle::InformationYesNo) != forms::Answer::Yes)
     return;
-  if (close() && abrirEnJuego)
-    abrirEnJuego();
+  if (close() && openPlay)
+    openPlay();
 }
 
 void frmNuevoJuego::Command1_Click() {
   principal_.TextoVolcado = fieldDump(principal_);
-  if (mostrarVolcado)
-    mostrarVolcado();
+  if (showDump)
+    showDump();
 }
 
 } // namespace falanges

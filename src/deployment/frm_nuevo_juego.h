@@ -5,26 +5,23 @@
 #include <cstdint>
 #include <functional>
 
-#include "forms/element_array.h"
-#include "forms/forms.h"
-#include "model/main_window.h"
-#include "model/principal.h"
+#include "board/board_screen.h"
+#include "persistence/game_file.h"
 
 namespace falanges {
 
-class frmNuevoJuego final : public forms::Window {
+class frmNuevoJuego final : public BoardScreen {
 public:
   frmNuevoJuego(forms::Forms& forms, Principal& principal, MainWindow& mainWindow);
 
   // Opens the play screen; set by the owner of both screens.
-  std::function<void()> abrirEnJuego;
+  std::function<void()> openPlay;
   // Shows the field dump of TextoVolcado and waits until it is closed.
-  std::function<void()> mostrarVolcado;
+  std::function<void()> showDump;
 
-  // Shows the unit of a record that a template has just filled, where the record says.
-  void showLoadedUnit(int n);
-  // Gives the board its picture for NumFilas, and the window the size of the board.
-  void showBoard();
+  // Opens anew with the board and the units of a template. The list of boards keeps "5x5", whatever
+  // the template's board.
+  void layOut(const GameText& game);
 
   // The pointer's last place over the board, twips: X to the right, Y downwards.
   float PosX = 0;
@@ -37,7 +34,6 @@ public:
   std::uint8_t NCasillaEspejo = 0;
 
   forms::DropList comTablero{*this, "comTablero"};
-  forms::Picture picTablero{*this, "picTablero"};
   forms::Picture picINF{*this, "picINF"};
   forms::Picture picCAB{*this, "picCAB"};
   forms::Picture picELE{*this, "picELE"};
@@ -46,7 +42,6 @@ public:
   forms::Button btnIniciar{*this, "btnIniciar"};
   forms::Button Command1{*this, "Command1"};
   forms::Button btnEliminarUnidades{*this, "btnEliminarUnidades"};
-  forms::ElementArray<forms::Picture> picUnidad{*this, "picUnidad"};
 
 private:
   struct PaletteEntry {
@@ -60,29 +55,24 @@ private:
   bool Form_KeyDown(forms::Key key, int digit) override;
 
   void makeElements();
-  void makeButton(forms::Button& button, const char* caption, int top, int left, int width,
-                  int height, int tabIndex);
+  void makePalette();
+  void makeButtons();
   void placeElements();
-  void setMenu(bool open);
-  void clearRecords();
+  void chooseBoard(int side);
 
   void comTablero_Click();
   void picPaleta_Click(std::size_t entry);
   void raisePalette(std::uint8_t type);
   void picTablero_Click();
-  void picTablero_MouseMove(float X, float Y);
-  void picUnidad_MouseMove(int Index);
+  void picTablero_MouseMove(float X, float Y) override;
   void picUnidad_MouseDown(int Index, forms::MouseButton button);
   void btnIniciar_Click();
   void btnEliminarUnidades_Click();
   void Command1_Click();
 
   bool placeUnit(int n, int row, int column, std::uint8_t player);
-  void loadUnitPicture(int n, int type, int player);
-  void describeUnit(int n);
+  void clearRecord(int n);
 
-  Principal& principal_;
-  MainWindow& mainWindow_;
   std::array<PaletteEntry, 5> palette_;
 };
 

@@ -36,6 +36,17 @@ Window& Element::window() const {
   return *window_;
 }
 
+void Element::place(int left, int top, int width, int height) {
+  moveTo(left, top);
+  Width = width;
+  Height = height;
+}
+
+void Element::moveTo(int left, int top) {
+  Left = left;
+  Top = top;
+}
+
 bool Element::SetFocus() {
   return window().forms().takeFocus(*this);
 }

@@ -13,6 +13,8 @@ namespace forms {
 
 class Window;
 
+constexpr int TwipsPerPixel = 15; // at 96 dpi
+
 // A failure that the caller knows of and passes over, said by name.
 inline void passOver(bool /*worked*/) {}
 
@@ -50,6 +52,10 @@ public:
   std::string_view arrayName() const { return name_; }
   int index() const { return index_; }
   Window& window() const;
+
+  // Place and size, twips.
+  void place(int left, int top, int width, int height);
+  void moveTo(int left, int top);
 
   // Moves the keyboard focus here, as far as the rules of focus allow it. False while the window
   // is not on the screen yet, for an element that is hidden or disabled, and when the element

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "forms/grid_picture.h"
+#include "forms/text_file.h"
+
 namespace forms {
 
 // The outermost scope ends an event; what waits for that runs then.
@@ -10,7 +13,9 @@ public:
   explicit EventScope(Forms& forms) : forms_(forms) { ++forms_.events_; }
   ~EventScope() {
     if (forms_.events_ == 1) {
-      forms_.describeCursors();
+      for (Window* window : forms_.open_)
+        if (window->grid_)
+          window->grid_->describeCursor();
       if (forms_.afterEvent)
         forms_.afterEvent();
     }
@@ -23,18 +28,19 @@ private:
   Forms& forms_;
 };
 
-class Forms::Leaving {
+namespace {
+
+// Counts one more while it lives.
+class Counted {
 public:
-  explicit Leaving(Forms& forms) : forms_(forms) { ++forms_.leaving_; }
-  ~Leaving() { --forms_.leaving_; }
-  Leaving(const Leaving&) = delete;
-  Leaving& operator=(const Leaving&) = delete;
+  explicit Counted(int& count) : count_(count) { ++count_; }
+  ~Counted() { --count_; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
 
 private:
-  Forms& forms_;
+  int& count_;
 };
-
-namespace {
 
 // A handler may destroy the element that holds it: what runs is a copy.
 template <class Handler, class... Arguments>
@@ -53,16 +59,13 @@ Answer Forms::messageBox(const std::string& text, BoxStyle style) {
 }
 
 Answer Forms::messageBox(const MessageBox& box) {
-  ++boxes_;
-  const Answer answer = desktop_.messageBox(box);
-  --boxes_;
-  return answer;
+  const Counted open(boxes_);
+  return desktop_.messageBox(box);
 }
 
 std::optional<std::string> Forms::fileDialog(const FileDialog& dialog) {
-  ++boxes_;
+  const Counted open(boxes_);
   auto path = desktop_.fileDialog(dialog);
-  --boxes_;
   // An accepted dialog without a name counts as cancelled.
   if (path && path->empty())
     path.reset();
@@ -76,6 +79,18 @@ Window* Forms::activeChild() const {
 void Forms::startUp(Window& frame) {
   const EventScope event(*this);
   frame.open();
+}
+
+void Forms::failed(std::string text, std::string path) {
+  failures.push_back({std::move(text), std::move(path)});
+}
+
+std::optional<Forms::PictureFile> Forms::findPicture(std::string_view literal) {
+  std::string path = programPath(desktop_.programFolder(), literal);
+  if (const auto size = desktop_.pictureSize(path))
+    return PictureFile{std::move(path), *size};
+  failed("No se puede cargar la imagen:\r\n", std::move(path));
+  return std::nullopt;
 }
 
 // --- Windows -----------------------------------------------------------------------------------
@@ -124,7 +139,7 @@ bool Forms::activate(Window& child) {
   std::erase(children_, &child);
   children_.push_back(&child);
   if (left && leaving_ == 0) {
-    const Leaving leaving(*this);
+    const Counted leaving(leaving_);
     if (left->focused_)
       raise(left->focused_->LostFocus);
     if (activeChild() == &child && left->isOpen())
@@ -149,7 +164,7 @@ bool Forms::takeFocus(Element& element) {
   window.focused_ = &element;
   // A closing check that points at what is wrong is no departure from where the focus was.
   if (left && left != &element && leaving_ == 0 && !window.closing_) {
-    const Leaving leaving(*this);
+    const Counted leaving(leaving_);
     raise(left->LostFocus);
     if (window.focused_ != &element)
       return false;
@@ -300,27 +315,13 @@ bool Forms::keyPressed(Window& window, Key key, int digit) {
   if (window.Form_KeyDown(key, digit))
     return true;
   Element* const focused = window.focused_;
-  Picture* const picture =
-      focused && focused->kind() == Kind::Picture ? static_cast<Picture*>(focused) : nullptr;
-  const bool onBoard =
-      !focused || (picture && (picture->index() > 0 || picture->grid.columns() > 0));
-  if (onBoard) {
-    for (Element* element : window.elements())
-      if (element->kind() == Kind::Picture && static_cast<Picture*>(element)->grid.columns() > 0)
-        return static_cast<Picture*>(element)->grid.keyPressed(*this, key);
-    return false;
-  }
+  GridPicture* const grid = window.grid_ && window.grid_->columns() > 0 ? window.grid_ : nullptr;
+  if (!focused || focused == grid || (focused->kind() == Kind::Picture && focused->index() > 0))
+    return grid && grid->keyPressed(key);
   const bool press = key == Key::Enter || key == Key::Space;
   if (press)
     clicked(*focused);
   return press;
-}
-
-void Forms::describeCursors() {
-  for (Window* window : open_)
-    for (Element* element : window->elements())
-      if (element->kind() == Kind::Picture)
-        static_cast<Picture*>(element)->grid.describe();
 }
 
 void Forms::closeRequested(Window& window) {

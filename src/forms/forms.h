@@ -37,8 +37,14 @@ public:
   std::string applicationTitle;
   // Runs when an event that the desktop reported has been handled to its end.
   std::function<void()> afterEvent;
-  // Full path of the first picture or icon since the last look that could not be loaded.
-  std::string missingPicture;
+  // Notes a failure that must not stop the event: `text` for the player, with the path behind it.
+  void failed(std::string text, std::string path);
+  // What has been noted since afterEvent last took it.
+  struct Failure {
+    std::string text;
+    std::string path;
+  };
+  std::vector<Failure> failures;
 
   // --- What the desktop reports: what a person did, or the clock ----------------------------
   // Actions on elements that are hidden, disabled or closed off by a box are passed over.
@@ -73,11 +79,18 @@ public:
 private:
   friend class Element;
   friend class Window;
-  friend class ElementArrayBase;
+  friend class Picture;
+  friend class PictureArray;
 
   class EventScope; // from the report to the end of its handlers
-  class Leaving;    // while handlers of departure run, putting the focus back is no departure
 
+  struct PictureFile {
+    std::string path; // full
+    PictureSize size;
+  };
+  // A picture or icon file below the program folder; nothing, and a failure is noted, when it
+  // cannot be shown.
+  std::optional<PictureFile> findPicture(std::string_view literal);
   bool personMayUse(const Window& window) const;
   bool takeFocus(Element& element);
   bool activate(Window& child);
@@ -85,7 +98,6 @@ private:
   void windowClosed(Window& window);
   void elementVanishes(Element& element);
   static Element* firstInTabOrder(Window& window, bool (*fits)(Element&));
-  void describeCursors();
 
   Desktop& desktop_;
   std::vector<Window*> open_;     // in the order of their opening
@@ -93,7 +105,7 @@ private:
   std::vector<Window*> modal_;
   int boxes_ = 0; // message boxes and file dialogs on the screen
   int events_ = 0;
-  int leaving_ = 0;
+  int leaving_ = 0; // handlers of departure under way: putting the focus back is no departure
 };
 
 } // namespace forms

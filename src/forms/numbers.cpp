@@ -33,12 +33,4 @@ double Val(std::string_view text) {
   return value;
 }
 
-double roundHalfEven(double number) {
-  const double below = std::floor(number);
-  const double fraction = number - below;
-  if (fraction == 0.5)
-    return std::fmod(below, 2) == 0 ? below : below + 1;
-  return fraction < 0.5 ? below : below + 1;
-}
-
 } // namespace forms

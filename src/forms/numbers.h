@@ -1,7 +1,7 @@
 // Numbers in texts: reading the number that a text begins with, and storing it in a whole item.
 #pragma once
 
-#include <cstdint>
+#include <cmath>
 #include <limits>
 #include <optional>
 #include <string>
@@ -14,12 +14,10 @@ namespace forms {
 // 12). More digits than a double holds give infinity.
 double Val(std::string_view text);
 
-// The nearest whole number, an exact half to the even neighbour.
-double roundHalfEven(double number);
-
-// The number as a whole-number item of type T stores it; nothing when it does not fit.
+// The number as a whole-number item of type T stores it: the nearest whole one, an exact half to
+// the even neighbour. Nothing when it does not fit.
 template <class T> std::optional<T> stored(double number) {
-  const double whole = roundHalfEven(number);
+  const double whole = std::nearbyint(number);
   if (!(whole >= std::numeric_limits<T>::min() && whole <= std::numeric_limits<T>::max()))
     return std::nullopt;
   return static_cast<T>(whole);
@@ -27,7 +25,7 @@ template <class T> std::optional<T> stored(double number) {
 
 // As stored, with the nearest value that T holds in place of a refusal.
 template <class T> T storedNearest(double number) {
-  const double whole = roundHalfEven(number);
+  const double whole = std::nearbyint(number);
   if (!(whole > std::numeric_limits<T>::min()))
     return std::numeric_limits<T>::min();
   if (whole >= std::numeric_limits<T>::max())

@@ -4,23 +4,14 @@
 
 namespace forms {
 
-namespace {
-constexpr int TwipsPerPixel = 15; // at 96 dpi
-}
-
-bool Picture::LoadPicture(const std::string& path) {
-  Forms& forms = window().forms();
-  const auto size = forms.desktop().pictureSize(path);
-  if (!size) {
-    if (forms.missingPicture.empty())
-      forms.missingPicture = path;
+bool Picture::LoadPicture(std::string_view literal) {
+  const auto file = window().forms().findPicture(literal);
+  if (!file)
     return false;
-  }
-  path_ = path;
+  path_ = file->path;
   if (AutoSize) {
-    const int frame = Border ? 2 : 0;
-    Width = (size->width + frame) * TwipsPerPixel;
-    Height = (size->height + frame) * TwipsPerPixel;
+    Width = file->size.width * TwipsPerPixel + 2 * frameWidth();
+    Height = file->size.height * TwipsPerPixel + 2 * frameWidth();
   }
   tellDesktop();
   return true;

@@ -3,19 +3,9 @@
 #include <algorithm>
 
 #include "forms/forms.h"
+#include "forms/picture_array.h"
 
 namespace forms {
-
-ElementArrayBase::ElementArrayBase(Window& window) : window_(window) {
-  window.arrays_.push_back(this);
-}
-
-void ElementArrayBase::tellRemoved(Element& element) {
-  if (!window_.isOpen())
-    return;
-  window_.forms().elementVanishes(element);
-  window_.forms().desktop().removed(element);
-}
 
 Window::Window(Forms& forms, WindowKind windowKind, std::string_view name)
     : Element(Kind::Window, nullptr, name), forms_(forms), windowKind_(windowKind) {
@@ -33,14 +23,11 @@ void Window::made() {
     element->keepAsMade();
 }
 
-bool Window::LoadIcon(const std::string& path) {
-  if (!forms_.desktop().pictureSize(path)) {
-    if (forms_.missingPicture.empty())
-      forms_.missingPicture = path;
-    return false;
-  }
-  Icon = path;
-  return true;
+bool Window::LoadIcon(std::string_view literal) {
+  const auto file = forms_.findPicture(literal);
+  if (file)
+    Icon = file->path;
+  return file.has_value();
 }
 
 void Window::open() {
@@ -102,7 +89,7 @@ void Window::finishClosing() {
   open_ = false;
   focused_ = nullptr;
   forms_.windowClosed(*this);
-  for (ElementArrayBase* array : arrays_)
+  for (PictureArray* array : arrays_)
     array->clear();
   closing_ = false;
 }

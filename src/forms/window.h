@@ -5,31 +5,13 @@
 #include <vector>
 
 #include "forms/element.h"
-#include "forms/grid_cursor.h"
+#include "forms/input.h"
 
 namespace forms {
 
 class Forms;
-class Window;
-
-// What a window needs to know of its element arrays.
-class ElementArrayBase {
-public:
-  explicit ElementArrayBase(Window& window);
-  ElementArrayBase(const ElementArrayBase&) = delete;
-  ElementArrayBase& operator=(const ElementArrayBase&) = delete;
-
-  // Destroys all elements but the pattern, without telling the desktop.
-  virtual void clear() = 0;
-
-protected:
-  ~ElementArrayBase() = default;
-  Window& window() const { return window_; }
-  void tellRemoved(Element& element);
-
-private:
-  Window& window_;
-};
+class GridPicture;
+class PictureArray;
 
 enum class WindowKind { Frame, Child, Own };
 
@@ -60,6 +42,8 @@ public:
   const std::vector<Element*>& elements() const { return elements_; }
   // The element with the keyboard focus, or nullptr.
   Element* focused() const { return focused_; }
+  // The picture that shows a grid of squares, or nullptr.
+  GridPicture* grid() const { return grid_; }
 
   Property<std::string> Caption{*this, {}};
   Property<std::string> Icon{*this, {}}; // path of the file shown; empty: none
@@ -69,8 +53,9 @@ public:
   int ClientWidth = 0;
   int ClientHeight = 0;
 
-  // Shows the icon file. On failure the icon stays and the path is noted (Forms::missingPicture).
-  [[nodiscard]] bool LoadIcon(const std::string& path);
+  // Shows the icon file, given as a picture's is. On failure the icon stays and the failure is
+  // noted.
+  [[nodiscard]] bool LoadIcon(std::string_view literal);
 
 protected:
   // Makes the present values of all elements those that each opening starts from. The constructor
@@ -88,8 +73,10 @@ protected:
 
 private:
   friend class Element;
-  friend class ElementArrayBase;
   friend class Forms;
+  friend class GridPicture;
+  friend class Picture;
+  friend class PictureArray;
 
   bool mayClose();
   void finishClosing();
@@ -101,10 +88,10 @@ private:
   bool closing_ = false; // inside its closing check or steps
   bool modal_ = false;
   std::vector<Element*> elements_;
-  std::vector<ElementArrayBase*> arrays_;
+  std::vector<PictureArray*> arrays_;
+  GridPicture* grid_ = nullptr;
   Element* focused_ = nullptr;
   int topmost_ = 0; // highest zOrderRank given so far
-  friend class Picture;
 };
 
 } // namespace forms

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "forms/element.h"
+
 namespace falanges {
 
 std::optional<int> boardSide(int squares) {
@@ -19,7 +21,7 @@ std::string boardPicture(int side) {
 }
 
 int boardElementSide(const Principal& principal) {
-  constexpr int TwipsPerPixel = 15;
+  using forms::TwipsPerPixel;
   const int grid = principal.NumColumnas * principal.LadoCasilla;
   return ((grid + TwipsPerPixel - 1) / TwipsPerPixel + 2) * TwipsPerPixel;
 }

@@ -11,13 +11,22 @@ std::string_view squaresOf(std::string_view text) {
   return text.substr(0, text.rfind(';'));
 }
 
+// The text that this game has when this program writes it, so that only a difference in the game
+// counts. A closing 0 means that player 1 begins.
+std::string positionOf(const GameText& game) {
+  Principal scratch;
+  std::uint8_t JugadorActual = 0;
+  takeGame(game, scratch, JugadorActual);
+  return gameText(scratch, JugadorActual == 0 ? 1 : JugadorActual);
+}
+
 } // namespace
 
 void Polling::join() {
   principal_.SegundosRestantes = principal_.SegundosActualizacion;
   mainWindow_.runTimer(true);
   principal_.JuegoEnRed = true;
-  mainWindow_.showMenuItem(MenuItem::GuardarJuego, false);
+  mainWindow_.showMenu(AppState::NetworkPlay);
   principal_.TurnoPublicado = false;
   retrying_ = false;
   ownPublication_.reset();
@@ -41,31 +50,17 @@ void Polling::tmrRed_Timer() {
   poll();
 }
 
-Polling::Look Polling::look() const {
-  Look seen;
-  auto read = readGame(principal_.ArchivoRed);
-  seen.opened = read.has_value();
-  if (!read)
-    return seen;
-  auto* game = std::get_if<GameText>(&*read);
-  if (!game || !game->whole)
-    return seen;
-  seen.text = textOf(*game);
-  seen.game = std::move(*game);
-  return seen;
-}
-
 // What was checked is what is loaded: one read serves the whole poll.
 void Polling::poll() {
-  const Look seen = look();
-  if (seen.game && seen.game->resultMarker)
-    defeat(*seen.game);
+  const GameReading seen = readGame(principal_.ArchivoRed);
+  if (seen.game.resultMarker)
+    defeat(seen.game);
   else
     turnSteps(seen);
 }
 
 // JugadorActual here is the one in this copy's memory, not the one in the file.
-void Polling::turnSteps(const Look& seen) {
+void Polling::turnSteps(const GameReading& seen) {
   const bool publishing = !inTurn() && !principal_.TurnoPublicado;
   if (inTurn() || (publishing && principal_.NumCasillas == 0)) {
     accessRegained(); // the copy in turn needs no file, and no board is no position to tell
@@ -82,13 +77,13 @@ void Polling::turnSteps(const Look& seen) {
 
 // A copy that joined out of turn writes what it joined with, whatever has been moved on its screen
 // since. The other copy may have gone on: its news must not be written over.
-void Polling::firstPublication(const Look& seen) {
-  if (seen.game && seen.text != joinedWith_) {
+void Polling::firstPublication(const GameReading& seen) {
+  if (seen.game.whole && positionOf(seen.game) != joinedWith_) {
     joinedWith_.reset();
     takeOver(seen);
     return;
   }
-  if (!seen.game) {
+  if (!seen.game.whole) {
     accessLost();
     // A torn file that stays torn has no writer any more; one that is away may come back newer.
     looksWithout_ = seen.opened ? looksWithout_ + 1 : 0;
@@ -124,8 +119,8 @@ void Polling::publishAgain() {
 
 // --- Reading -----------------------------------------------------------------------------------
 
-void Polling::waitForTurn(const Look& seen) {
-  if (!seen.game) {
+void Polling::waitForTurn(const GameReading& seen) {
+  if (!seen.game.whole) {
     accessLost();
     ++looksWithout_;
     // The other copy may have died while writing. Who wrote last puts its text back.
@@ -133,11 +128,12 @@ void Polling::waitForTurn(const Look& seen) {
       publishAgain();
     return;
   }
-  if (takesTurnBack(seen.text)) {
+  const std::string position = positionOf(seen.game);
+  if (takesTurnBack(position)) {
     publishAgain();
     return;
   }
-  if (seen.text != ownPublication_)
+  if (position != ownPublication_)
     ownPublication_.reset();
   takeOver(seen);
 }
@@ -145,16 +141,16 @@ void Polling::waitForTurn(const Look& seen) {
 // The other copy may have put its last text back before it had seen this copy's turn, or a slow
 // writing of it may have come late. No answer to a turn can be the position that the turn began
 // with, unless the turn itself led back to it.
-bool Polling::takesTurnBack(const std::string& text) const {
-  return ownPublication_ && text == turnPlayedFrom_ &&
-         squaresOf(text) != squaresOf(*ownPublication_);
+bool Polling::takesTurnBack(const std::string& position) const {
+  return ownPublication_ && position == turnPlayedFrom_ &&
+         squaresOf(position) != squaresOf(*ownPublication_);
 }
 
-void Polling::takeOver(const Look& seen) {
-  refresh(*seen.game);
+void Polling::takeOver(const GameReading& seen) {
+  refresh(seen.game);
   principal_.TurnoPublicado = !inTurn();
   if (inTurn())
-    turnPlayedFrom_ = seen.text;
+    turnPlayedFrom_ = positionOf(seen.game);
   accessRegained();
 }
 
@@ -184,6 +180,7 @@ void Polling::defeat(const GameText& game) {
   enJuego_.Caption = std::string("Derrota - Juego finalizado");
   principal_.JuegoEnRed = false;
   mainWindow_.runTimer(false);
+  mainWindow_.showMenu(AppState::Finished);
   forms_.messageBox("JUGADOR -" + digit + "- HA VENCIDO\r\n\r\n" +
                     "Cierre la ventana del Tablero para iniciar otro juego");
 }
@@ -208,15 +205,6 @@ void Polling::accessRegained() {
 // From the first look in vain to the one that a poll after it would be.
 bool Polling::fullIntervalWithout() const {
   return looksWithout_ > principal_.SegundosActualizacion + 1;
-}
-
-// The text that this game has when this program writes it, so that only a difference in the game
-// counts. A closing 0 means that player 1 begins.
-std::string Polling::textOf(const GameText& game) const {
-  Principal scratch;
-  std::uint8_t JugadorActual = 0;
-  takeGame(game, scratch, JugadorActual);
-  return gameText(scratch, JugadorActual == 0 ? 1 : JugadorActual);
 }
 
 } // namespace falanges

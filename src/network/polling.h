@@ -26,23 +26,15 @@ public:
   void tmrRed_Timer();
 
 private:
-  // What one read of the shared file gave.
-  struct Look {
-    bool opened = false;          // the file could be read
-    std::optional<GameText> game; // only a whole one
-    std::string text;             // that game as this program writes it
-  };
-
-  Look look() const;
   void poll();
-  void turnSteps(const Look& seen);
-  void firstPublication(const Look& seen);
+  void turnSteps(const GameReading& seen);
+  void firstPublication(const GameReading& seen);
   void publish();
   void published(bool written, const std::string& position);
   void publishAgain();
-  void waitForTurn(const Look& seen);
-  bool takesTurnBack(const std::string& text) const;
-  void takeOver(const Look& seen);
+  void waitForTurn(const GameReading& seen);
+  bool takesTurnBack(const std::string& position) const;
+  void takeOver(const GameReading& seen);
   void refresh(const GameText& game);
   void defeat(const GameText& game);
 
@@ -50,7 +42,6 @@ private:
   void accessLost();
   void accessRegained();
   bool fullIntervalWithout() const;
-  std::string textOf(const GameText& game) const;
 
   forms::Forms& forms_;
   Principal& principal_;

@@ -11,15 +11,26 @@ namespace falanges {
 
 namespace {
 
-struct FieldRange {
+// One of the six fields of a record, in the order in which the line has them.
+struct Field {
   int lowest;
   int highest;
+  int (*get)(const Casilla&);
+  void (*set)(Casilla&, int);
 };
 
-constexpr FieldRange Byte{0, std::numeric_limits<std::uint8_t>::max()};
-constexpr FieldRange Word{std::numeric_limits<std::int16_t>::min(),
-                          std::numeric_limits<std::int16_t>::max()};
-constexpr std::array<FieldRange, 6> Fields{{{0, 2}, {0, GEN}, Word, Word, Byte, Byte}};
+// `highest` bounds the fields with a meaning of their own; the others take what their type holds.
+template <class T, T Casilla::*Item>
+constexpr Field field(int highest = std::numeric_limits<T>::max()) {
+  return {std::numeric_limits<T>::min(), highest,
+          [](const Casilla& square) { return int{square.*Item}; },
+          [](Casilla& square, int value) { square.*Item = static_cast<T>(value); }};
+}
+
+constexpr std::array<Field, 6> Fields{
+    field<std::uint8_t, &Casilla::Jugador>(2),  field<std::uint8_t, &Casilla::TUnidad>(GEN),
+    field<std::int16_t, &Casilla::PosXTwips>(), field<std::int16_t, &Casilla::PosYTwips>(),
+    field<std::uint8_t, &Casilla::PosX>(),      field<std::uint8_t, &Casilla::PosY>()};
 
 std::string inLine(std::size_t line, const std::string& reason) {
   return "Línea " + std::to_string(line) + ": " + reason;
@@ -36,35 +47,24 @@ std::optional<int> wholeNumber(std::string_view text) {
   return error == std::errc() ? value : std::numeric_limits<int>::max();
 }
 
-// The reason why the closed field cannot be taken; nothing when it was.
-std::optional<std::string> takeField(std::string_view text, GameLine& line) {
-  const std::string field = "el campo " + std::to_string(line.fields + 1);
-  const auto value = wholeNumber(text);
-  if (!value)
-    return field + " no es un número";
-  const auto place = static_cast<std::size_t>(line.fields);
-  if (*value < Fields[place].lowest || *value > Fields[place].highest)
-    return field + " tiene un valor no permitido";
-  line.values[place] = *value;
-  ++line.fields;
-  return std::nullopt;
-}
-
-std::variant<GameLine, Refusal> parseLine(std::string_view item, std::size_t number) {
-  GameLine line;
-  line.hasSeparator = item.find(';') != std::string_view::npos;
-  if (line.hasSeparator && number > TablaCasillas::Last)
-    return Refusal{inLine(number, "el tablero no tiene tantas casillas")};
+// Takes the fields that the item closes. The reason why it cannot, or an empty text.
+std::string takeFields(std::string_view item, GameLine& line) {
   std::size_t start = 0;
-  while (line.fields < 6) {
+  while (line.fields < Fields.size()) {
     const std::size_t end = item.find(';', start);
     if (end == std::string_view::npos)
       break;
-    if (const auto reason = takeField(item.substr(start, end - start), line))
-      return Refusal{inLine(number, *reason)};
+    const std::string name = "el campo " + std::to_string(line.fields + 1);
+    const auto value = wholeNumber(item.substr(start, end - start));
+    if (!value)
+      return name + " no es un número";
+    const Field& field = Fields[line.fields];
+    if (*value < field.lowest || *value > field.highest)
+      return name + " tiene un valor no permitido";
+    line.values[line.fields++] = *value;
     start = end + 1;
   }
-  return line;
+  return {};
 }
 
 // See GameText::whole. `items` are the lines as they were read.
@@ -81,7 +81,7 @@ void judgeWholeness(std::string_view text, const std::vector<std::string_view>& 
   if (marked && items.back().size() != 2)
     return;
   for (std::size_t n = 0; n < records; ++n)
-    if (game.lines[n].fields != 6)
+    if (game.lines[n].fields != Fields.size())
       return;
   const std::string_view closing = items[records];
   if (!wholeNumber(closing) || !forms::stored<std::uint8_t>(forms::Val(closing)))
@@ -93,53 +93,47 @@ void judgeWholeness(std::string_view text, const std::vector<std::string_view>& 
 
 } // namespace
 
-std::variant<GameText, Refusal> parseGame(std::string_view text) {
+GameReading parseGame(std::string_view text) {
+  GameReading read;
+  const auto refuse = [&read](std::string reason) {
+    read.refusal = std::move(reason);
+    read.game = {};
+    return read;
+  };
   if (text.size() > LargestGameFile)
-    return Refusal{"El archivo ocupa más de 64 KiB"};
-  GameText game;
+    return refuse("El archivo ocupa más de 64 KiB");
+  GameText& game = read.game;
   std::vector<std::string_view> items;
   for (forms::ItemReader reader(text); !reader.atEnd();) {
-    items.push_back(reader.next());
-    auto line = parseLine(items.back(), items.size());
-    if (auto* refusal = std::get_if<Refusal>(&line))
-      return *refusal;
-    game.lines.push_back(std::get<GameLine>(line));
+    const std::string_view item = items.emplace_back(reader.next());
+    GameLine& line = game.lines.emplace_back();
+    line.hasSeparator = item.find(';') != std::string_view::npos;
+    if (line.hasSeparator && items.size() > TablaCasillas::Last)
+      return refuse(inLine(items.size(), "el tablero no tiene tantas casillas"));
+    if (const std::string reason = takeFields(item, line); !reason.empty())
+      return refuse(inLine(items.size(), reason));
   }
   if (!items.empty() && !game.lines.back().hasSeparator) {
     game.JugadorActual = forms::stored<std::uint8_t>(forms::Val(items.back()));
     if (!game.JugadorActual)
-      return Refusal{inLine(items.size(), "el jugador en turno tiene un valor no permitido")};
+      return refuse(inLine(items.size(), "el jugador en turno tiene un valor no permitido"));
   }
   judgeWholeness(text, items, game);
-  return game;
+  return read;
 }
 
-std::optional<std::variant<GameText, Refusal>> readGame(const std::string& path) {
-  const auto text = forms::readTextFile(path, LargestGameFile + 1);
-  if (!text)
-    return std::nullopt;
-  return parseGame(*text);
+GameReading readGame(const std::string& path) {
+  if (const auto text = forms::readTextFile(path, LargestGameFile + 1))
+    return parseGame(*text);
+  GameReading unopened;
+  unopened.opened = false;
+  return unopened;
 }
 
 void takeLine(const GameText& game, int n, Principal& principal) {
   const GameLine& line = game.lines.at(static_cast<std::size_t>(n - 1));
-  if (line.fields == 0)
-    return;
-  Casilla& square = principal.Casillas(n);
-  const auto byte = [&](std::size_t field, std::uint8_t& item) {
-    if (static_cast<int>(field) < line.fields)
-      item = static_cast<std::uint8_t>(line.values[field]);
-  };
-  const auto word = [&](std::size_t field, std::int16_t& item) {
-    if (static_cast<int>(field) < line.fields)
-      item = static_cast<std::int16_t>(line.values[field]);
-  };
-  byte(0, square.Jugador);
-  byte(1, square.TUnidad);
-  word(2, square.PosXTwips);
-  word(3, square.PosYTwips);
-  byte(4, square.PosX);
-  byte(5, square.PosY);
+  for (std::size_t i = 0; i < line.fields; ++i)
+    Fields[i].set(principal.Casillas(n), line.values[i]);
 }
 
 void takeBoardSize(const GameText& game, Principal& principal) {
@@ -161,10 +155,8 @@ void takeGame(const GameText& game, Principal& principal, std::uint8_t& JugadorA
 std::string gameText(const Principal& principal, int JugadorActual) {
   std::string text;
   for (int n = 1; n <= principal.NumCasillas; ++n) {
-    const Casilla& square = principal.Casillas(n);
-    for (const int value : {int{square.Jugador}, int{square.TUnidad}, int{square.PosXTwips},
-                            int{square.PosYTwips}, int{square.PosX}, int{square.PosY}}) {
-      text += std::to_string(value);
+    for (const Field& field : Fields) {
+      text += std::to_string(field.get(principal.Casillas(n)));
       text += ';';
     }
     text += "\r\n";

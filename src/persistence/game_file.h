@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 #include "model/principal.h"
@@ -15,7 +14,7 @@ namespace falanges {
 
 // What one line of a game holds: the fields of a square that it closes, in the order of Casilla.
 struct GameLine {
-  int fields = 0;              // how many of the six
+  std::size_t fields = 0;      // how many of the six
   bool hasSeparator = false;   // a line without any ";" is no record
   std::array<int, 6> values{}; // the first `fields` of them
 };
@@ -31,18 +30,22 @@ struct GameText {
   bool whole = false;
 };
 
-// Why a text is no game, in words for the player, such as "Línea 12: el campo 3 no es un número".
-struct Refusal {
-  std::string reason;
+// What came of reading a game.
+struct GameReading {
+  bool opened = true; // false: the file cannot be opened or read
+  // Why the text is no game, in words for the player, such as "Línea 12: el campo 3 no es un
+  // número"; empty: it is one.
+  std::string refusal;
+  GameText game; // only of a text that is one
+
+  bool isGame() const { return opened && refusal.empty(); }
 };
 
 // A file larger than this is refused, in bytes.
 constexpr std::size_t LargestGameFile = 64 * 1024;
 
-std::variant<GameText, Refusal> parseGame(std::string_view text);
-
-// Reads a whole file. A file that cannot be opened or read gives nothing.
-std::optional<std::variant<GameText, Refusal>> readGame(const std::string& path);
+GameReading parseGame(std::string_view text);
+GameReading readGame(const std::string& path);
 
 // Stores the fields that line n (from 1) closes in square n; lines above 64 hold none.
 void takeLine(const GameText& game, int n, Principal& principal);

@@ -3,9 +3,9 @@
 #include "forms/numbers.h"
 #include "forms/text_file.h"
 #include "model/colors.h"
-#include "model/geometry.h"
 #include "model/units.h"
 #include "persistence/game_file.h"
+#include "play/move.h"
 #include "play/reach.h"
 
 namespace falanges {
@@ -18,10 +18,7 @@ constexpr int MarkerSide = 465; // twips: a quarter of the unit that may stand t
 
 void makeLabel(forms::Label& label, const char* caption, int top, int width, forms::Color color) {
   label.Caption = caption;
-  label.Top = top;
-  label.Left = 45;
-  label.Width = width;
-  label.Height = 600;
+  label.place(45, top, width, 600);
   label.ForeColor = color;
   label.TextFont.bold = true;
 }
@@ -29,28 +26,16 @@ void makeLabel(forms::Label& label, const char* caption, int top, int width, for
 } // namespace
 
 frmEnJuego::frmEnJuego(forms::Forms& forms, Principal& principal, MainWindow& mainWindow)
-    : Window(forms, forms::WindowKind::Child, "frmEnJuego"), principal_(principal),
-      mainWindow_(mainWindow) {
+    : BoardScreen(forms, principal, mainWindow, "frmEnJuego") {
   BackColor = PaleGreen;
-  picTablero.AutoSize = true;
-  picTablero.Border = true;
-  picTablero.Width = 5940;
-  picTablero.Height = 5940;
-  picTablero.TabIndex = 0;
-  picTablero.MouseMove = [this](float X, float Y) { picTablero_MouseMove(X, Y); };
-  picTablero.grid.nameOfEmptySquare = [this](int n) {
-    return emptySquareDescription(principal_, n);
-  };
-  picUnidad.pattern.Width = UnitSide;
-  picUnidad.pattern.Height = UnitSide;
-  picUnidad.pattern.BackColor = White;
   picUnidad.Click = [this](int Index) { picUnidad_Click(Index); };
-  picUnidad.MouseMove = [this](int Index) { picUnidad_MouseMove(Index); };
   picMovimientoPermitido.pattern.Width = MarkerSide;
   picMovimientoPermitido.pattern.Height = MarkerSide;
   picMovimientoPermitido.pattern.BackColor = PaleBlue;
   picMovimientoPermitido.Click = [this](int Index) { picMovimientoPermitido_Click(Index); };
-  picMovimientoPermitido.MouseMove = [this](int Index) { picMovimientoPermitido_MouseMove(Index); };
+  picMovimientoPermitido.MouseMove = [this](int Index) {
+    showHint(*picMovimientoPermitido(Index), Index);
+  };
   constexpr forms::Color Blue{0, 0, 255};
   constexpr forms::Color Red{255, 0, 0};
   makeLabel(lblJ1, "Jugador 1", 240, 1065, Blue);
@@ -63,11 +48,11 @@ frmEnJuego::frmEnJuego(forms::Forms& forms, Principal& principal, MainWindow& ma
 // --- Opening and closing -----------------------------------------------------------------------
 
 void frmEnJuego::Form_Load() {
-  passOver(LoadIcon(forms::programPath(forms().desktop().programFolder(), "\\ico\\adelante.ico")));
-  setMenu();
+  passOver(LoadIcon("\\ico\\adelante.ico"));
+  mainWindow_.showMenu(principal_.JuegoEnRed ? AppState::NetworkPlay : AppState::LocalPlay);
   placeWindow();
   Caption = principal_.JuegoEnRed ? "Actualizando..." : "En Juego";
-  drawBoard();
+  showBoard();
   drawUnits();
   if (JugadorActual == 0)
     JugadorActual = 1;
@@ -75,51 +60,21 @@ void frmEnJuego::Form_Load() {
   principal_.MovRealizados = 0;
 }
 
-void frmEnJuego::setMenu() {
-  mainWindow_.showMenuItem(MenuItem::NuevoJuego, false);
-  mainWindow_.showMenuItem(MenuItem::CargarJuego, false);
-  mainWindow_.showMenuItem(MenuItem::GuardarJuego, !principal_.JuegoEnRed);
-  mainWindow_.showMenuItem(MenuItem::CargarPlantilla, false);
-  mainWindow_.showMenuItem(MenuItem::GuardarPlantilla, false);
-}
-
 void frmEnJuego::placeWindow() {
-  Top = principal_.JuegoEnRed ? forms::storedNearest<int>(forms::Val(mainWindow_.TopEnJuego)) : 0;
-  Left = principal_.JuegoEnRed ? forms::storedNearest<int>(forms::Val(mainWindow_.LeftEnJuego)) : 0;
-}
-
-void frmEnJuego::drawBoard() {
-  picTablero.Top = BoardTop;
-  picTablero.Left = BoardLeft;
-  const std::string picture = boardPicture(principal_.NumFilas);
-  const std::string folder = forms().desktop().programFolder();
-  if (!picture.empty() && !picTablero.LoadPicture(forms::programPath(folder, picture))) {
-    // Without its picture the board still has its squares.
-    picTablero.Width = boardElementSide(principal_);
-    picTablero.Height = boardElementSide(principal_);
-  }
-  picTablero.AccessibleName = boardDescription(principal_);
-  picTablero.grid.setGrid(principal_.NumColumnas, principal_.LadoCasilla);
-  Height = picTablero.Height + picTablero.Top + 600;
-  Width = picTablero.Width + picTablero.Left + 150;
+  if (principal_.JuegoEnRed)
+    moveTo(forms::storedNearest<int>(forms::Val(mainWindow_.LeftEnJuego)),
+           forms::storedNearest<int>(forms::Val(mainWindow_.TopEnJuego)));
+  else
+    moveTo(0, 0);
 }
 
 void frmEnJuego::drawUnits() {
-  const std::string folder = forms().desktop().programFolder();
   for (int i = 1; i <= principal_.NumCasillas; ++i) {
     const Casilla& square = principal_.Casillas(i);
     if (square.Jugador == 0)
       continue;
     passOver(picUnidad.Load(i));
-    forms::Picture& unit = *picUnidad(i);
-    const std::string picture = unitPicture(square.TUnidad, square.Jugador);
-    if (!picture.empty())
-      passOver(unit.LoadPicture(forms::programPath(folder, picture)));
-    unit.Top = square.PosXTwips;
-    unit.Left = square.PosYTwips;
-    unit.AccessibleName = unitDescription(principal_, i, square, false);
-    unit.ZOrder();
-    unit.Visible = true;
+    showUnit(i, square, square.PosXTwips, square.PosYTwips);
   }
 }
 
@@ -133,11 +88,7 @@ void frmEnJuego::drawStatus() {
 }
 
 void frmEnJuego::Form_Unload() {
-  mainWindow_.showMenuItem(MenuItem::NuevoJuego, true);
-  mainWindow_.showMenuItem(MenuItem::CargarJuego, true);
-  mainWindow_.showMenuItem(MenuItem::GuardarJuego, false);
-  mainWindow_.showMenuItem(MenuItem::CargarPlantilla, true);
-  mainWindow_.showMenuItem(MenuItem::GuardarPlantilla, false);
+  mainWindow_.showMenu(AppState::Idle);
   if (!principal_.JuegoEnRed)
     JugadorActual = 1;
   principal_.JuegoEnRed = false;
@@ -194,8 +145,7 @@ void frmEnJuego::select(int n, bool selected) {
 void frmEnJuego::showMarker(int n) {
   passOver(picMovimientoPermitido.Load(n));
   forms::Picture& marker = *picMovimientoPermitido(n);
-  marker.Top = principal_.Casillas(n).PosXTwips;
-  marker.Left = principal_.Casillas(n).PosYTwips;
+  marker.moveTo(principal_.Casillas(n).PosYTwips, principal_.Casillas(n).PosXTwips);
   marker.AccessibleName = "Mover al " + squareDescription(principal_, n);
   marker.ZOrder();
   marker.Visible = true;
@@ -217,23 +167,6 @@ bool frmEnJuego::Form_KeyDown(forms::Key key, int /*digit*/) {
   return true;
 }
 
-// --- Hints -------------------------------------------------------------------------------------
-
-void frmEnJuego::picUnidad_MouseMove(int Index) {
-  const Casilla& square = principal_.Casillas(Index);
-  picUnidad(Index)->ToolTipText = hoverText(Index, square.PosX, square.PosY);
-}
-
-void frmEnJuego::picMovimientoPermitido_MouseMove(int Index) {
-  const Casilla& square = principal_.Casillas(Index);
-  picMovimientoPermitido(Index)->ToolTipText = hoverText(Index, square.PosX, square.PosY);
-}
-
-void frmEnJuego::picTablero_MouseMove(float X, float Y) {
-  const PointedSquare place = squareAt(principal_, X, Y);
-  picTablero.ToolTipText = hoverText(place.square, place.row, place.column);
-}
-
 // --- Moving ------------------------------------------------------------------------------------
 
 void frmEnJuego::picMovimientoPermitido_Click(int Index) {
@@ -249,8 +182,9 @@ void frmEnJuego::picMovimientoPermitido_Click(int Index) {
     closeWonGame(victory, CasillaOrigen, CasillaDestino);
     return;
   }
-  writeMove(CasillaOrigen, CasillaDestino);
-  countMove();
+  applyMove(principal_, CasillaOrigen, CasillaDestino);
+  if (countMove(principal_, JugadorActual))
+    drawStatus();
 }
 
 int frmEnJuego::selectedSquare() {
@@ -261,44 +195,11 @@ int frmEnJuego::selectedSquare() {
 }
 
 void frmEnJuego::movePicture(int CasillaOrigen, int CasillaDestino) {
-  const Casilla mover = principal_.Casillas(CasillaOrigen);
   passOver(picUnidad.Unload(CasillaOrigen));
   // On an enemy's square the element exists: the defender's picture becomes the attacker's.
   passOver(picUnidad.Load(CasillaDestino));
-  forms::Picture& unit = *picUnidad(CasillaDestino);
-  const std::string folder = forms().desktop().programFolder();
-  passOver(unit.LoadPicture(forms::programPath(folder, unitPicture(mover.TUnidad, mover.Jugador))));
-  unit.Top = principal_.Casillas(CasillaDestino).PosXTwips;
-  unit.Left = principal_.Casillas(CasillaDestino).PosYTwips;
-  unit.AccessibleName = unitDescription(principal_, CasillaDestino, mover, false);
-  unit.ZOrder();
-  unit.Visible = true;
-}
-
-void frmEnJuego::writeMove(int CasillaOrigen, int CasillaDestino) {
-  Casilla& from = principal_.Casillas(CasillaOrigen);
-  Casilla& to = principal_.Casillas(CasillaDestino);
-  to.Jugador = from.Jugador;
-  to.TUnidad = from.TUnidad;
-  from.Jugador = 0;
-  from.TUnidad = 0;
-}
-
-// The test is for equality: lowered below the moves already made, MovPorTurno is passed and the
-// player stays in turn. The count stops at 255 so that it never comes round to it again.
-void frmEnJuego::countMove() {
-  if (principal_.MovRealizados < 255)
-    ++principal_.MovRealizados;
-  if (principal_.MovRealizados != principal_.MovPorTurno)
-    return;
-  if (JugadorActual == 1) {
-    showStatus("En Espera", "En Turno");
-    JugadorActual = 2;
-  } else if (JugadorActual == 2) {
-    showStatus("En Turno", "En Espera");
-    JugadorActual = 1;
-  }
-  principal_.MovRealizados = 0;
+  const Casilla& to = principal_.Casillas(CasillaDestino);
+  showUnit(CasillaDestino, principal_.Casillas(CasillaOrigen), to.PosXTwips, to.PosYTwips);
 }
 
 // --- The end of a game -------------------------------------------------------------------------
@@ -309,14 +210,14 @@ void frmEnJuego::closeWonGame(Victory victory, int CasillaOrigen, int CasillaDes
   const bool published = !principal_.JuegoEnRed || publishVictory(CasillaOrigen, CasillaDestino);
   forms().messageBox(victoryText(victory, JugadorActual));
   disableUnits();
-  mainWindow_.showMenuItem(MenuItem::GuardarJuego, false);
+  mainWindow_.showMenu(AppState::Finished);
   if (!published)
     offerRetry();
 }
 
 // False when the final position or the result marker could not be written.
 bool frmEnJuego::publishVictory(int CasillaOrigen, int CasillaDestino) {
-  writeMove(CasillaOrigen, CasillaDestino);
+  applyMove(principal_, CasillaOrigen, CasillaDestino);
   if (JugadorActual == 1)
     showStatus("Victoria", "Derrota");
   else

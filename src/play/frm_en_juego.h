@@ -3,15 +3,12 @@
 
 #include <cstdint>
 
-#include "forms/element_array.h"
-#include "forms/forms.h"
-#include "model/main_window.h"
-#include "model/principal.h"
+#include "board/board_screen.h"
 #include "play/victory.h"
 
 namespace falanges {
 
-class frmEnJuego final : public forms::Window {
+class frmEnJuego final : public BoardScreen {
 public:
   frmEnJuego(forms::Forms& forms, Principal& principal, MainWindow& mainWindow);
 
@@ -24,10 +21,8 @@ public:
   // No unit answers the pointer any more.
   void disableUnits();
 
-  forms::Picture picTablero{*this, "picTablero"};
-  forms::ElementArray<forms::Picture> picUnidad{*this, "picUnidad"};
   // Element n stands while the selected unit may move to square n; a click moves it there.
-  forms::ElementArray<forms::Picture> picMovimientoPermitido{*this, "picMovimientoPermitido"};
+  forms::PictureArray picMovimientoPermitido{*this, "picMovimientoPermitido"};
   forms::Label lblJ1{*this, "lblJ1"};
   forms::Label lblJ1_Estado{*this, "lblJ1_Estado"};
   forms::Label lblJ2{*this, "lblJ2"};
@@ -39,14 +34,9 @@ private:
   bool Form_KeyDown(forms::Key key, int digit) override;
 
   void picUnidad_Click(int Index);
-  void picUnidad_MouseMove(int Index);
   void picMovimientoPermitido_Click(int Index);
-  void picMovimientoPermitido_MouseMove(int Index);
-  void picTablero_MouseMove(float X, float Y);
 
-  void setMenu();
   void placeWindow();
-  void drawBoard();
   void drawUnits();
   void drawStatus();
 
@@ -55,14 +45,9 @@ private:
   void removeMarkers();
   int selectedSquare();
   void movePicture(int CasillaOrigen, int CasillaDestino);
-  void writeMove(int CasillaOrigen, int CasillaDestino);
-  void countMove();
   void closeWonGame(Victory victory, int CasillaOrigen, int CasillaDestino);
   bool publishVictory(int CasillaOrigen, int CasillaDestino);
   void offerRetry();
-
-  Principal& principal_;
-  MainWindow& mainWindow_;
 };
 
 } // namespace falanges

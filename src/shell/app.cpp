@@ -1,5 +1,6 @@
 #include "shell/app.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace falanges {
@@ -7,39 +8,33 @@ namespace falanges {
 App::App(forms::Desktop& desktop) : forms(desktop) {
   forms.applicationTitle = "Vornath - Falanges Z - TEE";
   forms.afterEvent = [this] { tellFailures(); };
-  ventanaPrincipal.children = {&nuevoJuego, &enJuego, &opciones};
-  ventanaPrincipal.tmrRed.Tick = [this] { polling.tmrRed_Timer(); };
-  nuevoJuego.abrirEnJuego = [this] { enJuego.open(); };
-  nuevoJuego.mostrarVolcado = [this] { msgBox.showModal(); };
-  opciones.unirse = [this] { unirseAJuegoEnRed(); };
-  opciones.configurationNotWritten = [this](const std::string& path) {
-    unwrittenConfiguration_ = path;
-  };
+  frame.children = {&nuevoJuego, &enJuego, &opciones};
+  frame.tmrRed.Tick = [this] { polling.tmrRed_Timer(); };
+  nuevoJuego.openPlay = [this] { enJuego.open(); };
+  nuevoJuego.showDump = [this] { msgBox.showModal(); };
+  opciones.joinNetworkGame = [this] { joinNetworkGame(); };
 }
 
 void App::start() {
-  forms.startUp(ventanaPrincipal);
+  forms.startUp(frame);
 }
 
 // The opening play screen takes the activation from the options dialog, which closes by itself.
-void App::unirseAJuegoEnRed() {
-  if (ventanaPrincipal.mnuCargarJuego_Click(Accept::WholeGame))
+void App::joinNetworkGame() {
+  frame.mnuCargarJuego_Click(Accept::WholeGame);
+  if (!principal.CargaCancelada)
     polling.join();
 }
 
 // Failures that must not stop an event are told behind it, each kind once a run.
 void App::tellFailures() {
-  tellOnce(forms.missingPicture, toldPicture_, "No se puede cargar la imagen:\r\n");
-  tellOnce(unwrittenConfiguration_, toldConfiguration_, "No se puede guardar el archivo:\r\n");
-}
-
-void App::tellOnce(std::string& path, bool& told, const char* text) {
-  const std::string failed = std::exchange(path, std::string());
-  // A network game goes on without a box: the other player waits.
-  if (failed.empty() || told || principal.JuegoEnRed)
-    return;
-  told = true;
-  forms.messageBox(text + failed);
+  for (const auto& [text, path] : std::exchange(forms.failures, {})) {
+    // A network game goes on without a box: the other player waits.
+    if (principal.JuegoEnRed || std::find(told_.begin(), told_.end(), text) != told_.end())
+      continue;
+    told_.push_back(text);
+    forms.messageBox(text + path);
+  }
 }
 
 } // namespace falanges

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "deployment/frm_nuevo_juego.h"
 #include "forms/forms.h"
@@ -24,21 +25,18 @@ public:
 
   forms::Forms forms;
   Principal principal;
-  frmPrincipal ventanaPrincipal{forms, principal};
-  frmEnJuego enJuego{forms, principal, ventanaPrincipal};
-  frmNuevoJuego nuevoJuego{forms, principal, ventanaPrincipal};
+  frmPrincipal frame{forms, principal};
+  frmEnJuego enJuego{forms, principal, frame};
+  frmNuevoJuego nuevoJuego{forms, principal, frame};
   frmOpciones opciones{forms, principal};
   frmMsgBox msgBox{forms, principal};
-  Polling polling{forms, principal, ventanaPrincipal, enJuego};
+  Polling polling{forms, principal, frame, enJuego};
 
 private:
-  void unirseAJuegoEnRed();
-  void tellOnce(std::string& path, bool& told, const char* text);
+  void joinNetworkGame();
   void tellFailures();
 
-  std::string unwrittenConfiguration_;
-  bool toldPicture_ = false;
-  bool toldConfiguration_ = false;
+  std::vector<std::string> told_; // the kinds of failure that the player has heard of
 };
 
 } // namespace falanges

@@ -9,10 +9,7 @@ Form1::Form1(forms::Forms& forms) : Window(forms, forms::WindowKind::Frame, "For
   PlacedByDesktop = true;
   struct Place {
     forms::Picture& picture;
-    int left;
-    int top;
-    int width;
-    int height;
+    int left, top, width, height;
   };
   for (const Place& place :
        {Place{Picture1, 1920, 240, 5655, 5055}, Place{Picture2, 10080, 360, 975, 975},
@@ -20,10 +17,7 @@ Form1::Form1(forms::Forms& forms) : Window(forms, forms::WindowKind::Frame, "For
         Place{Picture5, 10080, 3600, 975, 975}, Place{Picture6, 10080, 4680, 975, 975},
         Place{Picture7, 10080, 5760, 975, 975}, Place{Picture8, 10080, 6840, 975, 975},
         Place{Picture9, 11160, 360, 975, 975}}) {
-    place.picture.Left = place.left;
-    place.picture.Top = place.top;
-    place.picture.Width = place.width;
-    place.picture.Height = place.height;
+    place.picture.place(place.left, place.top, place.width, place.height);
     place.picture.Border = true;
     place.picture.AccessibleName = place.picture.name();
   }

@@ -9,8 +9,7 @@ frmMsgBox::frmMsgBox(forms::Forms& forms, Principal& principal)
   Caption = "Vornath - Falanges Z";
   ClientWidth = 13830;
   ClientHeight = 8055;
-  Text1.Width = 13815;
-  Text1.Height = 8055;
+  Text1.place(0, 0, 13815, 8055);
   Text1.TextFont = {"Times New Roman", 12, false};
   Text1.MultiLine = true;
   Text1.ReadOnly = true;
@@ -21,8 +20,7 @@ frmMsgBox::frmMsgBox(forms::Forms& forms, Principal& principal)
 
 // Takes the text over: the next opening shows only what was handed over for it.
 void frmMsgBox::Form_Load() {
-  Top = 200;
-  Left = 200;
+  moveTo(200, 200);
   Text1.Text = std::exchange(principal_.TextoVolcado, std::string());
 }
 

@@ -15,10 +15,7 @@ namespace {
 
 struct Place {
   forms::Element& element;
-  int left;
-  int top;
-  int width;
-  int height;
+  int left, top, width, height;
 };
 
 } // namespace
@@ -46,10 +43,7 @@ void frmOpciones::makeElements() {
         Place{lblJugadorActualRed, 240, 2595, 1695, 240},
         Place{txtMovPorTurno, 1080, 960, 495, 360}, Place{Label1, 240, 1005, 810, 240},
         Place{Label3, 1680, 1005, 2385, 240}}) {
-    place.element.Left = place.left;
-    place.element.Top = place.top;
-    place.element.Width = place.width;
-    place.element.Height = place.height;
+    place.element.place(place.left, place.top, place.width, place.height);
     place.element.TabIndex = tabIndex++;
     place.element.TextFont.bold = true;
   }
@@ -82,9 +76,9 @@ void frmOpciones::makeEvents() {
   chkLimiteFilas.Click = [this] { chkLimiteFilas_Click(); };
   lblLimiteFilas.Click = [this] { chkLimiteFilas.Value = 1 - chkLimiteFilas.Value; };
   txtTiempoRed.Change = [this] { txtTiempoRed_Change(); };
-  txtTiempoRed.LostFocus = [this] { passOver(secondsInRange()); };
+  txtTiempoRed.LostFocus = [this] { passOver(inRange(seconds_)); };
   txtMovPorTurno.Change = [this] { txtMovPorTurno_Change(); };
-  txtMovPorTurno.LostFocus = [this] { passOver(movesInRange()); };
+  txtMovPorTurno.LostFocus = [this] { passOver(inRange(moves_)); };
   comJugadorActualRed.Click = [this] { comJugadorActualRed_Click(); };
   btnCargarJuegoRed.Click = [this] { btnCargarJuegoRed_Click(); };
 }
@@ -92,9 +86,8 @@ void frmOpciones::makeEvents() {
 // --- Opening and closing -----------------------------------------------------------------------
 
 void frmOpciones::Form_Load() {
-  const std::string folder = forms().desktop().programFolder();
-  passOver(LoadIcon(forms::programPath(folder, "\\ico\\adelante.ico")));
-  readConfiguration(principal_, configurationPath(folder));
+  passOver(LoadIcon("\\ico\\adelante.ico"));
+  readConfiguration(principal_, configurationPath(forms().desktop().programFolder()));
   // What the file holds before the boxes are filled: the events of filling write it anew.
   if (principal_.OpcPermitirBanderas == "1")
     chkPermitirBanderas.Value = 1;
@@ -113,28 +106,19 @@ void frmOpciones::Form_Load() {
 }
 
 bool frmOpciones::Form_QueryUnload() {
-  return secondsInRange() && movesInRange();
+  return inRange(seconds_) && inRange(moves_);
 }
 
 void frmOpciones::Form_Deactivate() {
   close();
 }
 
-bool frmOpciones::secondsInRange() {
-  const double seconds = Val(txtTiempoRed.Text.get());
-  if (seconds >= 5 && seconds <= 300)
+bool frmOpciones::inRange(const NumberBox& number) {
+  const double value = Val(number.box.Text.get());
+  if (value >= number.lowest && value <= number.highest)
     return true;
-  forms().messageBox("DEBE colocar un valor entre 5 y 300 segundos de actualización");
-  passOver(txtTiempoRed.SetFocus());
-  return false;
-}
-
-bool frmOpciones::movesInRange() {
-  const double moves = Val(txtMovPorTurno.Text.get());
-  if (moves >= 1 && moves <= 5)
-    return true;
-  forms().messageBox("DEBE colocar un valor entre 1 y 5 Movimientos por Turno");
-  passOver(txtMovPorTurno.SetFocus());
+  forms().messageBox(number.refusal);
+  passOver(number.box.SetFocus());
   return false;
 }
 
@@ -146,8 +130,8 @@ void frmOpciones::write(bool boxTexts) {
   const bool written = boxTexts ? writeConfiguration(principal_, path, txtTiempoRed.Text.get(),
                                                      txtMovPorTurno.Text.get())
                                 : writeConfiguration(principal_, path);
-  if (!written && configurationNotWritten)
-    configurationNotWritten(path);
+  if (!written)
+    forms().failed("No se puede guardar el archivo:\r\n", path);
 }
 
 void frmOpciones::chkPermitirBanderas_Click() {
@@ -180,8 +164,8 @@ void frmOpciones::comJugadorActualRed_Click() {
 }
 
 void frmOpciones::btnCargarJuegoRed_Click() {
-  if (secondsInRange() && movesInRange() && unirse)
-    unirse();
+  if (inRange(seconds_) && inRange(moves_) && joinNetworkGame)
+    joinNetworkGame();
 }
 
 } // namespace falanges

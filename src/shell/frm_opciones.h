@@ -13,9 +13,7 @@ public:
   frmOpciones(forms::Forms& forms, Principal& principal);
 
   // Joins a network game through the load dialog; set by the owner of the screens.
-  std::function<void()> unirse;
-  // Called with the path when the configuration file could not be written.
-  std::function<void(const std::string& path)> configurationNotWritten;
+  std::function<void()> joinNetworkGame;
 
   forms::CheckBox chkPermitirBanderas{*this, "chkPermitirBanderas"};
   forms::Label lblBandera{*this, "lblBandera"};
@@ -46,12 +44,22 @@ private:
   void comJugadorActualRed_Click();
   void btnCargarJuegoRed_Click();
 
-  // False, after a message and with the focus on the box, when its number is out of range.
-  bool secondsInRange();
-  bool movesInRange();
+  // A text box for a number, the bounds it has, both allowed, and how a number outside is refused.
+  struct NumberBox {
+    forms::TextBox& box;
+    double lowest;
+    double highest;
+    const char* refusal;
+  };
+  // False, after the message and with the focus on the box, when its number is out of range.
+  bool inRange(const NumberBox& number);
   void write(bool boxTexts);
 
   Principal& principal_;
+  const NumberBox seconds_{txtTiempoRed, 5, 300,
+                           "DEBE colocar un valor entre 5 y 300 segundos de actualización"};
+  const NumberBox moves_{txtMovPorTurno, 1, 5,
+                         "DEBE colocar un valor entre 1 y 5 Movimientos por Turno"};
   bool OmitirClickJugador = false; // the next selection event is passed over
 };
 

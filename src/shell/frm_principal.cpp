@@ -44,7 +44,7 @@ void frmPrincipal::makeMenu() {
   mnuNuevoJuego.Caption = "&Nuevo Juego";
   mnuNuevoJuego.Click = [this] { mnuNuevoJuego_Click(); };
   mnuCargarJuego.Caption = "&Cargar Juego";
-  mnuCargarJuego.Click = [this] { passOver(mnuCargarJuego_Click(Accept::AnyGame)); };
+  mnuCargarJuego.Click = [this] { mnuCargarJuego_Click(Accept::AnyGame); };
   mnuGuardarJuego.Caption = "&Guardar Juego";
   mnuGuardarJuego.Click = [this] { passOver(mnuGuardarJuego_Click()); };
   mnuCargarPlantilla.Caption = "Cargar &Plantilla";
@@ -64,13 +64,9 @@ void frmPrincipal::makeMenu() {
 
 void frmPrincipal::Form_Load() {
   const std::string folder = forms().desktop().programFolder();
-  passOver(LoadIcon(forms::programPath(folder, "\\ico\\tiempo.ico")));
-  mnuGuardarJuego.Visible = false;
-  mnuGuardarPlantilla.Visible = false;
-  Top = 0;
-  Left = 0;
-  Width = 13000;
-  Height = 11050;
+  passOver(LoadIcon("\\ico\\tiempo.ico"));
+  showMenu(AppState::Idle);
+  place(0, 0, 13000, 11050);
   principal_.LadoCasilla = 1180;
   principal_.MargenCasilla = 140;
   principal_.RutaPlantillas = forms::programPath(folder, "\\plantillas");
@@ -99,23 +95,23 @@ void frmPrincipal::Form_Unload() {
 
 // --- What the other screens may ask ------------------------------------------------------------
 
-void frmPrincipal::showMenuItem(MenuItem item, bool shown) {
-  switch (item) {
-  case MenuItem::NuevoJuego:
-    mnuNuevoJuego.Visible = shown;
-    break;
-  case MenuItem::CargarJuego:
-    mnuCargarJuego.Visible = shown;
-    break;
-  case MenuItem::GuardarJuego:
-    mnuGuardarJuego.Visible = shown;
-    break;
-  case MenuItem::CargarPlantilla:
-    mnuCargarPlantilla.Visible = shown;
-    break;
-  case MenuItem::GuardarPlantilla:
-    mnuGuardarPlantilla.Visible = shown;
-    break;
+void frmPrincipal::showMenu(AppState state) {
+  struct Row {
+    AppState state;
+    bool NuevoJuego, CargarJuego, GuardarJuego, CargarPlantilla, GuardarPlantilla;
+  };
+  constexpr bool S = true, H = false; // shown, hidden
+  for (const Row& row :
+       {Row{AppState::Idle, S, S, H, S, H}, Row{AppState::Deployment, H, S, H, S, S},
+        Row{AppState::LocalPlay, H, H, S, H, H}, Row{AppState::NetworkPlay, H, H, H, H, H},
+        Row{AppState::Finished, H, H, H, H, H}}) {
+    if (row.state != state)
+      continue;
+    mnuNuevoJuego.Visible = row.NuevoJuego;
+    mnuCargarJuego.Visible = row.CargarJuego;
+    mnuGuardarJuego.Visible = row.GuardarJuego;
+    mnuCargarPlantilla.Visible = row.CargarPlantilla;
+    mnuGuardarPlantilla.Visible = row.GuardarPlantilla;
   }
 }
 
@@ -141,7 +137,7 @@ void frmPrincipal::mnuDeclararRendicion_Click() {
   const std::string player = "JUGADOR -" + std::to_string(children.enJuego->JugadorActual);
   forms().messageBox(player + "- HA DECLARADO SU RENDICIÓN\r\n\r\n" + player + "- PIERDE");
   children.enJuego->disableUnits();
-  mnuGuardarJuego.Visible = false;
+  showMenu(AppState::Finished);
 }
 
 // --- Game files --------------------------------------------------------------------------------
@@ -177,57 +173,40 @@ bool frmPrincipal::mnuGuardarJuego_Click() {
   return path && saveLocally(*path);
 }
 
-bool frmPrincipal::mnuCargarJuego_Click(Accept accept) {
-  std::string path = principal_.ArchivoRed;
-  if (!principal_.JuegoEnRed) {
-    principal_.CargaCancelada = true; // until a game has been taken
-    const auto chosen = askForFile(false, "Cargar Juego", principal_.RutaJuegosGuardados, "");
-    if (!chosen)
-      return false;
-    path = *chosen;
-  }
-  const auto game = readChecked(path, accept);
+void frmPrincipal::mnuCargarJuego_Click(Accept accept) {
+  principal_.CargaCancelada = true; // until a game has been taken
+  const auto path = askForFile(false, "Cargar Juego", principal_.RutaJuegosGuardados, "");
+  if (!path)
+    return;
+  const auto game = readChecked(*path, accept);
   if (!game)
-    return false;
-  if (!principal_.JuegoEnRed) {
-    principal_.CargaCancelada = false;
-    principal_.ArchivoRed = path;
-    // A join finds the earlier game still on the screen. It closes first, for that sets
-    // JugadorActual.
-    children.enJuego->close();
-  }
+    return;
+  principal_.CargaCancelada = false;
+  principal_.ArchivoRed = *path;
+  // A join finds the earlier game still on the screen. It closes first, for that sets
+  // JugadorActual.
+  children.enJuego->close();
   takeGame(*game, principal_, children.enJuego->JugadorActual);
   children.nuevoJuego->close();
   children.enJuego->open();
-  return true;
 }
 
-// The checked content of a game file; nothing when it cannot be read or is refused, which in a
-// local game the player is told.
+// The checked content of a game file; nothing, and the player is told why, when it cannot be read
+// or is refused.
 std::optional<GameText> frmPrincipal::readChecked(const std::string& path, Accept accept) {
-  auto read = readGame(path);
-  if (!read) {
-    if (!principal_.JuegoEnRed)
-      forms().messageBox("No se puede abrir el archivo:\r\n" + path);
+  GameReading read = readGame(path);
+  if (!read.opened) {
+    forms().messageBox("No se puede abrir el archivo:\r\n" + path);
     return std::nullopt;
   }
-  if (const auto* refusal = std::get_if<Refusal>(&*read)) {
-    refuse(path, refusal->reason);
+  if (read.isGame() && accept == Accept::WholeGame && !read.game.whole)
+    read.refusal = "El archivo está incompleto";
+  if (!read.isGame()) {
+    forms().messageBox("El archivo no contiene un juego guardado válido:\r\n" + path + "\r\n" +
+                       read.refusal);
     return std::nullopt;
   }
-  auto& game = std::get<GameText>(*read);
-  if (accept == Accept::WholeGame && !game.whole) {
-    refuse(path, "El archivo está incompleto");
-    return std::nullopt;
-  }
-  return std::move(game);
-}
-
-void frmPrincipal::refuse(const std::string& path, const std::string& reason) {
-  if (principal_.JuegoEnRed)
-    return;
-  forms().messageBox("El archivo no contiene un juego guardado válido:\r\n" + path + "\r\n" +
-                     reason);
+  return std::move(read.game);
 }
 
 void frmPrincipal::mnuGuardarPlantilla_Click() {
@@ -241,22 +220,7 @@ void frmPrincipal::mnuCargarPlantilla_Click() {
   if (!path)
     return;
   if (const auto game = readChecked(*path, Accept::AnyGame))
-    layOut(*game);
-}
-
-// Shows a template on a new-game screen that is opened anew. The list of boards keeps "5x5",
-// whatever the template's board.
-void frmPrincipal::layOut(const GameText& game) {
-  frmNuevoJuego& screen = *children.nuevoJuego;
-  screen.close();
-  screen.open();
-  for (int n = 1; n <= static_cast<int>(game.lines.size()); ++n) {
-    takeLine(game, n, principal_);
-    if (game.lines[static_cast<std::size_t>(n - 1)].hasSeparator)
-      screen.showLoadedUnit(n);
-  }
-  takeBoardSize(game, principal_);
-  screen.showBoard();
+    children.nuevoJuego->layOut(*game);
 }
 
 } // namespace falanges

@@ -27,10 +27,10 @@ public:
     frmOpciones* opciones = nullptr;
   } children;
 
-  void showMenuItem(MenuItem item, bool shown) override;
+  void showMenu(AppState state) override;
   void runTimer(bool running) override;
   bool mnuGuardarJuego_Click() override;
-  bool mnuCargarJuego_Click(Accept accept) override;
+  void mnuCargarJuego_Click(Accept accept) override;
   void mnuGuardarPlantilla_Click();
   void mnuCargarPlantilla_Click();
   void mnuNuevoJuego_Click();
@@ -59,9 +59,7 @@ private:
   std::optional<std::string> askForFile(bool save, const char* title, const std::string& folder,
                                         const char* proposedName);
   std::optional<GameText> readChecked(const std::string& path, Accept accept);
-  void refuse(const std::string& path, const std::string& reason);
   bool saveLocally(const std::string& path);
-  void layOut(const GameText& game);
 
   Principal& principal_;
 };

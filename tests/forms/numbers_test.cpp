@@ -29,7 +29,7 @@ TEST(NumbersTest, ATextGivesTheNumberThatItBeginsWith) {
 TEST(NumbersTest, AWholeItemTakesTheNearestAnExactHalfTheEvenOne) {
   using Byte = std::uint8_t;
   using Short = std::int16_t;
-  EXPECT_EQ(roundHalfEven(0.49999999999999994), 0);
+  EXPECT_EQ(stored<Byte>(0.49999999999999994), 0);
   const std::pair<double, std::optional<Byte>> bytes[] = {
       {2.5, 2},     {3.5, 4},    {2.49, 2},  {2.51, 3},      {-0.5, 0},
       {255.4, 255}, {255.5, {}}, {-0.6, {}}, {HUGE_VAL, {}}, {-HUGE_VAL, {}}};

@@ -10,14 +10,13 @@ namespace {
 TEST(PictureTest, AMissingFileLeavesTheOldOneAndTheFirstIsNoted) {
   scripted::ScriptedDesktop screen;
   scripted::TestProgram program(screen);
-  const auto path = [&](const std::string& name) {
-    return forms::programPath(screen.programFolder(), "\\img\\" + name);
-  };
   screen.missingPictures = {"8x8.jpg", "a.ico"};
-  EXPECT_TRUE(program.one.pic.LoadPicture(path("6x6.jpg")));
-  EXPECT_FALSE(program.one.pic.LoadPicture(path("8x8.jpg")));
-  EXPECT_FALSE(program.one.LoadIcon(path("a.ico")));
-  EXPECT_EQ(program.forms.missingPicture, path("8x8.jpg"));
+  EXPECT_TRUE(program.one.pic.LoadPicture("\\img\\6x6.jpg"));
+  EXPECT_FALSE(program.one.pic.LoadPicture("\\img\\8x8.jpg"));
+  EXPECT_FALSE(program.one.LoadIcon("\\ico\\a.ico"));
+  ASSERT_EQ(program.forms.failures.size(), 2U);
+  EXPECT_EQ(program.forms.failures.front().path,
+            forms::programPath(screen.programFolder(), "\\img\\8x8.jpg"));
   EXPECT_EQ(screen.picture("frmUno.pic") + screen.picture("frmUno"), "6x6.jpg");
 }
 

@@ -141,7 +141,7 @@ private:
       checkPictures(app_.nuevoJuego.picUnidad, TablaCasillas::Last);
   }
 
-  void checkPictures(forms::ElementArray<forms::Picture>& units, int squares) {
+  void checkPictures(forms::PictureArray& units, int squares) {
     for (int n = 1; n <= TablaCasillas::Last; ++n) {
       const Casilla& square = app_.principal.Casillas(n);
       const auto* unit = units(n);
@@ -198,7 +198,7 @@ private:
   int boxes_ = 0;
   bool over_ = false; // the game on the play screen has been won or lost
   App app_{*this};
-  frmPrincipal& frame = app_.ventanaPrincipal;
+  frmPrincipal& frame = app_.frame;
 };
 
 } // namespace fuzz

@@ -33,9 +33,9 @@ void checkConfiguration(const std::string& text) {
 
 void checkGame(const std::string& text, Bytes& bytes) {
   const auto read = parseGame(text);
-  if (const auto* refusal = std::get_if<Refusal>(&read))
-    return require(!refusal->reason.empty(), "a refusal has a reason");
-  const auto& game = std::get<GameText>(read);
+  if (!read.isGame())
+    return require(!read.refusal.empty(), "a refusal has a reason");
+  const GameText& game = read.game;
   Principal principal;
   principal.NumFilas = principal.NumColumnas = 8;
   std::uint8_t JugadorActual = 77;
@@ -44,7 +44,7 @@ void checkGame(const std::string& text, Bytes& bytes) {
     for (const int target : reach(principal, n, principal.Casillas(n).Jugador))
       require(target >= 1 && target <= principal.NumCasillas, "units stay on the board");
 
-  const auto again = std::get<GameText>(parseGame(gameText(principal, JugadorActual)));
+  const GameText again = parseGame(gameText(principal, JugadorActual)).game;
   require(again.JugadorActual == game.JugadorActual.value_or(77), "the turn of", text);
   for (std::size_t n = 0; n < game.lines.size() && n + 1 < again.lines.size(); ++n)
     require(again.lines[n].values == game.lines[n].values, "each record of", text);
@@ -52,10 +52,8 @@ void checkGame(const std::string& text, Bytes& bytes) {
   // What the other copy sees of a game while it is being written: at most the marker is to come.
   for (std::size_t back = 1; game.whole && back < 12; ++back) {
     const auto length = back < 11 ? text.size() - back : bytes.below(text.size());
-    const auto torn = parseGame(text.substr(0, length));
-    const auto* part = std::get_if<GameText>(&torn);
-    require(!part || !part->whole ||
-                (game.resultMarker && game.lines.size() == part->lines.size() + 1),
+    const GameText part = parseGame(text.substr(0, length)).game;
+    require(!part.whole || (game.resultMarker && game.lines.size() == part.lines.size() + 1),
             "a torn game is none:", text.substr(0, length));
   }
 }

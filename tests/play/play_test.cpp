@@ -33,7 +33,7 @@ TEST_F(Play, SurrenderEndsTheGameWithoutAWinner) {
     screen.expectBox("¿Declarar Rendición?", BoxStyle::InformationYesNo, answer);
     if (answer == Answer::Yes)
       screen.expectBox("JUGADOR -2- HA DECLARADO SU RENDICIÓN\r\n\r\nJUGADOR -2- PIERDE");
-    app.ventanaPrincipal.mnuDeclararRendicion_Click();
+    app.frame.mnuDeclararRendicion_Click();
   }
   EXPECT_EQ(menus() + status(), "HHHHHEn Espera/En Turno");
   EXPECT_FALSE(screen.enabled("picUnidad(1)") || screen.enabled("picUnidad(25)"));

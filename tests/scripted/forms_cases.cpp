@@ -326,12 +326,12 @@ TEST_F(FormsCases, TheFrameAsksAllItsChildrenBeforeAnyCloses) {
 }
 
 TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
-  Picture& board = one.pic;
+  GridPicture& board = one.pic;
   board.Left = 3000;
   board.Width = board.Height = 3 * 600;
   board.AccessibleName = std::string("Tablero");
-  board.grid.setGrid(3, 600);
-  board.grid.nameOfEmptySquare = [](int n) { return "vacío " + std::to_string(n); };
+  board.setGrid(3, 600);
+  board.nameOfEmptySquare = [](int n) { return "vacío " + std::to_string(n); };
   Picture& unit = loadUnit(5);
   unit.Width = unit.Height = 230;
   unit.Left = board.Left + 600 + 60; // the middle of the square stays free

@@ -4,7 +4,9 @@
 #include <map>
 #include <utility>
 
-#include "forms/element_array.h"
+#include "forms/forms.h"
+#include "forms/grid_picture.h"
+#include "forms/picture_array.h"
 #include "scripted/player.h"
 
 namespace scripted {
@@ -56,9 +58,9 @@ public:
   forms::CheckBox chk{*this, "chk"};
   forms::DropList com{*this, "com"};
   forms::Button btn{*this, "btn"};
-  forms::Picture pic{*this, "pic"};
+  forms::GridPicture pic{*this, "pic"};
   forms::Label lbl{*this, "lbl"};
-  forms::ElementArray<forms::Picture> picUnidad{*this, "picUnidad"};
+  forms::PictureArray picUnidad{*this, "picUnidad"};
 
 private:
   // One below the other.

@@ -181,13 +181,13 @@ protected:
       text += screen.visible(entry) ? 'S' : 'H';
     EXPECT_TRUE(screen.visible("mnuOpciones") && screen.visible("mnuDeclararRendicion") &&
                 !screen.enabled("mnuDeclararRendicion") && !screen.visible("mnuSeparadorV1"));
-    return text + (app.ventanaPrincipal.tmrRed.Enabled ? " running" : "");
+    return text + (app.frame.tmrRed.Enabled ? " running" : "");
   }
   // The same with the names of the open child windows: "HSHSS NuevoJuego Opciones".
   std::string state() {
     std::string text = menus();
     for (const auto* window : app.forms.openWindows())
-      text += window == &app.ventanaPrincipal ? "" : " " + window->name().substr(3);
+      text += window == &app.frame ? "" : " " + window->name().substr(3);
     return text;
   }
   std::string status() { return screen.text("lblJ1_Estado") + "/" + screen.text("lblJ2_Estado"); }

@@ -10,8 +10,6 @@
 
 namespace forms::qt {
 
-constexpr int TwipsPerPixel = 15; // logical pixels, 96 to the inch
-
 QString toQt(const std::string& text);
 std::string fromQt(const QString& text);
 QColor toQt(Color color);

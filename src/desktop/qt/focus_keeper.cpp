@@ -12,6 +12,7 @@
 #include "desktop/qt/reporter.h"
 #include "desktop/qt/views.h"
 #include "desktop/qt/window_view.h"
+#include "forms/grid_picture.h"
 
 namespace forms::qt {
 
@@ -45,8 +46,8 @@ void FocusKeeper::mark(const Element& element, QWidget& widget) {
   delete mark_;
   bool markable = element.kind() == Kind::CheckBox;
   if (element.kind() == Kind::Picture) {
-    const auto& picture = static_cast<const Picture&>(element);
-    markable = picture.cursorSquare == 0 && picture.index() == 0;
+    const GridPicture* const board = element.window().grid();
+    markable = element.index() == 0 && (board != &element || board->cursorSquare == 0);
   }
   if (!keyboard_ || !markable)
     return;

@@ -5,6 +5,7 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/reporter.h"
 #include "desktop/qt/stacking.h"
+#include "forms/grid_picture.h"
 
 namespace forms::qt {
 
@@ -45,9 +46,12 @@ void PictureView::syncStacking() {
 }
 
 void PictureView::syncCursor() {
-  const Picture& board = *picture();
+  const GridPicture* const grid = picture()->window().grid();
+  if (grid != picture())
+    return;
+  const GridPicture& board = *grid;
   const int square = board.cursorSquare - 1; // from 0
-  if (square < 0 || board.grid.columns() == 0) {
+  if (square < 0 || board.columns() == 0) {
     if (cursor_)
       cursor_->hide();
     return;
@@ -55,9 +59,9 @@ void PictureView::syncCursor() {
   if (!cursor_)
     cursor_ = new Mark(widget()->parentWidget(), CursorWidth);
   const int frame = board.Border ? 1 : 0;
-  const int side = pixels(board.grid.side());
-  const QPoint corner(pixels(square % board.grid.columns() * board.grid.side()),
-                      pixels(square / board.grid.columns() * board.grid.side()));
+  const int side = pixels(board.side());
+  const QPoint corner(pixels(square % board.columns() * board.side()),
+                      pixels(square / board.columns() * board.side()));
   cursor_->setGeometry(QRect(widget()->pos() + QPoint(frame, frame) + corner, QSize(side, side)));
   cursor_->setVisible(board.Visible);
 }

@@ -1,0 +1,37 @@
+// What both screens with a board show: the board, the units on it, and the hints under the pointer.
+#pragma once
+
+#include "forms/forms.h"
+#include "forms/grid_picture.h"
+#include "forms/picture_array.h"
+#include "model/main_window.h"
+#include "model/principal.h"
+
+namespace falanges {
+
+class BoardScreen : public forms::Window {
+public:
+  forms::GridPicture picTablero{*this, "picTablero"};
+  forms::PictureArray picUnidad{*this, "picUnidad"}; // index: square number
+
+protected:
+  BoardScreen(forms::Forms& forms, Principal& principal, MainWindow& mainWindow,
+              std::string_view name);
+
+  // Gives the board its place, the picture for NumFilas, and the window the size of the board. A
+  // size that no picture belongs to keeps the picture there is.
+  void showBoard();
+  // Gives picUnidad(n), which exists, the look, place (twips) and name of the unit, in front of all
+  // else. Of `unit` the owner and the type count.
+  void showUnit(int n, const Casilla& unit, int top, int left);
+  // The hint of square n on the picture that stands there.
+  void showHint(forms::Picture& picture, int n);
+
+  // The pointer stands at X, Y twips of the board.
+  virtual void picTablero_MouseMove(float X, float Y);
+
+  Principal& principal_;
+  MainWindow& mainWindow_;
+};
+
+} // namespace falanges
