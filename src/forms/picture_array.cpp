@@ -13,11 +13,12 @@ bool PictureArray::Load(int i) {
   if (i < 1 || i > Last || slot(i))
     return false;
   auto made = std::make_unique<Picture>(pattern.window(), pattern.arrayName(), i);
+  // First of all, for the desktop hears of the element with the first assignment.
+  made->Visible = false;
   made->Width = pattern.Width.get();
   made->Height = pattern.Height.get();
   made->BackColor = pattern.BackColor;
   made->Border = pattern.Border;
-  made->Visible = false;
   made->Click = [this, i] {
     if (Click)
       Click(i);
