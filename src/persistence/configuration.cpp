@@ -64,8 +64,8 @@ void readConfiguration(Principal& principal, const std::string& path) {
   principal.SegundosActualizacion = 10;
   principal.MovPorTurno = 1;
   const auto text = forms::readTextFile(path, LongestLine);
-  if (!text || text->empty()) {
-    // Without a file the program starts with the stricter rules.
+  if (!text || text->find_first_not_of(" \t\r\n") == std::string::npos) {
+    // Without a configuration the program starts with the stricter rules.
     principal.OpcPermitirBanderas = "0";
     principal.OpcLimiteFilas = "0";
     return;

@@ -12,7 +12,7 @@ namespace falanges {
 std::string configurationPath(const std::string& programFolder);
 
 // Sets the four options to their defaults and reads the file over them. Of a file that is missing,
-// unreadable or without any item both permissions become "0" and the numbers keep their defaults.
+// unreadable or blank both permissions become "0" and the numbers keep their defaults.
 // No range is checked; a number that does not fit its item leaves the default.
 void readConfiguration(Principal& principal, const std::string& path);
 
