@@ -39,10 +39,11 @@ void BoardScreen::showBoard() {
   Width = picTablero.Width + picTablero.Left + 150;
 }
 
-void BoardScreen::showUnit(int n, const Casilla& unit, int top, int left) {
+void BoardScreen::showUnit(int n, const Casilla& unit, int top, int left,
+                           forms::OnFailure onFailure) {
   forms::Picture& picture = *picUnidad(n);
   if (const std::string file = unitPicture(unit.TUnidad, unit.Jugador); !file.empty())
-    passOver(picture.LoadPicture(file));
+    passOver(picture.LoadPicture(file, onFailure));
   picture.moveTo(left, top);
   picture.AccessibleName = unitDescription(principal_, n, unit, false);
   picture.ZOrder();

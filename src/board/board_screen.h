@@ -23,7 +23,8 @@ protected:
   void showBoard();
   // Gives picUnidad(n), which exists, the look, place (twips) and name of the unit, in front of all
   // else. Of `unit` the owner and the type count.
-  void showUnit(int n, const Casilla& unit, int top, int left);
+  void showUnit(int n, const Casilla& unit, int top, int left,
+                forms::OnFailure onFailure = forms::OnFailure::Tell);
   // The hint of square n on the picture that stands there.
   void showHint(forms::Picture& picture, int n);
 

@@ -10,12 +10,15 @@ namespace forms {
 // The outermost scope ends an event; what waits for that runs then.
 class Forms::EventScope {
 public:
-  explicit EventScope(Forms& forms) : forms_(forms) { ++forms_.events_; }
+  // A move of the pointer changes nothing that the cursor stands on, and comes too often to look.
+  enum Cause { Action, Pointer };
+  explicit EventScope(Forms& forms, Cause cause = Action) : forms_(forms), cause_(cause) {
+    ++forms_.events_;
+  }
   ~EventScope() {
     if (forms_.events_ == 1) {
-      for (Window* window : forms_.open_)
-        if (window->grid_)
-          window->grid_->describeCursor();
+      if (cause_ == Action)
+        forms_.describeCursors();
       if (forms_.afterEvent)
         forms_.afterEvent();
     }
@@ -26,6 +29,7 @@ public:
 
 private:
   Forms& forms_;
+  Cause cause_;
 };
 
 namespace {
@@ -85,11 +89,13 @@ void Forms::failed(std::string text, std::string path) {
   failures.push_back({std::move(text), std::move(path)});
 }
 
-std::optional<Forms::PictureFile> Forms::findPicture(std::string_view literal) {
+std::optional<Forms::PictureFile> Forms::findPicture(std::string_view literal,
+                                                     OnFailure onFailure) {
   std::string path = programPath(desktop_.programFolder(), literal);
   if (const auto size = desktop_.pictureSize(path))
     return PictureFile{std::move(path), *size};
-  failed("No se puede cargar la imagen:\r\n", std::move(path));
+  if (onFailure == OnFailure::Tell)
+    failed("No se puede cargar la imagen:\r\n", std::move(path));
   return std::nullopt;
 }
 
@@ -198,9 +204,18 @@ bool Forms::pressed(Element& element, MouseButton button) {
   if (!personMayUse(element.window()) || !element.isReachable())
     return false;
   const EventScope event(*this);
+  if (GridPicture* grid = element.window().grid_)
+    grid->hideCursor();
+  return press(element, button);
+}
+
+bool Forms::press(Element& element, MouseButton button) {
   if (!activate(element.window()))
     return false;
-  if (button == MouseButton::Left && element.takesFocus() && !takeFocus(element))
+  // Each button does something in a text box: the right one opens its menu, the middle one pastes.
+  const bool takes =
+      button == MouseButton::Left ? element.takesFocus() : element.kind() == Kind::TextBox;
+  if (takes && !takeFocus(element))
     return false;
   if (element.kind() == Kind::Picture)
     raise(static_cast<Picture&>(element).MouseDown, button);
@@ -245,7 +260,13 @@ void Forms::shortcutPressed(Button& button) {
 void Forms::moved(Picture& picture, float X, float Y) {
   if (!personMayUse(picture.window()) || !picture.isReachable())
     return;
-  const EventScope event(*this);
+  const EventScope event(*this, EventScope::Pointer);
+  if (GridPicture* grid = picture.window().grid_)
+    grid->pointerAt(picture, X, Y);
+  point(picture, X, Y);
+}
+
+void Forms::point(Picture& picture, float X, float Y) {
   raise(picture.MouseMove, X, Y);
 }
 
@@ -253,7 +274,10 @@ void Forms::typed(TextBox& box, const std::string& text) {
   if (!personMayUse(box.window()) || !box.isReachable() || box.ReadOnly)
     return;
   const EventScope event(*this);
-  box.Text = box.fitting(text);
+  // A menu, another program or a screen reader may change the text of a box without the focus:
+  // what looks at the text when the focus leaves must not be passed by.
+  if (takeFocus(box))
+    box.Text = box.fitting(text);
 }
 
 void Forms::chosen(DropList& list, int index) {
@@ -322,6 +346,12 @@ bool Forms::keyPressed(Window& window, Key key, int digit) {
   if (press)
     clicked(*focused);
   return press;
+}
+
+void Forms::describeCursors() {
+  for (Window* window : open_)
+    if (window->grid_)
+      window->grid_->describeCursor();
 }
 
 void Forms::closeRequested(Window& window) {

@@ -79,6 +79,7 @@ public:
 private:
   friend class Element;
   friend class Window;
+  friend class GridPicture;
   friend class Picture;
   friend class PictureArray;
 
@@ -88,15 +89,18 @@ private:
     std::string path; // full
     PictureSize size;
   };
-  // A picture or icon file below the program folder; nothing, and a failure is noted, when it
-  // cannot be shown.
-  std::optional<PictureFile> findPicture(std::string_view literal);
+  // A picture or icon file below the program folder; nothing when it cannot be shown.
+  std::optional<PictureFile> findPicture(std::string_view literal, OnFailure onFailure);
   bool personMayUse(const Window& window) const;
   bool takeFocus(Element& element);
+  // As pressed and moved, by whatever means.
+  bool press(Element& element, MouseButton button);
+  void point(Picture& picture, float X, float Y);
   bool activate(Window& child);
   void windowOpened(Window& window);
   void windowClosed(Window& window);
   void elementVanishes(Element& element);
+  void describeCursors();
   static Element* firstInTabOrder(Window& window, bool (*fits)(Element&));
 
   Desktop& desktop_;

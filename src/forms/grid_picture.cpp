@@ -11,48 +11,83 @@ GridPicture::GridPicture(Window& window, std::string_view name) : Picture(window
 }
 
 void GridPicture::setGrid(int columns, int side) {
-  if (columns != columns_)
-    square_ = 0;
   columns_ = columns;
   side_ = side;
-  cursorSquare = square_;
+  cursor_ = {};
+  cursorSquare = 0;
+  pointed_ = 0;
+}
+
+void GridPicture::putCursor(Cursor cursor) {
+  if (cursorSquare == 0)
+    ownName_ = AccessibleName;
+  cursor_ = cursor.square <= columns_ * columns_ ? cursor : Cursor{};
+  cursorSquare = cursor_.hidden ? 0 : cursor_.square;
+  describeCursor();
+}
+
+void GridPicture::restoreAsMade() {
+  Picture::restoreAsMade();
+  setGrid(0, 0);
+}
+
+void GridPicture::hideCursor() {
+  cursor_.hidden = true;
+  if (cursorSquare == 0)
+    return;
+  cursorSquare = 0;
+  AccessibleName = ownName_;
+}
+
+void GridPicture::pointerAt(const Picture& picture, float X, float Y) {
+  const auto [left, top] = cornerOf(picture);
+  const int x = left + static_cast<int>(X);
+  const int y = top + static_cast<int>(Y);
+  const int width = columns_ * side_;
+  if (x >= 0 && y >= 0 && x < width && y < width)
+    pointed_ = y / side_ * columns_ + x / side_ + 1;
 }
 
 // Of the cursor's square.
 GridPicture::Point GridPicture::corner() const {
-  return {(square_ - 1) % columns_ * side_, (square_ - 1) / columns_ * side_};
+  return {(cursor_.square - 1) % columns_ * side_, (cursor_.square - 1) / columns_ * side_};
+}
+
+GridPicture::Point GridPicture::cornerOf(const Picture& picture) const {
+  if (&picture == this)
+    return {0, 0};
+  return {picture.Left - Left - frameWidth(), picture.Top - Top - frameWidth()};
 }
 
 // What stands on the cursor's square, frontmost first; the picture itself where nothing does. It
 // need not reach the square's middle: its own lies on the square.
 Picture& GridPicture::target() {
-  if (square_ == 0)
-    return *this;
   const auto [left, top] = corner();
-  const auto standsHere = [&](const Element& element) {
-    const int x = element.Left + element.Width / 2 - (Left + frameWidth() + left);
-    const int y = element.Top + element.Height / 2 - (Top + frameWidth() + top);
-    return x >= 0 && x < side_ && y >= 0 && y < side_;
+  const auto standsHere = [&](const Picture& picture) {
+    const auto [x, y] = cornerOf(picture);
+    const int middleX = x + picture.Width / 2 - left;
+    const int middleY = y + picture.Height / 2 - top;
+    return middleX >= 0 && middleX < side_ && middleY >= 0 && middleY < side_;
   };
   Picture* front = this;
   for (Element* element : window().elements()) {
-    if (element->kind() != Kind::Picture || !element->Visible || !standsHere(*element))
+    if (element == this || element->kind() != Kind::Picture || !element->Visible)
       continue;
-    auto* picture = static_cast<Picture*>(element);
-    if (picture->zOrderRank.get() >= front->zOrderRank.get())
+    auto* const picture = static_cast<Picture*>(element);
+    if (standsHere(*picture) && picture->zOrderRank.get() >= front->zOrderRank.get())
       front = picture;
   }
   return *front;
 }
 
 void GridPicture::describeCursor() {
-  if (square_ == 0)
+  if (cursorSquare == 0)
     return;
   const Picture& standing = target();
   if (&standing != this)
     AccessibleName = standing.AccessibleName.get();
   else if (nameOfEmptySquare)
-    AccessibleName = nameOfEmptySquare(square_);
+    AccessibleName = nameOfEmptySquare(cursorSquare);
 }
 
 bool GridPicture::keyPressed(Key key) {
@@ -78,27 +113,33 @@ bool GridPicture::keyPressed(Key key) {
   default:
     return false;
   }
-  if (square_ == 0)
-    return true; // nothing is pointed at yet
+  if (cursorSquare == 0)
+    return true; // nothing that could be seen is pointed at
   Picture& picture = target();
   point(picture);
   const bool remove = key == Key::Delete;
   Forms& forms = window().forms();
-  if (forms.pressed(picture, remove ? MouseButton::Right : MouseButton::Left) && !remove)
+  if (forms.press(picture, remove ? MouseButton::Right : MouseButton::Left) && !remove)
     forms.clicked(picture);
   return true;
 }
 
-// The first key puts the cursor on the lower left square, next to player 1's army.
+// The first key puts the cursor on the lower left square, next to player 1's army; the first after
+// the mouse puts it where that pointed.
 void GridPicture::move(int columns, int rows) {
-  if (square_ == 0) {
-    square_ = columns_ * (columns_ - 1) + 1;
+  Cursor to;
+  if (cursor_.hidden && pointed_ != 0) {
+    to.square = pointed_;
+  } else if (cursor_.square == 0) {
+    to.square = columns_ * (columns_ - 1) + 1;
+  } else if (cursor_.hidden) {
+    to.square = cursor_.square;
   } else {
-    const int column = std::clamp((square_ - 1) % columns_ + columns, 0, columns_ - 1);
-    const int row = std::clamp((square_ - 1) / columns_ + rows, 0, columns_ - 1);
-    square_ = row * columns_ + column + 1;
+    const int column = std::clamp((cursor_.square - 1) % columns_ + columns, 0, columns_ - 1);
+    const int row = std::clamp((cursor_.square - 1) / columns_ + rows, 0, columns_ - 1);
+    to.square = row * columns_ + column + 1;
   }
-  cursorSquare = square_;
+  putCursor(to);
   // A click may have left the focus on a unit; the picture that carries the cursor's name takes it
   // back.
   passOver(SetFocus());
@@ -107,13 +148,10 @@ void GridPicture::move(int columns, int rows) {
 
 // The hint of what stands there follows the cursor as it follows the pointer.
 void GridPicture::point(Picture& picture) {
-  auto [x, y] = corner();
-  if (&picture != this) {
-    x -= picture.Left - Left - frameWidth();
-    y -= picture.Top - Top - frameWidth();
-  }
-  window().forms().moved(picture, static_cast<float>(x + side_ / 2),
-                         static_cast<float>(y + side_ / 2));
+  const auto [x, y] = corner();
+  const auto [left, top] = cornerOf(picture);
+  window().forms().point(picture, static_cast<float>(x - left + side_ / 2),
+                         static_cast<float>(y - top + side_ / 2));
 }
 
 } // namespace forms

@@ -12,26 +12,42 @@ namespace forms {
 
 // The cursor stands on a square of the grid, numbered from 1 row by row, and makes the events that
 // a pointer in the middle of that square would make. It belongs to the screen: no rule knows of it.
-// It keeps its square while the window is closed, as long as the grid stays the same. A window has
-// one such picture at most.
+// It goes when the window opens anew or another grid is set. A press of a mouse button hides it;
+// the next arrow key brings it back on the square that the mouse last pointed at. A window has one
+// such picture at most.
 class GridPicture final : public Picture {
 public:
   GridPicture(Window& window, std::string_view name);
 
-  // A grid of columns x columns squares with this side in twips, from the picture's inner corner.
+  // A grid of columns x columns squares with this side in twips, from the picture's inner corner,
+  // without a cursor.
   void setGrid(int columns, int side);
   // 0: the picture shows no grid.
   int columns() const { return columns_; }
   int side() const { return side_; }
 
+  // Where the cursor stands and whether it shows, for a window that opens anew with the same board.
+  struct Cursor {
+    int square = 0;
+    bool hidden = false;
+  };
+  Cursor cursor() const { return cursor_; }
+  // A square that the grid does not have gives none.
+  void putCursor(Cursor cursor);
+
   // True for a key that means something here: it has been handled.
   bool keyPressed(Key key);
-  // Brings the picture's accessible name into line with the square; without a square it keeps its
-  // own.
+  // Brings the picture's accessible name into line with the square; while no cursor shows it is the
+  // picture's own.
   void describeCursor();
+  // A mouse button was pressed in the window.
+  void hideCursor();
+  // The mouse points at X, Y (twips) of a picture of the window.
+  void pointerAt(const Picture& picture, float X, float Y);
 
-  // The square that the cursor marks, drawn in front of everything; 0 until the keyboard has first
-  // been used on this grid.
+  void restoreAsMade() override;
+
+  // The square that the cursor marks, drawn in front of everything; 0 while none shows.
   Property<int> cursorSquare{*this, 0};
   // What the picture is called while the cursor stands on an empty square.
   std::function<std::string(int square)> nameOfEmptySquare;
@@ -44,12 +60,16 @@ private:
   };
   Point corner() const;
   Picture& target();
+  // The corner of a picture, from that of the grid.
+  Point cornerOf(const Picture& picture) const;
   void move(int columns, int rows);
   void point(Picture& picture);
 
   int columns_ = 0;
   int side_ = 0;
-  int square_ = 0;
+  Cursor cursor_;
+  int pointed_ = 0;     // square that the mouse last pointed at
+  std::string ownName_; // AccessibleName while no cursor shows
 };
 
 } // namespace forms

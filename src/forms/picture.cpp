@@ -4,8 +4,8 @@
 
 namespace forms {
 
-bool Picture::LoadPicture(std::string_view literal) {
-  const auto file = window().forms().findPicture(literal);
+bool Picture::LoadPicture(std::string_view literal, OnFailure onFailure) {
+  const auto file = window().forms().findPicture(literal, onFailure);
   if (!file)
     return false;
   path_ = file->path;

@@ -9,6 +9,9 @@
 
 namespace forms {
 
+// Whether the player hears of a picture that cannot be loaded.
+enum class OnFailure { Tell, PassOver };
+
 class Picture : public Element {
 public:
   Picture(Window& window, std::string_view name, int index = -1)
@@ -18,7 +21,7 @@ public:
   // starts with "\". On failure the element keeps the picture it has, the failure is noted
   // (Forms::failed) and false comes back. With AutoSize the element takes the size of its picture
   // and frame at once.
-  [[nodiscard]] bool LoadPicture(std::string_view literal);
+  [[nodiscard]] bool LoadPicture(std::string_view literal, OnFailure onFailure = OnFailure::Tell);
   // Path of the file shown; empty: none.
   const std::string& picturePath() const { return path_; }
   // Brings the element to the front of its window.

@@ -24,7 +24,7 @@ void Window::made() {
 }
 
 bool Window::LoadIcon(std::string_view literal) {
-  const auto file = forms_.findPicture(literal);
+  const auto file = forms_.findPicture(literal, OnFailure::Tell);
   if (file)
     Icon = file->path;
   return file.has_value();

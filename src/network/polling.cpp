@@ -159,6 +159,7 @@ void Polling::refresh(const GameText& game) {
   takeGame(game, principal_, enJuego_.JugadorActual);
   const int top = enJuego_.Top;
   const int left = enJuego_.Left;
+  const auto cursor = enJuego_.picTablero.cursor();
   mainWindow_.TopEnJuego = std::to_string(top);
   mainWindow_.LeftEnJuego = std::to_string(left);
   enJuego_.close();
@@ -168,6 +169,7 @@ void Polling::refresh(const GameText& game) {
   // A desktop may move a window that it shows.
   enJuego_.Top = top;
   enJuego_.Left = left;
+  enJuego_.picTablero.putCursor(cursor);
 }
 
 void Polling::defeat(const GameText& game) {

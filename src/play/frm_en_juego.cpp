@@ -199,7 +199,9 @@ void frmEnJuego::movePicture(int CasillaOrigen, int CasillaDestino) {
   // On an enemy's square the element exists: the defender's picture becomes the attacker's.
   passOver(picUnidad.Load(CasillaDestino));
   const Casilla& to = principal_.Casillas(CasillaDestino);
-  showUnit(CasillaDestino, principal_.Casillas(CasillaOrigen), to.PosXTwips, to.PosYTwips);
+  // A box about a picture would stand between the move and its result.
+  showUnit(CasillaDestino, principal_.Casillas(CasillaOrigen), to.PosXTwips, to.PosYTwips,
+           forms::OnFailure::PassOver);
 }
 
 // --- The end of a game -------------------------------------------------------------------------

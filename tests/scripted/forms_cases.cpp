@@ -125,9 +125,10 @@ TEST_F(FormsCases, WhatAPersonCannotReachHearsNothing) {
   EXPECT_EQ(log.take(), "frmPropia_Load tmr_Tick txtA_LostFocus btn_Click frmPropia_QueryUnload "
                         "frmPropia_Unload");
   onElements();
-  EXPECT_EQ(log.take(), "pic_Right pic_MouseMove txtA_LostFocus pic_Click pic_LostFocus chk_Click "
-                        "lbl_Click txtB_Change chk_LostFocus com_Click com_LostFocus "
-                        "mnuHoja_Click");
+  EXPECT_EQ(log.take(),
+            "pic_Right pic_MouseMove txtA_LostFocus pic_Click pic_LostFocus chk_Click "
+            "lbl_Click chk_LostFocus txtB_Change txtB_LostFocus com_Click com_LostFocus "
+            "mnuHoja_Click");
   one.close();
   log.take();
   onElements();
