@@ -1,4 +1,4 @@
-#include "shell/game.h"
+#include "scripted/game.h"
 
 namespace falanges {
 

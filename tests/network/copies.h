@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "forms/text_file.h"
-#include "shell/game.h"
+#include "scripted/game.h"
 
 namespace falanges {
 

@@ -6,7 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "shell/game.h"
+#include "scripted/game.h"
 
 namespace falanges {
 

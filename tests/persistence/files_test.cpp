@@ -1,7 +1,7 @@
 #include <filesystem>
 
 #include "persistence/configuration.h"
-#include "shell/game.h"
+#include "scripted/game.h"
 
 namespace falanges {
 

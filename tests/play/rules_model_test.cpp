@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <random>
 
-#include "shell/game.h"
+#include "scripted/game.h"
 
 namespace falanges {
 

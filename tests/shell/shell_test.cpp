@@ -1,7 +1,7 @@
 #include <filesystem>
 
 #include "shell/form1.h"
-#include "shell/game.h"
+#include "scripted/game.h"
 
 namespace falanges {
 
