@@ -1,13 +1,13 @@
 // Pictures whose files cannot be loaded.
-#include <gtest/gtest.h>
-
 #include "forms/text_file.h"
+#include "scripted/game.h"
 #include "scripted/scripted_desktop.h"
 #include "scripted/test_windows.h"
+#include "shell/information_box.h"
 
-namespace {
+namespace falanges {
 
-TEST(PictureTest, AMissingFileLeavesTheOldOneAndTheFirstIsNoted) {
+TEST(MissingPictures, LeaveTheOldOneAndTheFirstIsNoted) {
   scripted::ScriptedDesktop screen;
   scripted::TestProgram program(screen);
   const auto path = [&](const std::string& name) {
@@ -18,7 +18,20 @@ TEST(PictureTest, AMissingFileLeavesTheOldOneAndTheFirstIsNoted) {
   EXPECT_FALSE(program.one.pic.LoadPicture(path("8x8.jpg")));
   EXPECT_FALSE(program.one.LoadIcon(path("a.ico")));
   EXPECT_EQ(program.forms.missingPicture, path("8x8.jpg"));
-  EXPECT_EQ(screen.picture("frmUno.pic") + screen.picture("frmUno"), "6x6.jpg");
+  EXPECT_EQ(program.one.pic.picturePath() + program.one.Icon.get(), path("6x6.jpg"));
 }
 
-} // namespace
+using MissingPicturesInAGame = Game;
+
+TEST_F(MissingPicturesInAGame, AreToldOnceAndItGoesOn) {
+  static_cast<scripted::ScriptedDesktop&>(screen).allPicturesMissing = true;
+  screen.expectBox(informationBox().text);
+  screen.expectBox("No se puede cargar la imagen:\r\n" + file("ico\\tiempo.ico"), Answer::Ok,
+                   [&] { EXPECT_TRUE(frame.isOpen()); });
+  app.start();
+  run("menu NuevoJuego, choose comTablero 8x8, click picINF, square 64");
+  EXPECT_EQ(pictures(), "0......./......../......../......../......../......../......../.......0");
+  run("load G......./......../......../......../......../......../......../....... 1, move 1 2");
+}
+
+} // namespace falanges
