@@ -35,7 +35,8 @@ constexpr Qt::Key Keys[] = {Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Up,
 // What a window manager does when a box or a list has closed: the window below is active again.
 void settle() {
   QCoreApplication::processEvents();
-  if (QApplication::activeWindow())
+  // A list that has closed may still count as active.
+  if (const QWidget* active = QApplication::activeWindow(); active && active->isVisible())
     return;
   for (QWidget* top : QApplication::topLevelWidgets())
     if (top->isVisible() && top->inherits("QMainWindow"))
