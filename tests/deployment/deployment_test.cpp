@@ -1,4 +1,6 @@
-#include "shell/game.h"
+#include <algorithm>
+
+#include "scripted/game.h"
 
 namespace falanges {
 
@@ -13,26 +15,33 @@ protected:
 TEST_F(Deployment, EachBoardTakesUnitsAndTheirMirrorsWhereTheRulesLetThem) {
   run("click picELE");
   for (const int side : {8, 7, 6, 6, 5}) {
+    const int last = side * side, refused = last - 2 * side;
     const std::string empty = blank(side), name = std::to_string(side) + "x" + std::to_string(side);
     // A unit on the last square goes.
     run("square " + std::to_string(principal.NumCasillas) + ", choose comTablero " + name);
-    EXPECT_EQ(screen.picture("picTablero") + screen.focused(), name + ".jpgpicTablero");
-    for (const std::string option : {"0", "1", ""})
-      for (int n = 1; n <= side * side; ++n) {
-        SCOPED_TRACE(at(option, n) + " of " + name);
-        principal.OpcLimiteFilas = option;
-        const bool refused = option == "0" && n <= side * (side - 2);
-        run((refused ? "expect rows, square " : "square ") + std::to_string(n));
-        std::string board = empty;
-        const std::size_t square = place(n, side), mirror = board.size() - 1 - square;
-        if (!refused && square != mirror)
-          board[square] = 'E', board[mirror] = 'e';
-        expectBoard(board);
-        if (board != empty)
-          run("right " + std::to_string(n % 2 == 0 ? n : side * side + 1 - n));
-        expectBoard(empty);
-      }
-    principal.OpcLimiteFilas = "1";
+    EXPECT_TRUE(app.nuevoJuego.picTablero.picturePath().ends_with(name + ".jpg"));
+    EXPECT_EQ(screen.focused(), "picTablero");
+    for (const auto& [option, n] : std::vector<std::pair<std::string, int>>{{"0", 1},
+                                                                            {"0", refused},
+                                                                            {"0", refused + 1},
+                                                                            {"0", last},
+                                                                            {"", side + 1},
+                                                                            {"1", side},
+                                                                            {"1", last / 2 + 1},
+                                                                            {"1", 1}}) {
+      SCOPED_TRACE(name + " " + option + " " + std::to_string(n));
+      principal.OpcLimiteFilas = option;
+      const std::string square = std::to_string(n);
+      run(option == "0" && n <= refused ? "expect rows, square " + square : "square " + square);
+      std::string board = empty;
+      const std::size_t here = place(n, side), mirror = board.size() - 1 - here;
+      if ((option != "0" || n > refused) && here != mirror)
+        board[here] = 'E', board[mirror] = 'e';
+      expectBoard(board);
+      if (board != empty)
+        run("right " + std::to_string(n % 2 == 0 ? n : last + 1 - n));
+      expectBoard(empty);
+    }
   }
 }
 
@@ -71,8 +80,9 @@ TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoard) {
     run("expect unit, square 1 50, save Plantilla guardada");
     EXPECT_EQ(bytesOf(file("guardada")), gameFile(board, "0\r\n"));
     expectBoard(board);
-    EXPECT_EQ(screen.picture("picTablero")[0], '0' + principal.NumFilas);
-    EXPECT_EQ(app.nuevoJuego.Height - 840, app.nuevoJuego.picTablero.Height);
+    const auto& shown = app.nuevoJuego.picTablero;
+    EXPECT_TRUE(shown.picturePath().ends_with(std::to_string(principal.NumFilas) + ".jpg"));
+    EXPECT_EQ(app.nuevoJuego.Height - 840, shown.Height);
   }
   layOut("1;2;\r\n1;3;380;2520;1\r\n1\r\n"); // the other fields are those of the new board
   expectBoard("IC.../...../...../...../.....");
@@ -81,28 +91,28 @@ TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoard) {
   for (int n = 26; n < 40; ++n)
     text += "0;0;0;0;0;0;\r\n";
   layOut(text + "1;2;0;100;200;200;\r\n1\r\n");
-  EXPECT_EQ(pictures(), "I..../...../..G../...../....g (40)I");
+  EXPECT_EQ(pictures(), "I..../...../..G../...../....g picUnidad(40)I");
   run("right 40, right 13, right 1");
   expectBoard(blank(5));
 }
 
 TEST_F(Deployment, AGameStartsWithAnArmy) {
-  const std::string flag = "DEBE colocar al menos 1 Bandera\r\n",
-                    noTypes = "DEBE colocar al menos 1 Unidad de cada tipo\r\n" + ToStart;
+  const std::string start = Boxes.at("start"), flag = "DEBE colocar al menos 1 Bandera\r\n",
+                    noTypes = "DEBE colocar al menos 1 Unidad de cada tipo\r\n" + start;
   // Player 1's bottom row, and what is said.
   for (const auto& [row, text] : std::map<std::string, std::string>{
            {"BB..B", "DEBE colocar Unidades en el tablero"},
            {"IB.GB", "DEBE colocar al menos 3 Unidades en el tablero"},
            {"III..", flag + noTypes},
-           {"ICEG.", flag + ToStart},
+           {"ICEG.", flag + start},
            {"BCEGG", noTypes},
            {"BIEGG", noTypes},
            {"BICGG", noTypes},
            {"BICEE", noTypes},
-           {"BICEG", ToStart}}) {
+           {"BICEG", start}}) {
     const std::string board = "gecib/iii../...../...../" + row;
     run("layOut " + board);
-    screen.expectBox(text, text.ends_with(ToStart) ? Answer::No : Answer::Ok);
+    screen.expectBox(text, text.ends_with(start) ? Answer::No : Answer::Ok);
     run("click btnIniciar");
     expectBoard(board);
     EXPECT_EQ(state(), "HSHSS NuevoJuego");
@@ -112,7 +122,7 @@ TEST_F(Deployment, AGameStartsWithAnArmy) {
 TEST_F(Deployment, TheFieldDumpTellsEachSquareOfTheBoard) {
   run("choose comTablero 8x8, click picGEN, square 63");
   screen.expectModal("frmMsgBox", [&] {
-    const std::string text = screen.text("Text1");
+    const std::string text = app.msgBox.Text1.Text;
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 64);
     const std::string line =
         "\n\t\t*J2*Casilla: <2> - Jugador: <2> - TUnidad: <5> - PosXTwips: <380>"
@@ -120,7 +130,7 @@ TEST_F(Deployment, TheFieldDumpTellsEachSquareOfTheBoard) {
     EXPECT_NE(text.find(line), text.npos) << text;
     run("close MsgBox");
   });
-  screen.shortcut("Command1");
+  screen.shortcut(app.nuevoJuego.Command1);
 }
 
 } // namespace falanges

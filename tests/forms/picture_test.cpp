@@ -1,13 +1,13 @@
 // Pictures whose files cannot be loaded.
-#include <gtest/gtest.h>
-
 #include "forms/text_file.h"
+#include "scripted/game.h"
 #include "scripted/scripted_desktop.h"
 #include "scripted/test_windows.h"
+#include "shell/information_box.h"
 
-namespace {
+namespace falanges {
 
-TEST(PictureTest, AMissingFileLeavesTheOldOneAndTheFirstIsNoted) {
+TEST(MissingPictures, LeaveTheOldOneAndTheFirstIsNoted) {
   scripted::ScriptedDesktop screen;
   scripted::TestProgram program(screen);
   screen.missingPictures = {"8x8.jpg", "a.ico"};
@@ -17,7 +17,21 @@ TEST(PictureTest, AMissingFileLeavesTheOldOneAndTheFirstIsNoted) {
   ASSERT_EQ(program.forms.failures.size(), 2U);
   EXPECT_EQ(program.forms.failures.front().path,
             forms::programPath(screen.programFolder(), "\\img\\8x8.jpg"));
-  EXPECT_EQ(screen.picture("frmUno.pic") + screen.picture("frmUno"), "6x6.jpg");
+  EXPECT_EQ(program.one.pic.picturePath() + program.one.Icon.get(),
+            forms::programPath(screen.programFolder(), "\\img\\6x6.jpg"));
 }
 
-} // namespace
+using MissingPicturesInAGame = Game;
+
+TEST_F(MissingPicturesInAGame, AreToldOnceAndItGoesOn) {
+  static_cast<scripted::ScriptedDesktop&>(screen).allPicturesMissing = true;
+  screen.expectBox(informationBox().text);
+  screen.expectBox("No se puede cargar la imagen:\r\n" + file("ico\\tiempo.ico"), Answer::Ok,
+                   [&] { EXPECT_TRUE(frame.isOpen()); });
+  app.start();
+  run("menu NuevoJuego, choose comTablero 8x8, click picINF, square 64");
+  EXPECT_EQ(pictures(), "0......./......../......../......../......../......../......../.......0");
+  run("load G......./......../......../......../......../......../......../....... 1, move 1 2");
+}
+
+} // namespace falanges

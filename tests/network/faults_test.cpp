@@ -20,75 +20,75 @@ TEST_F(Faults, AWaitingCopyRestsAndACopyInTurnPlaysOnWithoutTheFile) {
     SCOPED_TRACE(text.value_or("none"));
     begin();
     put(text);
-    follow({"look AB => ?? 01. 01p!", "tick AB 1 => ?? 015 01p!", "tick AB 2 => ?? 013 01p!",
-            "move A 23 18, look A, tick AB 1 => 12 12p5 12.", "tick AB 1 => 12 12p4 125"});
+    follow({"AB look => ?? 01. 01p!", "AB tick 1 => ?? 015 01p!", "AB tick 2 => ?? 013 01p!",
+            "A move 23 18, A look, AB tick 1 => 12 12p5 12.", "AB tick 1 => 12 12p4 125"});
   }
 }
 
 TEST_F(Faults, ARefusedWriteIsTriedAgainAtEachTick) {
   begin();
   away(true);
-  follow({"move A 23 18, tick AB => ?? 12! 01p!", "tick AB 20 => ?? 12! 01p!"});
+  follow({"A move 23 18, AB tick => ?? 12! 01p!", "AB tick 20 => ?? 12! 01p!"});
   away(false);
-  follow({"tick AB 1 => 12 12p. 12.", "tick AB 1 => 12 12p5 125"});
+  follow({"AB tick 1 => 12 12p. 12.", "AB tick 1 => 12 12p5 125"});
 }
 
 TEST_F(Faults, WhatAKilledWriterLeftBehindIsHealedAfterOneInterval) {
   for (const bool wrote : {true, false}) {
     begin();
     a.reset();
-    run(wrote ? "" : "join B");
+    run(wrote ? "" : "B join");
     put(shared(1, "2\r"));
-    follow({std::string("tick B, tick B 5 => ?? - 01") + (wrote ? "p!" : "!"),
-            "tick B 1 => 01 - 01p.", "join A, move A 23 18, look AB => 12 12p. 12."});
+    follow({std::string("B tick, B tick 5 => ?? - 01") + (wrote ? "p!" : "!"),
+            "B tick 1 => 01 - 01p.", "A join, A move 23 18, AB look => 12 12p. 12."});
   }
 }
 
 TEST_F(Faults, WhoJoinedWithAnOlderTextDoesNotPutItBack) {
   begin();
-  run("join B, move A 23 18, look A");
+  run("B join, A move 23 18, A look");
   put(shared(1, "2"));
-  follow({"tick B => ?? 12p. 01!"});
+  follow({"B tick => ?? 12p. 01!"});
   put(shared(1, "2\r\n"));
-  follow({"tick B 1 => 12 12p. 12."});
+  follow({"B tick 1 => 12 12p. 12."});
   // Still out of turn on the newer text: from here on it waits, and heals nothing of the other's.
-  for (const std::string joined : {"", "join B"}) {
+  for (const std::string joined : {"", "B join"}) {
     begin();
     run(joined);
     put(shared(1));
-    run("look B");
+    run("B look");
     put("");
-    follow({"tick B 40 => ?? 01= 11p!"});
+    follow({"B tick 40 => ?? 01= 11p!"});
   }
 }
 
 TEST_F(Faults, WhoJoinedOutOfTurnWritesNoMissingFileAndNoUnknownBoard) {
-  run("join AB");
+  run("AB join");
   put(std::nullopt);
-  follow({"tick B 40 => ?? 01= 01!"});
+  follow({"B tick 40 => ?? 01= 01!"});
   put("");
-  run("tick B 5");
+  run("B tick 5");
   put(std::nullopt); // the interval begins anew
-  run("tick B 1");
+  run("B tick 1");
   put("");
-  follow({"tick B 6 => ?? 01= 01!", "tick B 1 => 01 01= 01p."});
+  follow({"B tick 6 => ?? 01= 01!", "B tick 1 => 01 01= 01p."});
   // A finished file does not tell a new copy the size of its board.
   put(shared(1, "1\r\n11\r\n"));
-  run("join B");
+  run("B join");
   put("");
-  run("tick B 40");
+  run("B tick 40");
   EXPECT_EQ(file(), "");
 }
 
 TEST_F(Faults, ATurnThatLeadsNowhereMayBeAnsweredInKind) {
   put(gameFile("b.g../...../...../...../..G.B"));
-  run("join A");
+  run("A join");
   a->principal.MovPorTurno = 2;
-  run("move A 23 18, move A 18 23, look A");
+  run("A move 23 18, A move 18 23, A look");
   EXPECT_EQ(file(), gameFile("b.g../...../...../...../..G.B", "2\r\n"));
   put(gameFile("b.g../...../...../...../..G.B"));
-  run("look A");
-  EXPECT_EQ(a->app.enJuego.JugadorActual, 1);
+  run("A look");
+  EXPECT_EQ(a->play.JugadorActual, 1);
 }
 
 } // namespace falanges

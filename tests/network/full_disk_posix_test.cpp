@@ -19,17 +19,16 @@ TEST_F(FullDisk, TheWinnerMayRepeatWhatCouldNotBeSaved) {
        {std::size_t{0}, won.size()}) { // for nothing; for all but the marker
     for (const Answer last : {Answer::Yes, Answer::No}) {
       put(gameFile("b..../I..../...../....i/....B"));
-      run("join A");
+      run("A join");
       const rlimit bound{room, limit.rlim_max};
       setrlimit(RLIMIT_FSIZE, &bound);
       a->screen.expectBox(victory("1", "CONQUISTADO la Bandera"));
-      a->screen.expectBox(question, BoxStyle::InformationYesNo, Answer::Yes, [&] {
+      a->screen.expectBox(question, Answer::Yes, [&] {
         EXPECT_EQ(a->menus(), "HHHHH");
-        EXPECT_FALSE(a->app.enJuego.picUnidad(1)->Enabled);
+        EXPECT_FALSE(a->play.picUnidad(1)->Enabled);
       });
-      a->screen.expectBox(question, BoxStyle::InformationYesNo, last,
-                          [&] { setrlimit(RLIMIT_FSIZE, &limit); });
-      run("move A 6 1");
+      a->screen.expectBox(question, last, [&] { setrlimit(RLIMIT_FSIZE, &limit); });
+      run("A move 6 1");
       EXPECT_EQ(file(), last == Answer::Yes ? won + "11\r\n" : won.substr(0, room));
     }
   }

@@ -10,9 +10,9 @@ TEST_F(HeldFile, IsAskedForAtEachTickUntilItIsLetGo) {
   begin();
   {
     const scripted::HeldFile held(path, 0);
-    follow({"move A 23 18, tick AB => ?? 12! 01p!", "tick AB 20 => ?? 12! 01p!"});
+    follow({"A move 23 18, AB tick => ?? 12! 01p!", "AB tick 20 => ?? 12! 01p!"});
   }
-  follow({"tick AB 1 => 12 12p. 12.", "move B 3 8, look BA => 21 21. 21p."});
+  follow({"AB tick 1 => 12 12p. 12.", "B move 3 8, BA look => 21 21. 21p."});
 }
 
 } // namespace falanges

@@ -8,37 +8,37 @@ TEST_F(Network, ATurnGoesToTheOtherCopyAndBackThroughTheFile) {
   std::string made = shared(0);
   std::erase(made, '\r');
   put(made);
-  follow({"join AB => ?? 01= 01=", "tick AB 1 => ?? 015 015", "tick AB 4 => ?? 011 011",
-          "tick AB 1 => 01 01. 01p.",    // who joined out of turn writes what it loaded
-          "tick AB => 01 01. 01p.",      // and waits
-          "move A 23 18 => 01 12. 01p.", // the turn passes in memory alone
-          "tick A => 12 12p. 01p.",      // the next poll publishes it
-          "tick AB => 12 12p. 12.",      // the other copy's poll takes it
-          "tick AB => 12 12p. 12.",      // in turn, polls do nothing
-          "move B 3 8 => 12 12p. 21.", "tick B => 21 12p. 21p.", "tick AB => 21 21. 21p."});
+  follow({"AB join => ?? 01= 01=", "AB tick 1 => ?? 015 015", "AB tick 4 => ?? 011 011",
+          "AB tick 1 => 01 01. 01p.",    // who joined out of turn writes what it loaded
+          "AB tick => 01 01. 01p.",      // and waits
+          "A move 23 18 => 01 12. 01p.", // the turn passes in memory alone
+          "A tick => 12 12p. 01p.",      // the next poll publishes it
+          "AB tick => 12 12p. 12.",      // the other copy's poll takes it
+          "AB tick => 12 12p. 12.",      // in turn, polls do nothing
+          "B move 3 8 => 12 12p. 21.", "B tick => 21 12p. 21p.", "AB tick => 21 21. 21p."});
 }
 
 TEST_F(Network, ARefreshKeepsTheWindowsPlaceAndDropsWhatWasSelected) {
   begin();
   b->principal.SegundosActualizacion = 7;
-  b->look(); // the value counts from the next poll on
-  b->app.enJuego.Top = 1500;
-  b->app.enJuego.Left = -315;
-  b->screen.click("picUnidad(23)");
+  b->run("look"); // the value counts from the next poll on
+  b->play.Top = 1500;
+  b->play.Left = -315;
+  b->run("click picUnidad(23)");
   b->principal.MovRealizados = 1;
-  follow({"tick B 1 => 01 01= 01p7", "tick B 6 => 01 01= 01p1"});
-  EXPECT_TRUE(b->screen.visible("picMovimientoPermitido(18)"));
-  follow({"tick B 1 => 01 01= 01p."});
-  EXPECT_FALSE(b->screen.visible("picMovimientoPermitido(18)"));
+  follow({"B tick 1 => 01 01= 01p7", "B tick 6 => 01 01= 01p1"});
+  EXPECT_TRUE(b->play.picMovimientoPermitido(18));
+  follow({"B tick 1 => 01 01= 01p."});
+  EXPECT_FALSE(b->play.picMovimientoPermitido(18));
   EXPECT_EQ(b->principal.MovRealizados, 0);
-  EXPECT_TRUE(b->app.enJuego.Top == 1500 && b->app.enJuego.Left == -315);
+  EXPECT_TRUE(b->play.Top == 1500 && b->play.Left == -315);
 }
 
 TEST_F(Network, TheClosingLineSaysWhoBegins) {
   for (const std::string closing : {"0", "1", "2"}) {
     put(shared(0, closing + "\r\n"));
     const std::string both = closing == "2" ? "02 02p. 02." : "01 01. 01p.";
-    follow({"join B, tick B 18, join A, tick AB => " + both});
+    follow({"B join, B tick 18, A join, AB tick => " + both});
   }
 }
 
@@ -46,25 +46,25 @@ TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
   const std::string last = "b..../I..../...../...../....i";
   const std::string text = gameFile(last, "2\r\n12\r\n");
   put(gameFile("b..../I..../...../....i/....B", "2\r\n"));
-  run("join AB, tick AB");
+  run("AB join, AB tick");
   b->screen.expectBox(victory("2", "CONQUISTADO la Bandera"), Answer::Ok, [&] {
     EXPECT_EQ(file(), text) << "the other player need not wait for the box to close";
     EXPECT_EQ(b->menus(), "HHHHH");
   });
   b->move(20, 25);
   a->screen.expectBox(defeat("2"), Answer::Ok, [&] { EXPECT_EQ(a->menus(), "HHHHH"); });
-  run("tick AB 20");
+  run("AB tick 20");
   EXPECT_EQ(b->caption() + b->position(), "Victoria - Juego finalizado" + gameFile(last, "2\r\n"));
   EXPECT_EQ(a->caption() + a->position(), "Derrota - Juego finalizado" + gameFile(last, "12\r\n"));
   for (Copy* copy : {a.get(), b.get()}) {
     EXPECT_EQ(copy->pictures(), last);
     EXPECT_EQ(copy->status(), "Derrota/Victoria");
     for (const int square : {6, 25})
-      if (copy->app.enJuego.picUnidad(square)->Enabled)
-        copy->screen.click(at("picUnidad", square));
-    EXPECT_EQ(copy->app.enJuego.picMovimientoPermitido.count(), 1);
-    EXPECT_TRUE(copy->screen.closeWindow("frmEnJuego"));
-    EXPECT_EQ(copy->app.enJuego.JugadorActual, 1);
+      if (copy->play.picUnidad(square)->Enabled)
+        copy->screen.click(*copy->unit(square));
+    EXPECT_EQ(copy->play.picMovimientoPermitido.count(), 1);
+    EXPECT_TRUE(copy->screen.closeWindow(copy->play));
+    EXPECT_EQ(copy->play.JugadorActual, 1);
   }
   EXPECT_EQ(file(), text);
 }
@@ -79,32 +79,32 @@ TEST_F(Network, ACopyInTurnSeesTheMarkerTooWhateverItsDigit) {
     begin();
     put(shared(1, last + "\r\n"));
     a->screen.expectBox(defeat(last.substr(last.size() - 1)));
-    a->look();
-    EXPECT_EQ(std::to_string(a->app.enJuego.JugadorActual) + " " + a->status(), seen);
+    a->run("look");
+    EXPECT_EQ(std::to_string(a->play.JugadorActual) + " " + a->status(), seen);
     EXPECT_EQ(a->caption() + a->menus() + a->pictures(),
-              "Derrota - Juego finalizadoHHHHH" + Boards[1]);
+              "Derrota - Juego finalizadoHHHHH" + Positions[1]);
   }
 }
 
 TEST_F(Network, WhoLeavesKeepsThePlayerInTurnAndMayComeBack) {
   begin();
-  run("move A 23 18, look A");
-  EXPECT_TRUE(a->screen.closeWindow("frmEnJuego"));
+  run("A move 23 18, A look");
+  EXPECT_TRUE(a->screen.closeWindow(a->play));
   EXPECT_EQ(a->menus(), "SSHSH");
   a->load(shared(0, "")); // names nobody
-  EXPECT_EQ(a->app.enJuego.JugadorActual, 2);
-  EXPECT_TRUE(a->screen.closeWindow("frmEnJuego"));
-  EXPECT_EQ(a->app.enJuego.JugadorActual, 1);
+  EXPECT_EQ(a->play.JugadorActual, 2);
+  EXPECT_TRUE(a->screen.closeWindow(a->play));
+  EXPECT_EQ(a->play.JugadorActual, 1);
   a->join();
-  follow({"tick AB => 12 12p. 12.", "move B 3 8, look B, look A => 21 21. 21p."});
+  follow({"AB tick => 12 12p. 12.", "B move 3 8, B look, A look => 21 21. 21p."});
 }
 
 TEST_F(Network, MovesMadeAtAWaitingCopyAreDropped) {
-  for (const std::string seen : {"", "look B, "}) { // in between it seems to be in turn
+  for (const std::string seen : {"", "B look, "}) { // in between it seems to be in turn
     begin();
-    follow({"move B 23 18, " + seen + "move B 3 8, look B => 01 01= 01p."});
-    follow({"join B, move B 23 18, " + seen + "move B 3 8, look B => 01 01= 21p.",
-            "look B => 01 01= 01p."});
+    follow({"B move 23 18, " + seen + "B move 3 8, B look => 01 01= 01p."});
+    follow({"B join, B move 23 18, " + seen + "B move 3 8, B look => 01 01= 21p.",
+            "B look => 01 01= 01p."});
   }
 }
 
@@ -114,12 +114,11 @@ TEST_F(Network, AJoinLeadsFromEveryStateToTheFilesGameAndARefusalLeavesThatState
   put(shared(2, "2\r\n"));
   for (const std::string state : {"", "menu NuevoJuego, click picINF, square 21",
                                   "load b.i../...../...../...../..I.B 1, move 23 18"}) {
-    a = std::make_unique<Copy>(1, path);
+    a = std::make_unique<Copy>('A', path);
     a->run(state);
     a->run("menu Opciones");
     const auto seen = [this] {
-      return a->screen.transcript("frmEnJuego") + a->screen.transcript("frmNuevoJuego") +
-             a->position() + a->menus() + a->principal.ArchivoRed;
+      return a->shown() + a->position() + a->state() + a->principal.ArchivoRed;
     };
     const std::string before = seen();
     a->screen.expectFile("Cargar Juego", std::nullopt);
@@ -130,9 +129,8 @@ TEST_F(Network, AJoinLeadsFromEveryStateToTheFilesGameAndARefusalLeavesThatState
     EXPECT_EQ(seen(), before);
     a->screen.expectFile("Cargar Juego", path);
     a->run("click btnCargarJuegoRed");
-    EXPECT_EQ(a->state() + a->menus(), "22=HHHHH running") << state;
     a->run("menu Opciones");
-    EXPECT_FALSE(a->screen.isOpen("frmOpciones") || a->screen.isOpen("frmNuevoJuego"));
+    EXPECT_EQ(a->all() + a->state(), "22=HHHHH running EnJuego") << state;
   }
 }
 

@@ -26,7 +26,7 @@ struct Seat {
   bool answers = false; // it was not started anew since the turn that it published last
 
   int player() const { return copy->principal.JugadorRed; }
-  bool inTurn() const { return copy->app.enJuego.JugadorActual == player(); }
+  bool inTurn() const { return copy->play.JugadorActual == player(); }
 };
 
 } // namespace
@@ -57,7 +57,7 @@ protected:
     const unsigned fault = below(6);
     if (fault == 0) {
       away(true);
-      for (unsigned seconds = below(4 * Interval); seconds > 0; --seconds)
+      for (unsigned seconds = below(4 * 6); seconds > 0; --seconds)
         second();
       away(false);
     } else if (fault < 3 && survived) {
@@ -80,7 +80,7 @@ protected:
     for (const int player : {first, 3 - first}) {
       Seat& seat = seats[player - 1];
       if (!seat.copy && file() == last()) {
-        seat.copy = std::make_unique<Copy>(player, path, options);
+        seat.copy = std::make_unique<Copy>(player == 1 ? 'A' : 'B', path, options);
         seat.copy->join();
         seat.fresh = !seat.inTurn();
       }
@@ -131,9 +131,9 @@ protected:
     Copy& loser = *publisher().copy;
     winner.screen.expectBox(victoryText(victory, winner.principal.JugadorRed));
     winner.move(from, to);
-    loser.screen.expectBox(defeat(winner.player));
-    loser.screen.tick(3 * Interval);
-    EXPECT_EQ(winner.position() + "1" + winner.player + "\r\n", file());
+    loser.screen.expectBox(defeat(winner.number));
+    loser.screen.tick(3 * 6);
+    EXPECT_EQ(winner.position() + "1" + winner.number + "\r\n", file());
     EXPECT_EQ(loser.pictures(), winner.pictures());
     record.push_back(file());
     ++figures["games won"];

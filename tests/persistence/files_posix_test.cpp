@@ -6,7 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "shell/game.h"
+#include "scripted/game.h"
 
 namespace falanges {
 
@@ -41,7 +41,7 @@ TEST_F(FilesPosix, AKilledSaveLeavesTheEarlierGameOrTheNewOne) {
   for (int kills = 0; kills < 60; ++kills) {
     const pid_t child = fork();
     while (child == 0) {
-      app.enJuego.JugadorActual = 3 - app.enJuego.JugadorActual;
+      play.JugadorActual = 3 - play.JugadorActual;
       choose("GuardarJuego", path);
     }
     usleep(static_cast<useconds_t>(std::rand() % 10000));

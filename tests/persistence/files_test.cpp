@@ -1,7 +1,10 @@
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "persistence/configuration.h"
-#include "shell/game.h"
+#include "persistence/game_file.h"
+#include "scripted/game.h"
 
 namespace falanges {
 
@@ -85,15 +88,15 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
     SCOPED_TRACE(text);
     principal.MovPorTurno = 3;
     run("load g...../....../....../....../....../.....G 2, move 1 2, move 2 1, close EnJuego");
-    app.enJuego.JugadorActual = 2;
+    play.JugadorActual = 2;
     load(text);
     std::ostringstream read;
-    read << int{principal.NumFilas} << ' ' << int{app.enJuego.JugadorActual} << ' '
+    read << int{principal.NumFilas} << ' ' << int{play.JugadorActual} << ' '
          << pictures().substr(0, 2) << (principal.Casillas(36).TUnidad == GEN ? " G" : " .");
     EXPECT_EQ(read.str(), result);
     EXPECT_EQ(principal.ArchivoRed, file("partida"));
     EXPECT_EQ(principal.MovRealizados + principal.CargaCancelada, 0);
-    EXPECT_EQ(screen.transcript("frmEnJuego").find("[,"), std::string::npos) << "no name of a type";
+    EXPECT_EQ(shown().find(" , "), std::string::npos) << "no name of a type";
     run("close EnJuego");
   }
 }
@@ -116,11 +119,10 @@ TEST_F(Files, ARefusedFileChangesNothing) {
       {"0;\r\n256\r\n", "Línea 2: el jugador en turno" + range}};
   run("layOut ..c.../....../....../....../....../...C.., click picGEN");
   principal.ArchivoRed = "otra";
-  app.enJuego.JugadorActual = 2;
+  play.JugadorActual = 2;
   // All that a load may change.
   const auto everything = [&] {
-    return gameText(principal, app.enJuego.JugadorActual) + principal.ArchivoRed + state() +
-           screen.transcript("frmNuevoJuego");
+    return gameText(principal, play.JugadorActual) + principal.ArchivoRed + state() + shown();
   };
   const std::string before = everything();
   for (const std::string kind : {"Juego", "Plantilla"}) {

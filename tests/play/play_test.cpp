@@ -1,4 +1,4 @@
-#include "shell/game.h"
+#include "scripted/game.h"
 
 namespace falanges {
 
@@ -9,8 +9,9 @@ protected:
 
 TEST_F(Play, TheHintNamesTheSquareUnderThePointer) {
   run("load g...../....../....../.I..../....../.....G 1, click picUnidad(20)");
-  EXPECT_EQ(screen.picture("picTablero") + screen.picture("frmEnJuego"), "6x6.jpgadelante.ico");
-  EXPECT_EQ(app.enJuego.Height * 100000 + app.enJuego.Width, 795008460);
+  EXPECT_TRUE(play.picTablero.picturePath().ends_with("6x6.jpg"));
+  EXPECT_TRUE(play.Icon.get().ends_with("adelante.ico"));
+  EXPECT_EQ(play.Height * 100000 + play.Width, 795008460);
   EXPECT_EQ(hint("picUnidad(20)", 10, 10), "Cuadro: 20 (4,2)");
   EXPECT_EQ(hint("picMovimientoPermitido(14)", 10, 10), "Cuadro: 14 (3,2)");
   EXPECT_EQ(hint("picTablero", 3540, 1200), "Cuadro: 9 (2,3)") << "a boundary";
@@ -29,14 +30,14 @@ TEST_F(Play, ACountOfMovesThatIsMetAlreadyIsPassedByForGood) {
 TEST_F(Play, SurrenderEndsTheGameWithoutAWinner) {
   run("load g..../...../...../...../....G 2");
   for (const Answer answer : {Answer::No, Answer::Yes}) {
-    EXPECT_TRUE(menus() == "HHSHH" && screen.enabled("picUnidad(1)"));
-    screen.expectBox("¿Declarar Rendición?", BoxStyle::InformationYesNo, answer);
+    EXPECT_TRUE(menus() == "HHSHH" && play.picUnidad(1)->Enabled);
+    screen.expectBox("¿Declarar Rendición?", answer);
     if (answer == Answer::Yes)
       screen.expectBox("JUGADOR -2- HA DECLARADO SU RENDICIÓN\r\n\r\nJUGADOR -2- PIERDE");
-    app.frame.mnuDeclararRendicion_Click();
+    frame.mnuDeclararRendicion_Click();
   }
   EXPECT_EQ(menus() + status(), "HHHHHEn Espera/En Turno");
-  EXPECT_FALSE(screen.enabled("picUnidad(1)") || screen.enabled("picUnidad(25)"));
+  EXPECT_FALSE(play.picUnidad(1)->Enabled || play.picUnidad(25)->Enabled);
 }
 
 } // namespace falanges

@@ -2,7 +2,8 @@
 #include <cstdlib>
 #include <random>
 
-#include "shell/game.h"
+#include "persistence/game_file.h"
+#include "scripted/game.h"
 
 namespace falanges {
 
@@ -86,7 +87,7 @@ protected:
   std::string reach() {
     std::string drawing = blank(principal.NumFilas);
     for (int n = 1; n <= principal.NumCasillas; ++n) {
-      const auto *unit = app.enJuego.picUnidad(n), *marker = app.enJuego.picMovimientoPermitido(n);
+      const auto *unit = play.picUnidad(n), *marker = play.picMovimientoPermitido(n);
       const bool selected = unit && unit->Appearance == 1;
       EXPECT_TRUE(!unit || unit->AccessibleName.get().ends_with("seleccionada") == selected) << n;
       const Casilla& square = principal.Casillas(n);
@@ -101,7 +102,7 @@ protected:
     const bool first = model.player == 1;
     EXPECT_EQ(pictures(), drawn);
     EXPECT_EQ(reach(), model.reach()) << model.board;
-    EXPECT_EQ(gameText(principal, app.enJuego.JugadorActual),
+    EXPECT_EQ(gameText(principal, play.JugadorActual),
               gameFile(model.board, first ? "1\r\n" : "2\r\n"));
     EXPECT_EQ(status(), first ? "En Turno/En Espera" : "En Espera/En Turno");
   }
@@ -139,22 +140,22 @@ protected:
       std::string drawn = model.board;
       if (moves) {
         drawn[place(n, model.side)] = std::exchange(drawn[reach.find('S')], '.');
-        const std::string player = std::to_string(model.player);
+        const std::string mover = std::to_string(model.player);
         won = model.move(n);
         if (!won.empty())
-          screen.expectBox(victory(player, won));
+          screen.expectBox(victory(mover, won));
         ++wins[won];
       } else {
         model.click(n);
       }
-      click(moves ? *app.enJuego.picMovimientoPermitido(n) : *app.enJuego.picUnidad(n));
+      click(moves ? *play.picMovimientoPermitido(n) : *play.picUnidad(n));
       expectScreen(model, drawn);
     }
     EXPECT_EQ(menus(), won.empty() ? "HHSHH" : "HHHHH");
     for (int n = 1; n <= 64; ++n)
-      EXPECT_TRUE(!app.enJuego.picUnidad(n) || app.enJuego.picUnidad(n)->Enabled == won.empty());
-    screen.closeWindow("frmEnJuego");
-    EXPECT_EQ(app.enJuego.JugadorActual, 1);
+      EXPECT_TRUE(!play.picUnidad(n) || play.picUnidad(n)->Enabled == won.empty());
+    screen.closeWindow(play);
+    EXPECT_EQ(play.JugadorActual, 1);
   }
 
   std::mt19937 random{11};

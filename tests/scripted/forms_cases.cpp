@@ -41,19 +41,19 @@ TEST_F(FormsCases, EachActionRaisesItsEventsInOrder) {
   two.close(), two.open(), one.close(), one.open();
   one.txtA.MaxLength = 3; // characters
   const std::pair<std::string, std::function<void()>> table[] = {
-      {"txtA_LostFocus btn_Click", [&] { player->click("frmUno.btn"); }},
-      {"btn_Click", [&] { one.btn.Visible = false, player->shortcut("frmUno.btn"); }},
-      {"txtA_LostFocus pic_Left pic_Click", [&] { player->click("frmUno.pic"); }},
-      {"pic_Right", [&] { player->rightClick("frmUno.pic"); }},
-      {"lbl_Click", [&] { player->click("frmUno.lbl"); }},
-      {"txtA_LostFocus chk_Click", [&] { player->click("frmUno.chk"); }},
-      {"txtA_LostFocus com_Click", [&] { player->choose("frmUno.com", "dos"); }},
-      {"txtA_LostFocus com_Click", [&] { player->choose("frmUno.com", "dos"); }},
-      {"txtA_Change txtA_Change txtA_Change", [&] { player->type("frmUno.txtA", "ñáéíó"); }},
-      {"txtA_Change", [&] { player->type("frmUno.txtA", ""); }},
+      {"txtA_LostFocus btn_Click", [&] { player->click(one.btn); }},
+      {"btn_Click", [&] { one.btn.Visible = false, player->shortcut(one.btn); }},
+      {"txtA_LostFocus pic_Left pic_Click", [&] { player->click(one.pic); }},
+      {"pic_Right", [&] { player->rightClick(one.pic); }},
+      {"lbl_Click", [&] { player->click(one.lbl); }},
+      {"txtA_LostFocus chk_Click", [&] { player->click(one.chk); }},
+      {"txtA_LostFocus com_Click", [&] { player->choose(one.com, 1); }},
+      {"txtA_LostFocus com_Click", [&] { player->choose(one.com, 1); }},
+      {"txtA_Change txtA_Change txtA_Change", [&] { player->type(one.txtA, "ñáéíó"); }},
+      {"txtA_Change", [&] { player->type(one.txtA, ""); }},
       {"txtA_LostFocus", [&] { player->tab(); }},
       {"txtA_LostFocus", [&] { player->tab(false); }},
-      {"mnuHoja_Click", [&] { player->menu("mnuHoja"); }},
+      {"mnuHoja_Click", [&] { player->menu(frame.mnuHoja); }},
       {"", [&] { player->tick(); }},
       {"tmr_Tick tmr_Tick", [&] { frame.tmr.Enabled = true, player->tick(2); }},
       // The program's own.
@@ -71,8 +71,8 @@ TEST_F(FormsCases, EachActionRaisesItsEventsInOrder) {
        [&] { EXPECT_FALSE(one.com.setText("UNO") || one.com.select(-1) || one.com.select(2)); }},
       {"txtA_LostFocus", [&] { EXPECT_TRUE(one.txtB.SetFocus() && one.txtB.SetFocus()); }},
       {"", [&] { EXPECT_FALSE(one.lbl.SetFocus() || one.picUnidad.pattern.SetFocus()); }},
-      {"txtA_LostFocus frmUno_Deactivate", [&] { EXPECT_TRUE(player->activate("frmDos")); }},
-      {"frmUno_QueryUnload frmUno_Unload", [&] { EXPECT_TRUE(player->closeWindow("frmUno")); }},
+      {"txtA_LostFocus frmUno_Deactivate", [&] { EXPECT_TRUE(player->activate(two)); }},
+      {"frmUno_QueryUnload frmUno_Unload", [&] { EXPECT_TRUE(player->closeWindow(one)); }},
   };
   for (const auto& [events, act] : table) {
     EXPECT_TRUE(one.txtA.SetFocus());
@@ -118,8 +118,8 @@ TEST_F(FormsCases, WhatAPersonCannotReachHearsNothing) {
   player->expectModal("frmPropia", [&] {
     onElements(), onWindows();
     player->tick();
-    EXPECT_TRUE(player->click("frmPropia.btn"));
-    player->closeWindow("frmPropia");
+    EXPECT_TRUE(player->click(own.btn));
+    player->closeWindow(own);
   });
   own.showModal();
   EXPECT_EQ(log.take(), "frmPropia_Load tmr_Tick txtA_LostFocus btn_Click frmPropia_QueryUnload "
@@ -163,7 +163,7 @@ TEST_F(FormsCases, ABoxLeavesTheFocusWhereItIs) {
   };
   player->expectBox("¿Sí?", Answer::Yes);
   player->expectFile("Abrir", ""); // without a name: as good as cancelled
-  player->menu("mnuHoja");
+  player->menu(frame.mnuHoja);
   EXPECT_EQ(player->focused(), "com");
 }
 
@@ -171,12 +171,9 @@ TEST_F(FormsCases, AFocusPutBackIsNoDepartureAndEndsTheAction) {
   insist(one.txtA);
   insist(one.txtB);
   const std::function<void()> departures[] = {
-      [&] { EXPECT_FALSE(player->click("frmUno.btn")); },
-      [&] { EXPECT_FALSE(player->click("frmUno.txtB")); },
-      [&] { player->choose("frmUno.com", "uno"); },
-      [&] { player->tab(); },
-      [&] { EXPECT_FALSE(player->activate("frmDos")); },
-      [&] { EXPECT_FALSE(player->click("frmDos.pic")); },
+      [&] { EXPECT_FALSE(player->click(one.btn)); }, [&] { EXPECT_FALSE(player->click(one.txtB)); },
+      [&] { player->choose(one.com, 0); },           [&] { player->tab(); },
+      [&] { EXPECT_FALSE(player->activate(two)); },  [&] { EXPECT_FALSE(player->click(two.pic)); },
   };
   for (const auto& depart : departures) {
     player->expectBox("Falta txtA");
@@ -185,19 +182,19 @@ TEST_F(FormsCases, AFocusPutBackIsNoDepartureAndEndsTheAction) {
     EXPECT_EQ(player->focused(), "txtA");
     EXPECT_EQ(layer.activeChild(), &one);
   }
-  player->type("frmUno.txtA", "1");
-  EXPECT_TRUE(player->click("frmUno.btn"));
+  player->type(one.txtA, "1");
+  EXPECT_TRUE(player->click(one.btn));
   EXPECT_EQ(log.take(), "txtA_Change txtA_LostFocus btn_Click");
 }
 
 TEST_F(FormsCases, AnotherChildTakesOverAndEachKeepsItsFocus) {
   EXPECT_TRUE(one.chk.SetFocus());
   log.take();
-  EXPECT_TRUE(player->click("frmDos.btn"));
+  EXPECT_TRUE(player->click(two.btn));
   EXPECT_EQ(log.take(), "chk_LostFocus frmUno_Deactivate txtA_LostFocus btn_Click");
-  EXPECT_TRUE(player->activate("frmUno"));
+  EXPECT_TRUE(player->activate(one));
   EXPECT_EQ(log.take() + " " + player->focused(), "btn_LostFocus frmDos_Deactivate chk");
-  EXPECT_TRUE(player->closeWindow("frmUno"));
+  EXPECT_TRUE(player->closeWindow(one));
   EXPECT_EQ(log.take() + " " + player->focused(), "frmUno_QueryUnload frmUno_Unload btn");
   EXPECT_EQ(layer.activeChild(), &two);
 }
@@ -221,7 +218,7 @@ TEST_F(FormsCases, AHandlerOutlivesItsWindowWhichOpensAsItWasMade) {
     EXPECT_FALSE(one.txtB.SetFocus()) << "nothing is on the screen yet";
     one.open(); // opening already
   };
-  player->click("frmUno.btn");
+  player->click(one.btn);
   EXPECT_EQ(log.take(), "txtA_LostFocus btn_Click frmDos_QueryUnload frmDos_Unload frmDos_Load "
                         "btn_LostFocus frmUno_Deactivate frmUno_QueryUnload frmUno_Unload "
                         "txtB_Change frmUno_Load txtA_LostFocus frmDos_Deactivate end");
@@ -236,18 +233,18 @@ TEST_F(FormsCases, AWindowMayCloseBehindABoxOfItsOwnHandlers) {
   one.pic.MouseMove = [&](float, float) { log.add("pic_MouseMove"); };
   layer.afterEvent = [&] { log.add("after"); };
   const std::pair<const char*, std::function<void()>> table[] = {
-      {"btn_Click", [&] { player->click("frmUno.btn"); }},
-      {"btn_Click", [&] { player->shortcut("frmUno.btn"); }},
+      {"btn_Click", [&] { player->click(one.btn); }},
+      {"btn_Click", [&] { player->shortcut(one.btn); }},
       {"btn_Click", [&] { passOver(one.btn.SetFocus()), player->key(Key::Space); }},
-      {"chk_Click", [&] { player->click("frmUno.chk"); }},
-      {"lbl_Click", [&] { player->click("frmUno.lbl"); }},
-      {"com_Click", [&] { player->choose("frmUno.com", "uno"); }},
-      {"pic_MouseMove", [&] { player->click("frmUno.pic"); }},
-      {"pic_Left", [&] { player->click("frmUno.pic"); }},
-      {"txtA_Change", [&] { player->type("frmUno.txtA", "x"); }},
+      {"chk_Click", [&] { player->click(one.chk); }},
+      {"lbl_Click", [&] { player->click(one.lbl); }},
+      {"com_Click", [&] { player->choose(one.com, 0); }},
+      {"pic_MouseMove", [&] { player->click(one.pic); }},
+      {"pic_Left", [&] { player->click(one.pic); }},
+      {"txtA_Change", [&] { player->type(one.txtA, "x"); }},
       {"txtA_LostFocus", [&] { player->tab(); }},
-      {"txtA_LostFocus", [&] { player->activate("frmDos"); }},
-      {"frmUno_Deactivate", [&] { player->activate("frmDos"); }},
+      {"txtA_LostFocus", [&] { player->activate(two); }},
+      {"frmUno_Deactivate", [&] { player->activate(two); }},
   };
   for (const auto& [event, act] : table) {
     SCOPED_TRACE(event);
@@ -271,7 +268,7 @@ TEST_F(FormsCases, WhatWaitsForTheEndOfAnEventRunsOnceBehindTheOutermost) {
   frame.tmr.Enabled = true;
   layer.afterEvent = [&] { log.add("after"), layer.messageBox("después"); };
   player->expectBox("después", Answer::Ok, [&] { player->tick(); });
-  player->menu("mnuHoja");
+  player->menu(frame.mnuHoja);
   EXPECT_EQ(log.take(), "mnuHoja_Click after tmr_Tick");
 }
 
@@ -281,15 +278,15 @@ TEST_F(FormsCases, AnElementMayVanishInItsOwnEvent) {
   log.on["picUnidad_Click1"] = [&] { passOver(one.picUnidad.Unload(1)); };
   log.on["picUnidad_Click2"] = [&] { one.picUnidad(2)->Visible = false; };
   one.pic.LostFocus = {};
-  EXPECT_TRUE(player->click("frmUno.picUnidad(1)"));
+  EXPECT_TRUE(player->click(*one.picUnidad(1)));
   EXPECT_EQ(log.take(), "txtA_LostFocus picUnidad_Click1");
   EXPECT_EQ(player->focused(), "pic") << "the others would act when the focus leaves them";
-  EXPECT_TRUE(player->click("frmUno.picUnidad(2)"));
-  EXPECT_TRUE(player->click("frmUno.txtA"));
+  EXPECT_TRUE(player->click(*one.picUnidad(2)));
+  EXPECT_TRUE(player->click(one.txtA));
   EXPECT_EQ(log.take(), "picUnidad_Click2");
   // Also in the event that hands it the focus.
   log.on["txtA_LostFocus"] = [&] { one.pic.Enabled = false; };
-  EXPECT_FALSE(player->click("frmUno.pic"));
+  EXPECT_FALSE(player->click(one.pic));
   EXPECT_EQ(log.take(), "txtA_LostFocus");
 }
 
@@ -310,7 +307,7 @@ TEST_F(FormsCases, ArrayElementsComeAndGoByIndex) {
 TEST_F(FormsCases, TheFrameAsksAllItsChildrenBeforeAnyCloses) {
   for (TestWindow* refuses : std::initializer_list<TestWindow*>{&frame, &one}) {
     refuses->letClose = false;
-    EXPECT_FALSE(player->closeWindow("frmMarco"));
+    EXPECT_FALSE(player->closeWindow(frame));
     EXPECT_TRUE(two.isOpen());
     refuses->letClose = true;
   }
@@ -320,7 +317,7 @@ TEST_F(FormsCases, TheFrameAsksAllItsChildrenBeforeAnyCloses) {
   log.on["tmr_Tick"] = [&] { EXPECT_FALSE(frame.close()); };
   frame.tmr.Enabled = true;
   player->expectBox("¿Salir?", Answer::Yes, [&] { player->tick(); });
-  EXPECT_TRUE(player->closeWindow("frmMarco"));
+  EXPECT_TRUE(player->closeWindow(frame));
   EXPECT_EQ(log.take(), "frmMarco_QueryUnload tmr_Tick frmDos_QueryUnload frmUno_QueryUnload "
                         "frmDos_Unload frmUno_Unload frmMarco_Unload");
   EXPECT_TRUE(layer.openWindows().empty());

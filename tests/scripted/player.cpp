@@ -9,9 +9,9 @@ namespace scripted {
 using namespace forms;
 using namespace std::chrono;
 
-void giveUp(const std::string& element, const std::string& reason) {
-  ADD_FAILURE() << element << " " << reason;
-  throw std::runtime_error("A person could not do that.");
+void Player::requireReachable(const Element& element) {
+  if (!element.isReachable())
+    throw std::runtime_error("Nobody could use " + element.name());
 }
 
 void Player::finish() {
@@ -19,34 +19,21 @@ void Player::finish() {
     ADD_FAILURE() << "Expected, but did not come:\n" << left.text;
 }
 
-Player::Expected Player::next(Asked asked, const std::string& text, BoxStyle style) {
+Player::Expected Player::next(const std::string& text) {
   const Expected first = expected_.empty() ? Expected() : expected_.front();
-  const bool question = style != BoxStyle::Information;
-  if (expected_.empty() || first.asked != asked || first.text != text ||
-      first.style.value_or(style) != style || (first.answer != Answer::Ok) != question) {
+  if (expected_.empty() || first.text != text) {
     ADD_FAILURE() << "Unexpected:\n" << text << "\ninstead of:\n" << first.text;
-    return {asked, text, style, Answer::No, {}, {}};
+    return {text, Answer::No, {}, {}};
   }
   expected_.pop_front();
   return first;
 }
 
-Element* Player::find(std::string_view name) const {
-  Element* found = nullptr;
-  for (Window* window : forms_ ? forms_->openWindows() : std::vector<Window*>()) {
-    if (window->name() == name)
-      return window;
-    for (Element* element : window->elements()) {
-      // Most are passed over by a look at their end.
-      if (!name.ends_with(element->index() < 0 ? element->arrayName() : ")") ||
-          (element->name() != name && window->name() + "." + element->name() != name))
-        continue;
-      if (found)
-        giveUp(std::string(name), "stands on two windows");
-      found = element;
-    }
-  }
-  return found;
+Player::Expected Player::next(const MessageBox& box) {
+  lastBox = box;
+  const Expected expected = next(box.text);
+  EXPECT_EQ(expected.answer == Answer::Ok, box.style == BoxStyle::Information) << box.text;
+  return expected;
 }
 
 // Which timers run is the forms layer's knowledge: those of the screen would go by real time.
@@ -60,6 +47,7 @@ void Player::tick(int seconds) {
           timers.push_back(static_cast<Timer*>(element));
     for (Timer* timer : timers)
       forms_->ticked(*timer);
+    afterAction();
   }
 }
 
@@ -67,12 +55,13 @@ DateTime Player::now() {
   const auto today = floor<days>(clock);
   const year_month_day date(today);
   const hh_mm_ss time(clock - today);
+  const auto whole = [](auto part) { return static_cast<int>(part.count()); };
   return {static_cast<int>(date.year()),
           static_cast<int>(static_cast<unsigned>(date.month())),
           static_cast<int>(static_cast<unsigned>(date.day())),
-          static_cast<int>(time.hours().count()),
-          static_cast<int>(time.minutes().count()),
-          static_cast<int>(time.seconds().count())};
+          whole(time.hours()),
+          whole(time.minutes()),
+          whole(time.seconds())};
 }
 
 } // namespace scripted

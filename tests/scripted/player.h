@@ -14,76 +14,71 @@
 
 namespace scripted {
 
-// "picUnidad(17)"
-inline std::string at(std::string_view array, int index) {
-  return std::string(array) + "(" + std::to_string(index) + ")";
-}
-
 using Meanwhile = std::function<void()>;
 
-// Strict: an unexpected box, an answer left over and an action that a person could not do (on what
-// is hidden, disabled or behind a box) each fail the running test. Elements are named as
-// Element::name() has them, with the window in front where two open windows have the same:
-// "picUnidad(17)", "frmEnJuego.picTablero".
+// Strict: a box that was not expected, an answer left over, and an action on what is hidden or
+// disabled each fail the running test.
 class Player : public forms::Desktop {
 public:
-  Player() = default;
   ~Player() override { finish(); }
-  Player(const Player&) = delete;
-  Player& operator=(const Player&) = delete;
 
   // --- What the program will ask, in this order ------------------------------------------------
-  // A box with this text, to the letter. `meanwhile` runs while it is open.
+  // A box with this text, to the letter: a question unless the answer is Ok. `meanwhile` runs while
+  // it is open.
   void expectBox(std::string text, forms::Answer answer = forms::Answer::Ok,
                  Meanwhile meanwhile = {}) {
-    expected_.push_back({Asked::Box, std::move(text), {}, answer, {}, std::move(meanwhile)});
+    expected_.push_back({std::move(text), answer, {}, std::move(meanwhile)});
   }
-  // As above, and the box must have this style.
-  void expectBox(std::string text, forms::BoxStyle style, forms::Answer answer,
-                 Meanwhile meanwhile = {}) {
-    expected_.push_back({Asked::Box, std::move(text), style, answer, {}, std::move(meanwhile)});
-  }
-  // Path nullopt: cancelled.
+  // By its title. Path nullopt: cancelled.
   void expectFile(std::string title, std::optional<std::string> path, Meanwhile meanwhile = {}) {
-    expected_.push_back({Asked::File,
-                         std::move(title),
-                         {},
-                         forms::Answer::Ok,
-                         std::move(path),
-                         std::move(meanwhile)});
+    expected_.push_back({std::move(title), {}, std::move(path), std::move(meanwhile)});
   }
-  // A window shown modally. `meanwhile` must close it.
+  // A window shown modally, by its name. `meanwhile` must close it.
   void expectModal(std::string window, Meanwhile meanwhile) {
-    expected_.push_back(
-        {Asked::Modal, std::move(window), {}, forms::Answer::Ok, {}, std::move(meanwhile)});
+    expected_.push_back({std::move(window), {}, {}, std::move(meanwhile)});
   }
   // Fails for each answer that was not asked for, and forgets it.
   void finish();
+  forms::MessageBox lastBox;
+  forms::FileDialog lastFile;
 
   // --- What the person does --------------------------------------------------------------------
-  // Move there, press, let go. False when the click was not carried out, as the press moved the
+  // Moves there, presses, lets go. False when the click was not carried out, as the press moved the
   // focus and that was refused, or took the element away.
-  virtual bool click(const std::string& element) = 0;
-  virtual void rightClick(const std::string& element) = 0;
+  bool click(forms::Element& element) { return done(doClick(usable(element))); }
+  void rightClick(forms::Element& element) { doRightClick(usable(element)), afterAction(); }
+  // At X, Y of the picture, twips from its inner corner.
+  bool clickOn(forms::Picture& picture, float X, float Y) {
+    return done(doClickOn(usable(picture), X, Y));
+  }
+  void moveOver(forms::Picture& picture, float X, float Y) {
+    doMoveOver(usable(picture), X, Y), afterAction();
+  }
   // Replaces what the text box holds, key by key.
-  virtual void type(const std::string& textBox, std::string_view text) = 0;
-  virtual void choose(const std::string& list, std::string_view item) = 0;
-  virtual void tab(bool forwards = true) = 0;
+  void type(forms::TextBox& box, std::string_view text) {
+    doType(usable(box), text), afterAction();
+  }
+  void choose(forms::DropList& list, int item) { doChoose(usable(list), item), afterAction(); }
+  void tab(bool forwards = true) { doTab(forwards), afterAction(); }
   // Any other key; `digit` with Key::Digit.
-  virtual void key(forms::Key key, int digit = 0) = 0;
-  virtual void menu(const std::string& entry) = 0;
-  virtual void shortcut(const std::string& button) = 0;
+  void key(forms::Key key, int digit = 0) { doKey(key, digit), afterAction(); }
+  void menu(forms::MenuEntry& entry) { doMenu(usable(entry)), afterAction(); }
+  // Also of a button that is hidden.
+  void shortcut(forms::Button& button) { doShortcut(button), afterAction(); }
   // Asks the window to close; true when it has.
-  virtual bool closeWindow(const std::string& window) = 0;
+  bool closeWindow(forms::Window& window) {
+    doClose(usable(window));
+    return done(!window.isOpen());
+  }
   // Turns to another child window; true when that became the active one.
-  virtual bool activate(const std::string& window) = 0;
+  bool activate(forms::Window& window) {
+    doActivate(usable(window));
+    return done(forms_->activeChild() == &window);
+  }
   // Name of the element that the keyboard goes to, "" when there is none.
   virtual std::string focused() = 0;
   // Lets this many seconds pass, with a tick in each of every timer that runs.
   void tick(int seconds = 1);
-
-  // The window or element with this name; nullptr when there is none.
-  forms::Element* find(std::string_view name) const;
 
   // 9 March 2005, 08:05:07 at the start.
   std::chrono::sys_seconds clock =
@@ -93,28 +88,48 @@ public:
   std::string programFolder() override { return folder_.path(); }
 
 protected:
-  enum class Asked { Box, File, Modal };
   struct Expected {
-    Asked asked{};
     std::string text;
-    std::optional<forms::BoxStyle> style;
     forms::Answer answer{};
     std::optional<std::string> path;
     Meanwhile meanwhile;
   };
   // What was expected now, if it is what the program asks.
-  Expected next(Asked asked, const std::string& text,
-                forms::BoxStyle style = forms::BoxStyle::Information);
+  Expected next(const std::string& text);
+  Expected next(const forms::MessageBox& box);
+  Expected next(const forms::FileDialog& dialog) { return next((lastFile = dialog).title); }
+
+  virtual bool doClick(forms::Element& element) = 0;
+  virtual void doRightClick(forms::Element& element) = 0;
+  virtual bool doClickOn(forms::Picture& picture, float X, float Y) = 0;
+  virtual void doMoveOver(forms::Picture& picture, float X, float Y) = 0;
+  virtual void doType(forms::TextBox& box, std::string_view text) = 0;
+  virtual void doChoose(forms::DropList& list, int item) = 0;
+  virtual void doTab(bool forwards) = 0;
+  virtual void doKey(forms::Key key, int digit) = 0;
+  virtual void doMenu(forms::MenuEntry& entry) = 0;
+  virtual void doShortcut(forms::Button& button) = 0;
+  virtual void doClose(forms::Window& window) = 0;
+  virtual void doActivate(forms::Window& window) = 0;
+  // Runs behind each of them and after each tick: what the screen shows may be looked at.
+  virtual void afterAction() {}
 
   TemporaryFolder folder_;
   forms::Forms* forms_ = nullptr; // known from the first window on
 
 private:
+  bool done(bool result) {
+    afterAction();
+    return result;
+  }
+  template <class T> T& usable(T& element) {
+    requireReachable(element);
+    return element;
+  }
+  static void requireReachable(const forms::Element& element);
+
   std::deque<Expected> expected_;
 };
-
-// Fails the test, which cannot go on.
-[[noreturn]] void giveUp(const std::string& element, const std::string& reason);
 
 // Each test program defines this for its own screen.
 std::unique_ptr<Player> makePlayer();

@@ -22,34 +22,44 @@ struct Log {
     if (const auto handler = on[event])
       handler();
   }
+  void each(std::initializer_list<std::pair<std::function<void()>*, const char*>> handlers) {
+    for (const auto& [event, name] : handlers)
+      *event = [this, text = std::string(name)] { add(text); };
+  }
   // The events since the last look.
   std::string take() { return std::exchange(events, {}); }
 };
 
+// Its elements stand one below the other, in the tab order but for the last two.
 class TestWindow : public forms::Window {
 public:
   TestWindow(forms::Forms& forms, forms::WindowKind kind, const char* name, Log& log)
       : Window(forms, kind, name), log_(log) {
     Width = Height = 6000;
-    forms::Element* const inTabOrder[] = {&txtA, &txtB, &chk, &com, &btn, &pic};
-    for (forms::Element* element : inTabOrder) {
-      element->TabIndex = placed_;
-      put(*element);
-      element->LostFocus = [this, element] { log_.add(element->name() + "_LostFocus"); };
+    for (int placed = 0; forms::Element * element : elements()) {
+      element->TabIndex = placed < 6 ? placed : -1;
+      element->Top = 450 * placed++;
+      element->Width = 900;
+      element->Height = 375;
     }
-    put(picUnidad.pattern);
-    put(lbl);
     btn.Shortcut = "Ctrl+Shift+D";
-    txtA.Change = [this] { log_.add("txtA_Change"); };
-    txtB.Change = [this] { log_.add("txtB_Change"); };
-    const auto logClick = [this](auto&... elements) {
-      ((elements.Click = [this, &elements] { log_.add(elements.name() + "_Click"); }), ...);
+    log.each({{&txtA.LostFocus, "txtA_LostFocus"},
+              {&txtA.Change, "txtA_Change"},
+              {&txtB.LostFocus, "txtB_LostFocus"},
+              {&txtB.Change, "txtB_Change"},
+              {&chk.LostFocus, "chk_LostFocus"},
+              {&chk.Click, "chk_Click"},
+              {&com.LostFocus, "com_LostFocus"},
+              {&com.Click, "com_Click"},
+              {&btn.LostFocus, "btn_LostFocus"},
+              {&btn.Click, "btn_Click"},
+              {&pic.LostFocus, "pic_LostFocus"},
+              {&pic.Click, "pic_Click"},
+              {&lbl.Click, "lbl_Click"}});
+    pic.MouseDown = [&log](forms::MouseButton button) {
+      log.add(button == forms::MouseButton::Left ? "pic_Left" : "pic_Right");
     };
-    logClick(chk, com, btn, lbl, pic);
-    pic.MouseDown = [this](forms::MouseButton button) {
-      log_.add(button == forms::MouseButton::Left ? "pic_Left" : "pic_Right");
-    };
-    picUnidad.Click = [this](int Index) { log_.add("picUnidad_Click" + std::to_string(Index)); };
+    picUnidad.Click = [&log](int Index) { log.add("picUnidad_Click" + std::to_string(Index)); };
     made();
   }
   bool letClose = true; // what the closing check answers
@@ -63,13 +73,6 @@ public:
   forms::PictureArray picUnidad{*this, "picUnidad"};
 
 private:
-  // One below the other.
-  void put(forms::Element& element) {
-    element.Top = 450 * placed_++;
-    element.Width = 900;
-    element.Height = 375;
-  }
-
   void Form_Load() override {
     com.AddItem("uno");
     com.AddItem("dos");
@@ -83,7 +86,6 @@ private:
   void Form_Deactivate() override { log_.add(name() + "_Deactivate"); }
 
   Log& log_;
-  int placed_ = 0;
 };
 
 // Its elements but menu and timer have no place to stand.
@@ -94,8 +96,7 @@ public:
     Maximized = true;
     mnu.Caption = std::string("&Menú");
     mnuHoja.Caption = std::string("&Hoja");
-    mnuHoja.Click = [&log] { log.add("mnuHoja_Click"); };
-    tmr.Tick = [&log] { log.add("tmr_Tick"); };
+    log.each({{&mnuHoja.Click, "mnuHoja_Click"}, {&tmr.Tick, "tmr_Tick"}});
     made();
   }
 
@@ -114,14 +115,11 @@ struct TestProgram {
   ~TestProgram() {
     log.on.clear();
     forms.afterEvent = {};
-    TestWindow* const windows[] = {&one, &two, &own, &frame};
-    for (TestWindow* window : windows) {
+    for (TestWindow* window : std::initializer_list<TestWindow*>{&one, &two, &own, &frame}) {
       window->letClose = true;
       window->close();
     }
   }
-  TestProgram(const TestProgram&) = delete;
-  TestProgram& operator=(const TestProgram&) = delete;
 
   Log log;
   forms::Forms forms;

@@ -1,7 +1,7 @@
 #include <filesystem>
 
-#include "shell/form1.h"
-#include "shell/game.h"
+#include "scripted/game.h"
+#include "shell/information_box.h"
 
 namespace falanges {
 
@@ -21,16 +21,18 @@ TEST_F(Shell, TheInformationBoxStandsAloneBeforeAndAfterTheRest) {
   std::filesystem::create_directory(scripted::toPath(file("jguardados")));
   configure("1;0;25;4;\r\n");
   screen.expectBox(informationBox().text, Answer::Ok, [&] {
-    EXPECT_FALSE(screen.isOpen("frmPrincipal"));
+    EXPECT_FALSE(frame.isOpen());
     EXPECT_TRUE(std::filesystem::is_directory(scripted::toPath(file("plantillas"))));
     EXPECT_EQ(options(), "1;0;25;4;\r\n25 4 10");
   });
   app.start();
   run("menu NuevoJuego");
-  screen.expectBox("¿Está seguro de salir y cerrar todo?", BoxStyle::WarningYesNo, Answer::Yes,
-                   [&] { EXPECT_EQ(screen.lastBox.title, "Vornath - Falanges Z - TEE"); });
+  screen.expectBox(Boxes.at("leave"), Answer::Yes, [&] {
+    EXPECT_EQ(screen.lastBox.title, "Vornath - Falanges Z - TEE");
+    EXPECT_EQ(screen.lastBox.style, forms::BoxStyle::WarningYesNo);
+  });
   screen.expectBox(informationBox().text, Answer::Ok, [&] { EXPECT_EQ(state(), "SSHSH"); });
-  EXPECT_TRUE(screen.closeWindow("frmPrincipal"));
+  EXPECT_TRUE(screen.closeWindow(frame));
 }
 
 TEST_F(Shell, AFileLeadsOnFromEverywhereButPlayAndClosesTheOptions) {
@@ -40,8 +42,7 @@ TEST_F(Shell, AFileLeadsOnFromEverywhereButPlayAndClosesTheOptions) {
     return state() + " " + folder + " " + screen.lastFile.fileName;
   };
   run("layOut bgeci/...../...../...../ICEGB");
-  screen.expectBox(ToStart, BoxStyle::InformationYesNo, Answer::Yes);
-  run("click btnIniciar, menu Opciones, activate EnJuego");
+  run("expect start yes, click btnIniciar, menu Opciones, activate EnJuego");
   walk({"save Juego uno => HHSHH EnJuego jguardados JuegoGuardado-09-03-2005-08-05-07",
         "close EnJuego, menu Opciones => SSHSH Opciones jguardados "
         "JuegoGuardado-09-03-2005-08-05-07",
@@ -71,9 +72,9 @@ TEST_F(Shell, EachChangeOfAnOptionReachesItemAndFileAtOnce) {
   configure("0;1;30;5;\r\n");
   run("menu Opciones");
   EXPECT_EQ(options(), "0;1;30;5;\r\n30 5 01");
-  EXPECT_EQ(screen.text("chkPermitirBanderas") + screen.text("chkLimiteFilas") +
-                screen.text("comJugadorActualRed") + std::to_string(principal.JugadorRed),
-            "0122");
+  const frmOpciones& shown = app.opciones;
+  EXPECT_EQ(shown.chkPermitirBanderas.Value * 10 + shown.chkLimiteFilas.Value, 1);
+  EXPECT_EQ(shown.comJugadorActualRed.Text() + std::to_string(principal.JugadorRed), "22");
 }
 
 TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
@@ -100,28 +101,6 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
   refused("moves", "txtMovPorTurno", "click btnCargarJuegoRed");
   run("type txtMovPorTurno 5, tab, type txtMovPorTurno 1, tab, activate NuevoJuego");
   EXPECT_EQ(state(), "HSHSS NuevoJuego");
-}
-
-TEST_F(Shell, PicturesThatAreMissingAreToldOnceAndTheGameGoesOn) {
-  screen.allPicturesMissing = true;
-  screen.expectBox(informationBox().text);
-  screen.expectBox("No se puede cargar la imagen:\r\n" + file("ico/tiempo.ico"), Answer::Ok,
-                   [&] { EXPECT_TRUE(screen.isOpen("frmPrincipal")); });
-  app.start();
-  run("menu NuevoJuego, choose comTablero 8x8, click picINF, square 64");
-  EXPECT_EQ(pictures(), "0......./......../......../......../......../......../......../.......0");
-  run("load G......./......../......../......../......../......../......../....... 1, move 1 2");
-}
-
-TEST(Coordinates, FollowThePointerOverTheLargestPicture) {
-  scripted::ScriptedDesktop screen;
-  forms::Forms forms(screen);
-  Form1 form(forms);
-  forms.startUp(form);
-  screen.moveOver("Picture1", 1500, 30);
-  EXPECT_EQ(screen.toolTip("Picture1"), "X: 1500 - Y: 30");
-  screen.click("Picture3");
-  EXPECT_EQ(form.Picture3.Appearance, 1);
 }
 
 } // namespace falanges

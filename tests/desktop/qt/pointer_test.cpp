@@ -12,18 +12,18 @@ namespace {
 
 class Pointer : public testing::Test {
 protected:
-  QPoint middle(const std::string& name) {
-    QWidget& widget = player.widget(name);
+  QPoint middle(const forms::Element& element) {
+    QWidget& widget = player.widget(element);
     return widget.mapTo(widget.window(), widget.rect().center());
   }
-  QWindow* window() { return player.widget("frmMarco").windowHandle(); }
-  void drag(const std::string& from, const std::string& to) {
+  QWindow* window() { return player.widget(program.frame).windowHandle(); }
+  void drag(const forms::Element& from, const forms::Element& to) {
     QTest::mousePress(window(), Qt::LeftButton, {}, middle(from));
     QTest::mouseMove(window(), middle(to));
     QTest::mouseRelease(window(), Qt::LeftButton, {}, middle(to));
   }
-  void doubleClick(const std::string& name) {
-    QTest::mouseDClick(window(), Qt::LeftButton, {}, middle(name));
+  void doubleClick(const forms::Element& element) {
+    QTest::mouseDClick(window(), Qt::LeftButton, {}, middle(element));
   }
   // In front of the picture.
   void loadUnit(int i) {
@@ -44,17 +44,18 @@ TEST_F(Pointer, ClicksWhereItIsPressedAndLetGo) {
   one.pic.MouseMove = [&](float X, float Y) {
     log.add(std::to_string(static_cast<int>(X)) + "," + std::to_string(static_cast<int>(Y)));
   };
-  const std::string names[] = {"pic", "lbl", "btn", "chk"};
-  for (const std::string& from : names)
-    for (const std::string& to : names) {
-      drag("frmUno." + from, "frmUno." + to);
-      EXPECT_EQ(log.take().find("_Click") != std::string::npos, from == to) << from << " " << to;
+  const forms::Element* const elements[] = {&one.pic, &one.lbl, &one.btn, &one.chk};
+  for (const auto* from : elements)
+    for (const auto* to : elements) {
+      drag(*from, *to);
+      EXPECT_EQ(log.take().find("_Click") != std::string::npos, from == to)
+          << from->name() << " " << to->name();
     }
   EXPECT_TRUE(one.txtA.SetFocus());
-  drag("frmUno.pic", "frmUno.lbl");
+  drag(one.pic, one.lbl);
   EXPECT_EQ(log.take(), "chk_LostFocus 435,180 txtA_LostFocus pic_Left 435,1080");
-  for (const std::string& name : names)
-    doubleClick("frmUno." + name);
+  for (const auto* element : elements)
+    doubleClick(*element);
   EXPECT_EQ(log.take(), "435,180 pic_Left pic_Click pic_Left pic_Click lbl_Click lbl_Click "
                         "pic_LostFocus btn_Click btn_Click btn_LostFocus chk_Click chk_Click");
 }
@@ -65,12 +66,12 @@ TEST_F(Pointer, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
   one.picUnidad.MouseDown = [&](int i, forms::MouseButton) {
     forms::passOver(one.picUnidad.Unload(i));
   };
-  drag("picUnidad(1)", "frmUno.pic");
+  drag(*one.picUnidad(1), one.pic);
   EXPECT_EQ(log.take(), "txtA_LostFocus");
   one.picUnidad.MouseDown = {};
   log.on["picUnidad_Click2"] = [&] { forms::passOver(one.picUnidad.Unload(2)); };
   loadUnit(2);
-  doubleClick("picUnidad(2)");
+  doubleClick(*one.picUnidad(2));
   EXPECT_EQ(log.take(), "picUnidad_Click2 pic_Left pic_Click");
 }
 
@@ -82,13 +83,12 @@ TEST_F(Pointer, ClosesNoWindowBehindABox) {
     program.own.showModal();
   };
   const auto close = [&] {
-    for (const char* name : {"frmMarco", "frmUno"})
-      EXPECT_FALSE(player.closeWindow(name));
+    EXPECT_FALSE(player.closeWindow(program.frame) || player.closeWindow(one));
   };
   player.expectBox("¿Sí?", forms::Answer::Yes, close);
   player.expectFile("Guardar", std::nullopt, close);
-  player.expectModal("frmPropia", [&] { close(), player.closeWindow("frmPropia"); });
-  player.click("frmUno.btn");
+  player.expectModal("frmPropia", [&] { close(), player.closeWindow(program.own); });
+  player.click(one.btn);
   EXPECT_EQ(log.take(),
             "txtA_LostFocus btn_Click frmPropia_Load frmPropia_QueryUnload frmPropia_Unload");
 }

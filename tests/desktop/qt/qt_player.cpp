@@ -6,11 +6,13 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 #include "desktop/qt/conversions.h"
 
@@ -33,7 +35,8 @@ constexpr Qt::Key Keys[] = {Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Up,
 // What a window manager does when a box or a list has closed: the window below is active again.
 void settle() {
   QCoreApplication::processEvents();
-  if (QApplication::activeWindow())
+  // A list that has closed may still count as active.
+  if (const QWidget* active = QApplication::activeWindow(); active && active->isVisible())
     return;
   for (QWidget* top : QApplication::topLevelWidgets())
     if (top->isVisible() && top->inherits("QMainWindow"))
@@ -44,6 +47,12 @@ void settle() {
 QWidget* focusHolder() {
   settle();
   return QApplication::focusWidget() ? QApplication::focusWidget() : QApplication::activeWindow();
+}
+
+// Where this place of the picture, twips from its inner corner, lies in its widget.
+QPoint pixelOf(const Picture& picture, float X, float Y) {
+  const int frame = picture.Border ? 1 : 0;
+  return QPoint(frame, frame) + QPoint(static_cast<int>(X) / 15, static_cast<int>(Y) / 15);
 }
 
 } // namespace
@@ -68,15 +77,19 @@ void QtPlayer::windowOpened(Window& window) {
 }
 
 void QtPlayer::waitModal(Window& window) {
-  const Expected expected = next(Asked::Modal, window.name());
-  QTimer::singleShot(0, [&] { expected.meanwhile ? expected.meanwhile() : void(window.close()); });
+  const Expected expected = next(window.name());
+  QTimer::singleShot(0, [&] {
+    afterAction();
+    expected.meanwhile ? expected.meanwhile() : void(window.close());
+  });
   qt_.waitModal(window);
   settle();
 }
 
 Answer QtPlayer::messageBox(const MessageBox& box) {
-  const Expected expected = next(Asked::Box, box.text, box.style);
+  const Expected expected = next(box);
   QTimer::singleShot(0, [&] {
+    afterAction();
     if (expected.meanwhile)
       expected.meanwhile();
     auto* const shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -97,8 +110,9 @@ Answer QtPlayer::messageBox(const MessageBox& box) {
 }
 
 std::optional<std::string> QtPlayer::fileDialog(const FileDialog& dialog) {
-  const Expected expected = next(Asked::File, dialog.title);
+  const Expected expected = next(dialog);
   QTimer::singleShot(0, [&] {
+    afterAction();
     if (expected.meanwhile)
       expected.meanwhile();
     QWidget* const shown = QApplication::activeModalWidget();
@@ -109,12 +123,9 @@ std::optional<std::string> QtPlayer::fileDialog(const FileDialog& dialog) {
   return qt_.fileDialog(dialog);
 }
 
-QWidget& QtPlayer::widget(const std::string& name) {
+QWidget& QtPlayer::widget(const Element& element) {
   settle();
-  const Element* const wanted = find(name);
-  if (!wanted)
-    giveUp(name, "is not there");
-  const QString own = toQt(wanted->name()), form = toQt(wanted->window().name());
+  const QString own = toQt(element.name()), form = toQt(element.window().name());
   for (QWidget* shown : QApplication::allWidgets()) {
     // The form inside a window has the same name.
     const QWidget* const above = shown->parentWidget();
@@ -122,32 +133,48 @@ QWidget& QtPlayer::widget(const std::string& name) {
     if (shown->isVisible() && shown->objectName() == own && onForm == (own != form))
       return *shown;
   }
-  giveUp(name, "is not on the screen");
+  throw std::runtime_error(element.name() + " is not on the screen");
 }
 
 // --- What a person does --------------------------------------------------------------------------
 
-bool QtPlayer::click(const std::string& name) {
-  const QPointer<QWidget> target(&widget(name));
-  Element& aim = *find(name);
-  const bool takesFocus = aim.takesFocus();
-  Window& home = aim.window();
-  // A check box answers on its mark alone, which stands at its left.
-  const QPoint place = aim.kind() == Kind::CheckBox ? QPoint(6, target->height() / 2) : QPoint();
+bool QtPlayer::press(Element& element, QPoint place) {
+  const QPointer<QWidget> target(&widget(element));
+  const bool takesFocus = element.takesFocus();
+  Window& home = element.window();
   QTest::mousePress(target, Qt::LeftButton, {}, place);
-  const bool granted = !takesFocus || (home.focused() == &aim && forms_->activeChild() == &home) ||
-                       home.windowKind() == WindowKind::Own;
+  const bool granted = !takesFocus ||
+                       (home.focused() == &element && forms_->activeChild() == &home) ||
+                       home.windowKind() != WindowKind::Child;
   if (target)
     QTest::mouseRelease(target, Qt::LeftButton, {}, place);
   return granted;
 }
 
-void QtPlayer::rightClick(const std::string& name) {
-  QTest::mouseClick(&widget(name), Qt::RightButton);
+bool QtPlayer::doClick(Element& element) {
+  // A check box answers on its mark alone, which stands at its left.
+  return press(element, element.kind() == Kind::CheckBox ? QPoint(6, widget(element).height() / 2)
+                                                         : QPoint());
 }
 
-void QtPlayer::type(const std::string& name, std::string_view text) {
-  auto* const box = qobject_cast<QLineEdit*>(&widget(name));
+void QtPlayer::doRightClick(Element& element) {
+  QTest::mouseClick(&widget(element), Qt::RightButton);
+}
+
+bool QtPlayer::doClickOn(Picture& picture, float X, float Y) {
+  return press(picture, pixelOf(picture, X, Y));
+}
+
+void QtPlayer::doMoveOver(Picture& picture, float X, float Y) {
+  QWidget& shown = widget(picture);
+  const QPointF place = pixelOf(picture, X, Y);
+  QMouseEvent move(QEvent::MouseMove, place, shown.mapToGlobal(place), Qt::NoButton, Qt::NoButton,
+                   Qt::NoModifier);
+  QCoreApplication::sendEvent(&shown, &move);
+}
+
+void QtPlayer::doType(TextBox& element, std::string_view text) {
+  auto* const box = qobject_cast<QLineEdit*>(&widget(element));
   ASSERT_TRUE(box);
   box->setFocus();
   box->selectAll();
@@ -159,46 +186,36 @@ void QtPlayer::type(const std::string& name, std::string_view text) {
   }
 }
 
-void QtPlayer::choose(const std::string& name, std::string_view item) {
-  auto* const list = qobject_cast<QComboBox*>(&widget(name));
+void QtPlayer::doChoose(DropList& element, int item) {
+  auto* const list = qobject_cast<QComboBox*>(&widget(element));
   ASSERT_TRUE(list);
   QTest::mousePress(list, Qt::LeftButton);
   if (!list->view()->isVisible())
     return; // the focus was not let go
-  const int row = list->findText(toQt(std::string(item)));
-  list->view()->setCurrentIndex(list->model()->index(row, 0));
+  list->view()->setCurrentIndex(list->model()->index(item, 0));
   QTest::keyClick(list->view(), Qt::Key_Return);
 }
 
-void QtPlayer::tab(bool forwards) {
+void QtPlayer::doTab(bool forwards) {
   QTest::keyClick(focusHolder(), forwards ? Qt::Key_Tab : Qt::Key_Backtab);
 }
 
-void QtPlayer::key(Key key, int digit) {
+void QtPlayer::doKey(Key key, int digit) {
   QTest::keyClick(focusHolder(), static_cast<Qt::Key>(Keys[static_cast<std::size_t>(key)] + digit));
 }
 
-void QtPlayer::menu(const std::string& entry) {
-  for (QWidget* top : QApplication::topLevelWidgets())
-    if (auto* action = top->findChild<QAction*>(toQt(entry)))
-      return action->trigger();
-  giveUp(entry, "is not in the menu");
+void QtPlayer::doMenu(MenuEntry& entry) {
+  widget(entry.window()).findChild<QAction*>(toQt(entry.name()))->trigger();
 }
 
-void QtPlayer::shortcut(const std::string& /*button*/) {
+void QtPlayer::doShortcut(Button& /*button*/) {
   QTest::keyClick(focusHolder(), Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
 }
 
-bool QtPlayer::closeWindow(const std::string& name) {
-  widget(name).close();
-  return !find(name);
-}
-
-bool QtPlayer::activate(const std::string& name) {
+void QtPlayer::doActivate(Window& window) {
   constexpr QPoint Title(60, 8);
-  QTest::mouseClick(&widget(name), Qt::LeftButton, {}, Title);
+  QTest::mouseClick(&widget(window), Qt::LeftButton, {}, Title);
   QCoreApplication::processEvents();
-  return forms_->activeChild() == find(name);
 }
 
 std::string QtPlayer::focused() {
@@ -206,8 +223,10 @@ std::string QtPlayer::focused() {
   const QWidget* const holder = QApplication::focusWidget();
   if (!holder || !holder->parentWidget())
     return "";
-  const std::string name = holder->objectName().toStdString();
-  return find(holder->parentWidget()->objectName().toStdString() + "." + name) ? name : "";
+  for (const Window* window : forms_->openWindows())
+    if (holder->parentWidget()->objectName() == toQt(window->name()))
+      return holder->objectName().toStdString();
+  return "";
 }
 
 } // namespace scripted

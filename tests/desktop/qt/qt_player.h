@@ -1,6 +1,7 @@
 // A person at the Qt desktop, offscreen: acts on the widgets that show the elements.
 #pragma once
 
+#include <QPoint>
 #include <QWidget>
 
 #include "desktop/qt/qt_desktop.h"
@@ -13,20 +14,10 @@ class QtPlayer final : public Player {
 public:
   QtPlayer();
 
-  bool click(const std::string& element) override;
-  void rightClick(const std::string& element) override;
-  void type(const std::string& textBox, std::string_view text) override;
-  void choose(const std::string& list, std::string_view item) override;
-  void tab(bool forwards = true) override;
-  void key(forms::Key key, int digit = 0) override;
-  void menu(const std::string& entry) override;
-  void shortcut(const std::string& button) override;
-  bool closeWindow(const std::string& window) override;
-  bool activate(const std::string& window) override;
   std::string focused() override;
 
-  // The widget that shows an element or a window; fails the test, and throws, when there is none.
-  QWidget& widget(const std::string& name);
+  // The widget that shows an element or a window; throws when there is none.
+  QWidget& widget(const forms::Element& element);
 
   void windowOpened(forms::Window& window) override;
   void windowClosed(forms::Window& window) override { qt_.windowClosed(window); }
@@ -41,6 +32,21 @@ public:
   }
 
 private:
+  bool doClick(forms::Element& element) override;
+  void doRightClick(forms::Element& element) override;
+  bool doClickOn(forms::Picture& picture, float X, float Y) override;
+  void doMoveOver(forms::Picture& picture, float X, float Y) override;
+  void doType(forms::TextBox& box, std::string_view text) override;
+  void doChoose(forms::DropList& list, int item) override;
+  void doTab(bool forwards) override;
+  void doKey(forms::Key key, int digit) override;
+  void doMenu(forms::MenuEntry& entry) override;
+  void doShortcut(forms::Button& button) override;
+  void doClose(forms::Window& window) override { widget(window).close(); }
+  void doActivate(forms::Window& window) override;
+
+  bool press(forms::Element& element, QPoint place);
+
   forms::qt::QtDesktop qt_;
 };
 

@@ -31,7 +31,7 @@ protected:
   void TearDown() override {
     player.expectBox("¿Está seguro de salir y cerrar todo?", forms::Answer::Yes, onBox);
     player.expectBox(falanges::informationBox().text, forms::Answer::Ok, onBox);
-    EXPECT_TRUE(player.closeWindow("frmPrincipal"));
+    EXPECT_TRUE(player.closeWindow(app.frame));
   }
 
   // Everything with a text has the room that it needs, inside what it stands on.
@@ -58,37 +58,36 @@ protected:
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     expectTextsWhole(*QApplication::activeModalWidget());
   }
-  void expectNothingCut(const char* window) {
-    QWidget& form = *player.widget(window).findChild<QWidget*>(window);
+  void expectNothingCut(const forms::Window& window) {
+    QWidget& form = *player.widget(window).findChild<QWidget*>(window.name().c_str());
     expectTextsWhole(form);
     for (const QWidget* shown : form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
       EXPECT_TRUE(!shown->isVisible() || shown->testAttribute(Qt::WA_TransparentForMouseEvents) ||
                   form.rect().contains(shown->geometry()))
           << shown->objectName().toStdString();
     const QPixmap seen = form.grab();
-    EXPECT_EQ(seen.size(), form.size() * seen.devicePixelRatio()) << window;
+    EXPECT_EQ(seen.size(), form.size() * seen.devicePixelRatio()) << window.name();
   }
 
   // Opens every window, and closes it.
   void expectAllWhole() {
-    player.menu("mnuOpciones");
-    expectNothingCut("frmOpciones");
-    player.menu("mnuNuevoJuego");
-    expectNothingCut("frmNuevoJuego");
+    player.menu(app.frame.mnuOpciones);
+    expectNothingCut(app.opciones);
+    player.menu(app.frame.mnuNuevoJuego);
+    expectNothingCut(app.nuevoJuego);
     player.expectModal("frmMsgBox", [&] {
-      expectNothingCut("frmMsgBox");
-      EXPECT_TRUE(player.closeWindow("frmMsgBox"));
+      expectNothingCut(app.msgBox);
+      EXPECT_TRUE(player.closeWindow(app.msgBox));
     });
-    player.shortcut("Command1");
+    player.shortcut(app.nuevoJuego.Command1);
     app.enJuego.open();
-    expectNothingCut("frmEnJuego");
+    expectNothingCut(app.enJuego);
     app.enJuego.close();
-    EXPECT_TRUE(player.closeWindow("frmNuevoJuego"));
+    EXPECT_TRUE(player.closeWindow(app.nuevoJuego));
   }
 
   // Walks along a row and a column of device pixels through every square, and over the edges.
-  void expectEveryPixelOnItsSquare(const char* window, int side) {
-    const std::string board = std::string(window) + ".picTablero";
+  void expectEveryPixelOnItsSquare(const forms::Picture& board, int side) {
     QWidget& widget = player.widget(board);
     const double scale = widget.devicePixelRatioF();
     const auto hint = [&](double x, double y) {
@@ -121,34 +120,33 @@ protected:
 
 TEST_F(Windows, ShowAllOfEveryBoardAndMeanTheRightSquares) {
   expectAllWhole();
-  player.menu("mnuNuevoJuego");
+  player.menu(app.frame.mnuNuevoJuego);
   for (int side = 5; side <= 8; ++side) {
-    const std::string text = std::to_string(side);
-    player.choose("comTablero", text + "x" + text);
+    player.choose(app.nuevoJuego.comTablero, side - 5);
     EXPECT_EQ(app.principal.NumColumnas, side);
-    expectNothingCut("frmNuevoJuego");
-    expectEveryPixelOnItsSquare("frmNuevoJuego", side);
+    expectNothingCut(app.nuevoJuego);
+    expectEveryPixelOnItsSquare(app.nuevoJuego.picTablero, side);
     for (const int n : {1, side * side}) {
       app.principal.Casillas(n).Jugador = n == 1 ? 2 : 1;
       app.principal.Casillas(n).TUnidad = falanges::GEN;
     }
     app.enJuego.open();
-    expectNothingCut("frmEnJuego");
+    expectNothingCut(app.enJuego);
     app.enJuego.close();
   }
 }
 
 TEST_F(Windows, LeaveEverySquareInReachOfASmallFrame) {
   app.principal.OpcLimiteFilas = "1"; // units on any row
-  player.menu("mnuNuevoJuego");
-  player.choose("comTablero", "8x8");
-  player.click("picINF");
-  QWidget& frame = player.widget("frmPrincipal");
+  player.menu(app.frame.mnuNuevoJuego);
+  player.choose(app.nuevoJuego.comTablero, 3);
+  player.click(app.nuevoJuego.picINF);
+  QWidget& frame = player.widget(app.frame);
   frame.showNormal();
   frame.resize(400, 300);
   QCoreApplication::processEvents();
   const auto& area = *frame.findChild<QMdiArea*>();
-  QWidget& board = player.widget("picTablero");
+  QWidget& board = player.widget(app.nuevoJuego.picTablero);
   for (int n = 64; n > 32; --n) {
     const QPoint middle = QPoint((n - 1) % 8, (n - 1) / 8) * 1180 / 15 + QPoint(40, 40);
     const QPoint off = board.mapTo(area.viewport(), middle) - area.viewport()->rect().center();
@@ -156,7 +154,7 @@ TEST_F(Windows, LeaveEverySquareInReachOfASmallFrame) {
     area.verticalScrollBar()->setValue(area.verticalScrollBar()->value() + off.y());
     ASSERT_TRUE(area.viewport()->rect().contains(board.mapTo(area.viewport(), middle))) << n;
     QTest::mouseClick(frame.windowHandle(), Qt::LeftButton, {}, board.mapTo(&frame, middle));
-    EXPECT_TRUE(player.find(at("picUnidad", n)) && player.find(at("picUnidad", 65 - n))) << n;
+    EXPECT_TRUE(app.nuevoJuego.picUnidad(n) && app.nuevoJuego.picUnidad(65 - n)) << n;
   }
 }
 
@@ -185,7 +183,7 @@ protected:
 TEST_F(WindowsInLargeType, CutNoText) {
   for (const double larger : {4.0 / 3, 1.0}) {
     expectAllWhole();
-    auto& bar = *player.widget("frmPrincipal").findChild<QMenuBar*>();
+    auto& bar = *player.widget(app.frame).findChild<QMenuBar*>();
     expectEntriesWhole(bar);
     QMenu& menu = *bar.actions().constFirst()->menu();
     menu.popup({});
@@ -197,7 +195,7 @@ TEST_F(WindowsInLargeType, CutNoText) {
       for (int column = 0; column < header.count(); ++column)
         EXPECT_GE(header.sectionSize(column), header.sectionSizeHint(column)) << column;
     });
-    player.menu("mnuCargarJuego");
+    player.menu(app.frame.mnuCargarJuego);
     enlarge(larger);
   }
 }

@@ -1,0 +1,107 @@
+// The whole program before a player who goes by a script, and boards drawn as text.
+//
+// A drawing holds the rows from the top, split by "/": b i c e g are flag, infantry, cavalry,
+// elephants and general, in capitals those of player 1, and "." is an empty square.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "scripted/player.h"
+#include "shell/app.h"
+
+namespace falanges {
+
+using forms::Answer;
+
+// The program's boxes by their names in scripts.
+inline const std::map<std::string, std::string> Boxes = {
+    {"start", "¿Iniciar el juego con la disposición actual de Unidades en el Tablero?"},
+    {"leave", "¿Está seguro de salir y cerrar todo?"},
+    {"unit", "DEBE seleccionar una Unidad y hacer click sobre una casilla del Tablero para "
+             "situarla"},
+    {"rows", "SÓLO se permiten Unidades en las 2 primeras filas"},
+    {"flag", "NO se permite ubicar más de 1 Bandera"},
+    {"seconds", "DEBE colocar un valor entre 5 y 300 segundos de actualización"},
+    {"moves", "DEBE colocar un valor entre 1 y 5 Movimientos por Turno"}};
+
+// The box of the player who wins by a move: "la Bandera", "TODAS las Banderas".
+std::string victory(const std::string& player, const std::string& how);
+
+// Where square n stands in a drawing.
+inline std::size_t place(int n, int side) {
+  return static_cast<std::size_t>(n - 1 + (n - 1) / side);
+}
+std::string blank(int side);
+// The text of a saved game with this board, worked out apart from the program.
+std::string gameFile(const std::string& drawing, const std::string& closing = "1\r\n");
+std::string bytesOf(const std::string& path);
+
+// Each row of a table is what is done, " => ", what is seen then.
+std::pair<std::string, std::string> halves(const std::string& row);
+void walk(const std::vector<std::string>& rows, const std::function<void(const std::string&)>& run,
+          const std::function<std::string()>& seen);
+// Each step of a script, without its comma.
+std::vector<std::string> stepsOf(const std::string& script);
+
+class Game : public testing::Test {
+public:
+  // Past the information box.
+  void start();
+  // Closes the program, whatever is open.
+  void TearDown() override;
+
+  // What a person does, step by step: "click picINF, square 25, menu Opciones, tab".
+  void run(const std::string& script);
+  void walk(const std::vector<std::string>& rows, const std::function<std::string()>& seen) {
+    falanges::walk(
+        rows, [this](const std::string& script) { run(script); }, seen);
+  }
+  void move(int from, int to);
+  // Through its menu entry and the file dialog: "CargarJuego".
+  void choose(const std::string& entry, const std::optional<std::string>& path,
+              const std::string& box = "", const scripted::Meanwhile& meanwhile = {});
+  void load(const std::string& text) { choose("CargarJuego", write("partida", text)); }
+  void layOut(const std::string& text) { choose("CargarPlantilla", write("plantilla", text)); }
+
+  // A file in the program folder, with the system's separators.
+  std::string file(const std::string& name);
+  std::string write(const std::string& name, const std::string& text);
+  void configure(const std::string& text) { write("VornathFalangesZTEE.cfg", text); }
+
+  // The element or window of this name; a test without it cannot go on.
+  template <class T = forms::Element> T& get(const std::string& name) {
+    return dynamic_cast<T&>(find(name));
+  }
+  // On whichever screen is open; nullptr when there is none.
+  forms::Picture* unit(int n);
+  // The board as its pictures show it: "0" stands for a unit without one; a unit that is hidden or
+  // does not stand on its square follows behind.
+  std::string pictures();
+  // Records and pictures both show this board.
+  void expectBoard(const std::string& drawing);
+  // Which of the five entries show, in the order of the menu, and whether the timer runs.
+  std::string menus();
+  // The same with the names of the open child windows: "HSHSS NuevoJuego Opciones".
+  std::string state();
+  std::string status();
+  std::string hint(const std::string& picture, float X, float Y);
+  // All that the open windows show, as a screen reader would tell it.
+  std::string shown();
+
+  std::unique_ptr<scripted::Player> player = scripted::makePlayer();
+  scripted::Player& screen = *player;
+  App app{screen};
+  Principal& principal = app.principal;
+  frmPrincipal& frame = app.frame;
+  frmEnJuego& play = app.enJuego;
+
+private:
+  forms::Element& find(const std::string& name);
+  void act(const std::string& what, const std::string& on, const std::string& value);
+};
+
+} // namespace falanges
