@@ -6,7 +6,7 @@
 
 #include "desktop/qt/accessibility.h"
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/file_dialog.h"
+#include "desktop/qt/dialogs.h"
 #include "desktop/qt/look.h"
 #include "desktop/qt/message_box.h"
 #include "desktop/qt/screen.h"

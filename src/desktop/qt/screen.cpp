@@ -6,17 +6,17 @@
 
 #include "desktop/qt/button_view.h"
 #include "desktop/qt/check_box_view.h"
-#include "desktop/qt/child_window.h"
 #include "desktop/qt/drop_list_view.h"
+#include "desktop/qt/elements.h"
 #include "desktop/qt/form.h"
 #include "desktop/qt/frame_window.h"
 #include "desktop/qt/label_view.h"
-#include "desktop/qt/menu_entry_view.h"
 #include "desktop/qt/own_window.h"
-#include "desktop/qt/picture_view.h"
+#include "desktop/qt/picture.h"
 #include "desktop/qt/text_area_view.h"
 #include "desktop/qt/text_box_view.h"
 #include "desktop/qt/timer_view.h"
+#include "desktop/qt/windows.h"
 
 namespace forms::qt {
 

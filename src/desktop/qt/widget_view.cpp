@@ -23,6 +23,11 @@ MouseButton toForms(Qt::MouseButton button) {
 
 } // namespace
 
+void ElementView::leave() {
+  takeOff();
+  forget();
+}
+
 WidgetView::WidgetView(Element& element, Services services, QWidget* widget)
     : ElementView(element, services, widget), widget_(widget) {
   // The forms layer moves the focus on a click; the Tab key goes through the form.

@@ -1,4 +1,4 @@
-#include "desktop/qt/child_window.h"
+#include "desktop/qt/windows.h"
 
 #include <QAction>
 #include <QCloseEvent>

@@ -1,4 +1,4 @@
-#include "desktop/qt/file_dialog.h"
+#include "desktop/qt/dialogs.h"
 
 #include <algorithm>
 #include <utility>

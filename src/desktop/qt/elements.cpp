@@ -1,4 +1,4 @@
-#include "desktop/qt/menu_entry_view.h"
+#include "desktop/qt/elements.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "desktop/qt/picture_view.h"
+#include "desktop/qt/picture.h"
 
 #include <QMouseEvent>
 
