@@ -1,7 +1,7 @@
 // A button on a form, and its key.
 #pragma once
 
-#include "desktop/qt/widget_view.h"
+#include "desktop/qt/element_view.h"
 #include "forms/elements.h"
 
 class QPushButton;

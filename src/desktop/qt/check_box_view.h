@@ -1,7 +1,7 @@
 // A check box without a caption on a form.
 #pragma once
 
-#include "desktop/qt/widget_view.h"
+#include "desktop/qt/element_view.h"
 #include "forms/elements.h"
 
 class QCheckBox;

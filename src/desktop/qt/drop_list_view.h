@@ -1,7 +1,7 @@
 // A drop-down list without typing on a form.
 #pragma once
 
-#include "desktop/qt/widget_view.h"
+#include "desktop/qt/element_view.h"
 #include "forms/elements.h"
 
 class QComboBox;

@@ -1,7 +1,7 @@
 // An entry of the frame's menu.
 #pragma once
 
-#include "desktop/qt/widget_view.h"
+#include "desktop/qt/element_view.h"
 #include "forms/elements.h"
 
 class QAction;

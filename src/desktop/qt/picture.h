@@ -5,9 +5,9 @@
 
 #include <QPoint>
 
+#include "desktop/qt/element_view.h"
 #include "desktop/qt/mark.h"
 #include "desktop/qt/picture_widget.h"
-#include "desktop/qt/widget_view.h"
 #include "forms/picture.h"
 
 namespace forms::qt {

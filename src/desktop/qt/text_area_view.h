@@ -1,7 +1,7 @@
 // A text box of several lines on a form, with scroll bars both ways.
 #pragma once
 
-#include "desktop/qt/widget_view.h"
+#include "desktop/qt/element_view.h"
 #include "forms/elements.h"
 
 class QPlainTextEdit;

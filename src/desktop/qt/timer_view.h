@@ -3,7 +3,7 @@
 
 #include <QTimer>
 
-#include "desktop/qt/widget_view.h"
+#include "desktop/qt/element_view.h"
 #include "forms/elements.h"
 
 namespace forms::qt {

@@ -1,6 +1,6 @@
 #include "desktop/qt/views.h"
 
-#include "desktop/qt/widget_view.h"
+#include "desktop/qt/element_view.h"
 
 namespace forms::qt {
 

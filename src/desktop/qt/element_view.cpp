@@ -1,4 +1,4 @@
-#include "desktop/qt/widget_view.h"
+#include "desktop/qt/element_view.h"
 
 #include <QCursor>
 #include <QFocusEvent>
