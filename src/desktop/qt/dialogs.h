@@ -1,4 +1,5 @@
-// The program's dialog for opening and saving files, in Spanish on every system.
+// The program's message boxes and its dialog for opening and saving files, in Spanish on every
+// system.
 #pragma once
 
 #include <optional>
@@ -10,8 +11,9 @@ class QWidget;
 
 namespace forms::qt {
 
-// Waits until the person has closed the dialog. The full path with the system's separators; nothing
-// when cancelled. `parent` may be nullptr.
+// Both wait until the person has closed them. `parent` may be nullptr.
+Answer showMessageBox(const MessageBox& box, QWidget* parent);
+// The full path with the system's separators; nothing when cancelled.
 std::optional<std::string> showFileDialog(const FileDialog& dialog, QWidget* parent);
 
 } // namespace forms::qt

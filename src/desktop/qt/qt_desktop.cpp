@@ -8,9 +8,7 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/dialogs.h"
 #include "desktop/qt/look.h"
-#include "desktop/qt/message_box.h"
 #include "desktop/qt/screen.h"
-#include "desktop/qt/spanish.h"
 #include "forms/forms.h"
 
 #ifdef __GLIBC__
