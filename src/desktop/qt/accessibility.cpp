@@ -6,7 +6,7 @@
 #include <QComboBox>
 
 #include "desktop/qt/form.h"
-#include "desktop/qt/picture_widget.h"
+#include "desktop/qt/picture.h"
 
 namespace forms::qt {
 

@@ -4,6 +4,12 @@
 
 namespace forms::qt {
 
+namespace {
+
+constexpr int TwipsPerPixel = 15;
+
+} // namespace
+
 QString toQt(const std::string& text) {
   return QString::fromStdString(text);
 }

@@ -10,13 +10,11 @@
 
 namespace forms::qt {
 
-constexpr int TwipsPerPixel = 15; // logical pixels, 96 to the inch
-
 QString toQt(const std::string& text);
 std::string fromQt(const QString& text);
 QColor toQt(Color color);
 
-// The nearest whole pixel.
+// The nearest whole logical pixel, 96 to the inch.
 int pixels(int twips);
 int twips(int pixels);
 // The whole pixel that a position lies in.

@@ -9,7 +9,7 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/focus_keeper.h"
 #include "desktop/qt/look.h"
-#include "desktop/qt/reporter.h"
+#include "desktop/qt/qt_desktop.h"
 
 namespace forms::qt {
 
@@ -23,28 +23,26 @@ MouseButton toForms(Qt::MouseButton button) {
 
 } // namespace
 
-void ElementView::leave() {
-  takeOff();
-  forget();
+Reporter& ElementView::reporter() const {
+  return desktop_.reporter();
 }
 
-WidgetView::WidgetView(Element& element, Services services, QWidget* widget)
-    : ElementView(element, services, widget), widget_(widget) {
+void ElementView::remove() {
+  detach();
+  reporter().remove(this);
+}
+
+WidgetView::WidgetView(Element& element, QtDesktop& desktop, QWidget* widget)
+    : ElementView(element, desktop, widget), widget_(*widget) {
   // The forms layer moves the focus on a click; the Tab key goes through the form.
   widget->setFocusPolicy(element.takesFocus() ? Qt::TabFocus : Qt::NoFocus);
   widget->setObjectName(toQt(element.name()));
   widget->setFont(fontFor(element.TextFont));
-  watch(widget);
-}
-
-void WidgetView::watch(QWidget* part) {
-  part->installEventFilter(this);
+  watch(*widget);
 }
 
 void WidgetView::sync() {
-  if (!element())
-    return;
-  const Reporter::Quiet quiet(services().reporter);
+  const auto quiet = reporter().quiet();
   syncPlace();
   syncNames();
   syncKind();
@@ -53,28 +51,28 @@ void WidgetView::sync() {
 
 void WidgetView::syncPlace() {
   const QRect place = placeFor(pixelRect(*element()));
-  if (widget_->geometry() != place)
-    widget_->setGeometry(place);
+  if (widget_.geometry() != place)
+    widget_.setGeometry(place);
 }
 
 void WidgetView::syncNames() {
   QString name = toQt(element()->AccessibleName);
   if (name.isEmpty())
     name = caption();
-  if (widget_->accessibleName() != name)
-    widget_->setAccessibleName(name);
+  if (widget_.accessibleName() != name)
+    widget_.setAccessibleName(name);
 
   const QString said = description();
-  if (widget_->accessibleDescription() != said)
-    widget_->setAccessibleDescription(said);
+  if (widget_.accessibleDescription() != said)
+    widget_.setAccessibleDescription(said);
 
   const QString tip = toQt(element()->ToolTipText);
-  if (widget_->toolTip() == tip)
+  if (widget_.toolTip() == tip)
     return;
-  widget_->setToolTip(tip);
+  widget_.setToolTip(tip);
   // A tip on the screen keeps its old text until the pointer moves on.
-  if (QToolTip::isVisible() && widget_->underMouse())
-    QToolTip::showText(QCursor::pos(), tip, widget_);
+  if (QToolTip::isVisible() && widget_.underMouse())
+    QToolTip::showText(QCursor::pos(), tip, &widget_);
 }
 
 QString WidgetView::description() const {
@@ -85,25 +83,26 @@ void WidgetView::syncReach() {
   const bool enabled = element()->Enabled;
   const bool visible = element()->Visible;
   if (!enabled || !visible)
-    services().focus.release(*widget_);
-  if (widget_->isEnabled() != enabled)
-    widget_->setEnabled(enabled);
-  if (widget_->isHidden() != visible)
+    desktop().focus().vanishes(widget_);
+  if (widget_.isEnabled() != enabled)
+    widget_.setEnabled(enabled);
+  if (widget_.isHidden() != visible)
     return;
   if (!visible)
-    tellHidden(*widget_);
-  widget_->setVisible(visible);
+    tellHidden(widget_);
+  widget_.setVisible(visible);
   if (visible)
-    tellShown(*widget_);
+    tellShown(widget_);
 }
 
-void WidgetView::takeOff() {
-  const Reporter::Quiet quiet(services().reporter);
-  services().focus.release(*widget_);
-  if (!widget_->isHidden())
-    tellHidden(*widget_);
-  widget_->hide();
-  services().reporter.bury(widget_);
+void WidgetView::remove() {
+  const auto quiet = reporter().quiet();
+  detach();
+  desktop().focus().vanishes(widget_);
+  if (!widget_.isHidden())
+    tellHidden(widget_);
+  widget_.hide();
+  reporter().remove(&widget_);
 }
 
 bool WidgetView::eventFilter(QObject* watched, QEvent* event) {
@@ -119,7 +118,7 @@ bool WidgetView::eventFilter(QObject* watched, QEvent* event) {
     released(*static_cast<QMouseEvent*>(event));
     return true;
   case QEvent::FocusIn:
-    services().focus.arrived(*element());
+    desktop().focus().arrived(*element());
     return false;
   default:
     return false;
@@ -128,10 +127,10 @@ bool WidgetView::eventFilter(QObject* watched, QEvent* event) {
 
 bool WidgetView::pressed(const QMouseEvent& event) {
   const MouseButton button = toForms(event.button());
-  services().focus.useKeyboard(false);
+  desktop().focus().useKeyboard(false);
   const bool goesOn =
-      services().reporter.report([&](Forms& forms) { return forms.pressed(*element(), button); });
-  const bool usable = goesOn && element() && widget_->isVisible() && widget_->isEnabled();
+      reporter().report([&](Forms& forms) { return forms.pressed(*element(), button); });
+  const bool usable = goesOn && element() && widget_.isVisible() && widget_.isEnabled();
   armed_ = usable && button == MouseButton::Left;
   return usable && clicks_ == Clicks::OfWidget;
 }
@@ -140,14 +139,12 @@ void WidgetView::released(const QMouseEvent& event) {
   if (event.button() != Qt::LeftButton || !armed_)
     return;
   armed_ = false;
-  if (widget_->rect().contains(wholePixel(event.position())))
+  if (widget_.rect().contains(wholePixel(event.position())))
     click();
 }
 
 void WidgetView::click() {
-  if (services().reporter.isQuiet() || !element())
-    return;
-  services().reporter.report([this](Forms& forms) { forms.clicked(*element()); });
+  reportUse([this](Forms& forms) { forms.clicked(*element()); });
 }
 
 } // namespace forms::qt

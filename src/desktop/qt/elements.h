@@ -1,35 +1,16 @@
-// An entry of the frame's menu.
+// The views of all elements but the windows: label, text box, check box, list, button, menu entry
+// and timer, and of the pictures that stand among them.
 #pragma once
 
-#include "desktop/qt/element_view.h"
-#include "forms/elements.h"
-
-class QAction;
-class QActionGroup;
-class QMenu;
-class QMenuBar;
+#include "forms/element.h"
 
 namespace forms::qt {
 
-class MenuEntryView final : public ElementView {
-public:
-  // `above` is the menu that holds the entry; nullptr: the menu bar does.
-  MenuEntryView(MenuEntry& entry, Services services, QMenuBar* bar, MenuEntryView* above);
+class ElementView;
+class QtDesktop;
+class WindowView;
 
-  void sync() override;
-
-protected:
-  void takeOff() override;
-
-private:
-  void chosen();
-  // Puts the open child windows at the menu's foot.
-  void listWindows();
-  void listWindow(Window& window, int number);
-
-  QAction* action_ = nullptr;
-  QMenu* menu_ = nullptr;           // set when the entry has entries below it
-  QActionGroup* windows_ = nullptr; // the open child windows, with the line above them
-};
+// Makes the view of an element that stands on `window`, which must have a place for it.
+ElementView* makeView(Element& element, WindowView& window, QtDesktop& desktop);
 
 } // namespace forms::qt

@@ -8,10 +8,9 @@
 #include <QMdiSubWindow>
 
 #include "desktop/qt/form.h"
-#include "desktop/qt/mark.h"
-#include "desktop/qt/reporter.h"
-#include "desktop/qt/views.h"
-#include "desktop/qt/window_view.h"
+#include "desktop/qt/picture.h"
+#include "desktop/qt/qt_desktop.h"
+#include "desktop/qt/windows.h"
 
 namespace forms::qt {
 
@@ -24,14 +23,13 @@ void FocusKeeper::watch(QMdiArea& area) {
 }
 
 void FocusKeeper::give(Element& element) {
-  const Reporter::Quiet quiet(reporter_);
-  QWidget* const widget = views_.widgetOf(element);
-  if (!widget)
-    return;
-  widget->window()->setAttribute(Qt::WA_KeyboardFocusChange, keyboard_);
+  const auto quiet = desktop_.reporter().quiet();
+  const auto& view = desktop_.viewOf<WidgetView>(element);
+  QWidget& widget = view.widget();
+  widget.window()->setAttribute(Qt::WA_KeyboardFocusChange, keyboard_);
   // A text that the keyboard comes to is selected: typing replaces it.
-  widget->setFocus(keyboard_ ? Qt::TabFocusReason : Qt::OtherFocusReason);
-  mark(element, *widget);
+  widget.setFocus(keyboard_ ? Qt::TabFocusReason : Qt::OtherFocusReason);
+  mark(view);
 }
 
 void FocusKeeper::useKeyboard(bool used) {
@@ -40,45 +38,38 @@ void FocusKeeper::useKeyboard(bool used) {
     delete mark_;
 }
 
-// Qt's style marks the other kinds by itself, and on a board the cursor shows the place.
-void FocusKeeper::mark(const Element& element, QWidget& widget) {
+void FocusKeeper::mark(const WidgetView& view) {
   delete mark_;
-  bool markable = element.kind() == Kind::CheckBox;
-  if (element.kind() == Kind::Picture) {
-    const auto& picture = static_cast<const Picture&>(element);
-    markable = picture.cursorSquare == 0 && picture.index() == 0;
-  }
-  if (!keyboard_ || !markable)
+  if (!keyboard_ || !view.needsMark())
     return;
   constexpr int Width = 1; // pixels
   constexpr int Distance = 3;
+  const QWidget& widget = view.widget();
   mark_ = new Mark(widget.parentWidget(), Width);
   mark_->setGeometry(widget.geometry().adjusted(-Distance, -Distance, Distance, Distance));
   mark_->show();
 }
 
 void FocusKeeper::activate(Window& child) {
-  const Reporter::Quiet quiet(reporter_);
-  WindowView* const view = views_.of(child);
-  if (!view || !area_)
-    return;
-  area_->setActiveSubWindow(static_cast<QMdiSubWindow*>(view->widget()));
+  const auto quiet = desktop_.reporter().quiet();
+  QWidget& widget = desktop_.viewOf<WindowView>(child).widget();
+  area_->setActiveSubWindow(static_cast<QMdiSubWindow*>(&widget));
   focus(child);
 }
 
-void FocusKeeper::release(QWidget& widget) {
+void FocusKeeper::vanishes(QWidget& widget) {
   QWidget* const top = widget.window();
   QWidget* const holder = top->focusWidget();
   if (!holder || (holder != &widget && !widget.isAncestorOf(holder)))
     return;
-  const Reporter::Quiet quiet(reporter_);
+  const auto quiet = desktop_.reporter().quiet();
   delete mark_;
   if (QWidget* form = widget.parentWidget())
     form->setFocus(Qt::OtherFocusReason);
 }
 
 void FocusKeeper::arrived(Element& element) {
-  if (reporter_.isQuiet() || element.window().focused() == &element)
+  if (desktop_.reporter().isQuiet() || element.window().focused() == &element)
     return;
   arrived_ = settling_ ? nullptr : &element;
   later();
@@ -104,15 +95,16 @@ void FocusKeeper::look() {
   // Behind a menu, a list or a box everything keeps its place until they have gone.
   if (!holder || QApplication::activePopupWidget())
     return;
-  if (Element* const element = openElement(wished); element && views_.widgetOf(*element) == holder)
-    if (reporter_.report([&](Forms& forms) { return forms.focusMoved(*element); }))
+  if (Element* const element = openElement(wished);
+      element && &desktop_.viewOf<WidgetView>(*element).widget() == holder)
+    if (desktop_.reporter().report([&](Forms& forms) { return forms.focusMoved(*element); }))
       return;
   realign();
 }
 
 // The same address, if it is still an element of a window on the screen.
 Element* FocusKeeper::openElement(const Element* address) const {
-  for (const Window* window : reporter_.forms().openWindows()) {
+  for (const Window* window : desktop_.reporter().forms().openWindows()) {
     const auto& elements = window->elements();
     const auto found = std::find(elements.begin(), elements.end(), address);
     if (found != elements.end())
@@ -125,14 +117,13 @@ void FocusKeeper::childActivated() {
   QMdiSubWindow* const sub = area_ ? area_->activeSubWindow() : nullptr;
   if (!sub)
     return; // another program, or the last child has gone
-  Forms& forms = reporter_.forms();
+  Forms& forms = desktop_.reporter().forms();
   for (Window* window : forms.openWindows()) {
-    WindowView* const view = views_.of(*window);
-    if (!view || view->widget() != sub)
+    if (&desktop_.viewOf<WindowView>(*window).widget() != sub)
       continue;
     if (window == forms.activeChild())
       return;
-    if (!settling_ && reporter_.report([&](Forms& f) { return f.activated(*window); }))
+    if (!settling_ && desktop_.reporter().report([&](Forms& f) { return f.activated(*window); }))
       return;
     break;
   }
@@ -141,25 +132,23 @@ void FocusKeeper::childActivated() {
 
 void FocusKeeper::realign() {
   QWidget* const active = QApplication::activeWindow();
-  for (Window* window : reporter_.forms().openWindows()) {
-    WindowView* const view = views_.of(*window);
-    if (!view || view->widget() != active)
+  for (Window* window : desktop_.reporter().forms().openWindows()) {
+    if (&desktop_.viewOf<WindowView>(*window).widget() != active)
       continue;
     if (window->windowKind() == WindowKind::Own)
       return focus(*window);
-    if (Window* child = reporter_.forms().activeChild())
+    if (Window* child = desktop_.reporter().forms().activeChild())
       activate(*child);
     return;
   }
 }
 
 void FocusKeeper::focus(Window& window) {
-  const Reporter::Quiet quiet(reporter_);
-  QWidget* holder = window.focused() ? views_.widgetOf(*window.focused()) : nullptr;
-  if (WindowView* const view = views_.of(window); !holder && view)
-    holder = view->form();
-  if (holder && !holder->hasFocus())
-    holder->setFocus(Qt::OtherFocusReason);
+  const auto quiet = desktop_.reporter().quiet();
+  QWidget& holder = window.focused() ? desktop_.viewOf<WidgetView>(*window.focused()).widget()
+                                     : desktop_.viewOf<WindowView>(window).form();
+  if (!holder.hasFocus())
+    holder.setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace forms::qt

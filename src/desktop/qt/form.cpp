@@ -9,8 +9,7 @@
 #include <QPainter>
 
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/focus_keeper.h"
-#include "desktop/qt/reporter.h"
+#include "desktop/qt/qt_desktop.h"
 
 namespace forms::qt {
 
@@ -50,7 +49,7 @@ bool isArrow(Key key) {
 
 } // namespace
 
-Form::Form(Window& window, Services services) : services_(services), window_(&window) {
+Form::Form(Window& window, QtDesktop& desktop) : desktop_(desktop), window_(&window) {
   setObjectName(toQt(window.name()));
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -86,7 +85,7 @@ void Form::mousePressEvent(QMouseEvent* event) {
   event->accept();
   if (!window_ || window_->windowKind() != WindowKind::Child)
     return;
-  services_.reporter.report([this](Forms& forms) { return forms.activated(*window_); });
+  desktop_.reporter().report([this](Forms& forms) { return forms.activated(*window_); });
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
@@ -97,18 +96,18 @@ void Form::keyPressEvent(QKeyEvent* event) {
   // A key held down moves on and on, but presses once.
   if (event->isAutoRepeat() && !isArrow(*key))
     return;
-  services_.focus.useKeyboard(true);
+  desktop_.focus().useKeyboard(true);
   const int digit = *key == Key::Digit ? event->key() - Qt::Key_0 : 0;
-  event->setAccepted(services_.reporter.report(
+  event->setAccepted(desktop_.reporter().report(
       [&](Forms& forms) { return forms.keyPressed(*window_, *key, digit); }));
 }
 
 // Qt asks also when the widget with the focus vanishes; nothing of that concerns the forms layer.
 bool Form::focusNextPrevChild(bool next) {
-  if (!window_ || services_.reporter.isQuiet())
+  if (!window_ || desktop_.reporter().isQuiet())
     return true;
-  services_.focus.useKeyboard(true);
-  services_.reporter.report([&](Forms& forms) { forms.tabbed(*window_, next); });
+  desktop_.focus().useKeyboard(true);
+  desktop_.reporter().report([&](Forms& forms) { forms.tabbed(*window_, next); });
   return true;
 }
 

@@ -1,73 +1,208 @@
 #include "desktop/qt/picture.h"
 
+#include <limits>
+#include <optional>
+#include <utility>
+
 #include <QMouseEvent>
+#include <QPainter>
+#include <QVariant>
 
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/reporter.h"
-#include "desktop/qt/stacking.h"
+#include "desktop/qt/element_view.h"
+#include "desktop/qt/picture_store.h"
+#include "desktop/qt/qt_desktop.h"
 
 namespace forms::qt {
 
+// --- What lies in front of what ------------------------------------------------------------------
+
 namespace {
 
-constexpr int CursorWidth = 3; // pixels
+// Rank of what lies in front of every element.
+constexpr int FrontRank = std::numeric_limits<int>::max();
+
+// Moves the widget behind all of its form that have a higher rank and in front of all others. A
+// widget that was never given a rank has rank 0.
+void setStackingRank(QWidget& widget, int rank) {
+  constexpr const char* RankProperty = "stackingRank";
+  widget.setProperty(RankProperty, rank);
+  // From the hindmost to the frontmost.
+  for (QObject* sibling : widget.parentWidget()->children()) {
+    auto* const other = qobject_cast<QWidget*>(sibling);
+    if (other && other != &widget && other->property(RankProperty).toInt() > rank)
+      return widget.stackUnder(other);
+  }
+  widget.raise();
+}
 
 } // namespace
 
-PictureView::PictureView(Picture& picture, Services services, QWidget* form)
-    : WidgetView(picture, services, new PictureWidget(services.pictures, form)) {
+// --- Mark ----------------------------------------------------------------------------------------
+
+Mark::Mark(QWidget* form, int width) : QWidget(form), width_(width) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setStackingRank(*this, FrontRank);
+  hide();
+}
+
+// Yellow between two dark lines: it shows on both tones of a board and on either side's units.
+void Mark::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const auto frame = [&](int inset, const QColor& color) {
+    painter.setPen(color);
+    painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
+  };
+  frame(0, Qt::black);
+  for (int inset = 1; inset <= width_; ++inset)
+    frame(inset, QColor(255, 214, 0));
+  frame(width_ + 1, Qt::black);
+}
+
+// --- What is drawn -------------------------------------------------------------------------------
+
+namespace {
+
+void drawBorder(QPainter& painter, const QRect& rect) {
+  painter.setPen(Qt::black);
+  painter.drawRect(rect.adjusted(0, 0, -1, -1));
+}
+
+// A slanted edge that catches the light from the top left, between two dark lines, so that it shows
+// on light and on dark pictures.
+void drawRaised(QPainter& painter, const QRect& rect) {
+  constexpr int EdgeWidth = 4;
+  const QColor lit(255, 244, 190);
+  const QColor shaded(150, 106, 0);
+  for (int i = 1; i <= EdgeWidth; ++i) {
+    const QRect line = rect.adjusted(i, i, -i - 1, -i - 1);
+    painter.setPen(lit);
+    painter.drawLine(line.topLeft(), line.topRight());
+    painter.drawLine(line.topLeft(), line.bottomLeft());
+    painter.setPen(shaded);
+    painter.drawLine(line.bottomLeft(), line.bottomRight());
+    painter.drawLine(line.topRight(), line.bottomRight());
+  }
+  constexpr int Inner = EdgeWidth + 1;
+  drawBorder(painter, rect);
+  drawBorder(painter, rect.adjusted(Inner, Inner, -Inner, -Inner));
+}
+
+} // namespace
+
+PictureWidget::PictureWidget(PictureStore& pictures, QWidget* form)
+    : QWidget(form), pictures_(pictures) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setMouseTracking(true);
+}
+
+void PictureWidget::setLooks(Looks looks) {
+  if (looks == looks_)
+    return;
+  looks_ = std::move(looks);
+  update();
+}
+
+void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const int frame = looks_.border ? 1 : 0;
+  const QRect inner = rect().adjusted(frame, frame, -frame, -frame);
+  const QPixmap pixmap = looks_.path.isEmpty()
+                             ? QPixmap()
+                             : pictures_.pixmap(looks_.path, inner.size(), devicePixelRatioF());
+  if (pixmap.isNull())
+    painter.fillRect(inner, looks_.background);
+  else
+    painter.drawPixmap(inner.topLeft(), pixmap); // pixel by pixel
+  if (looks_.border)
+    drawBorder(painter, rect());
+  if (looks_.raised)
+    drawRaised(painter, rect());
+}
+
+// --- The element ---------------------------------------------------------------------------------
+
+namespace {
+
+class PictureView final : public ViewOf<Picture, PictureWidget> {
+public:
+  PictureView(Picture& picture, QtDesktop& desktop, QWidget* form);
+  void remove() override;
+  bool needsMark() const override;
+
+protected:
+  void syncKind() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  int frame() const { return shown().Border ? 1 : 0; }
+  // Pixels of the cursor's square on the form; nothing while the keyboard's cursor is not here.
+  std::optional<QRect> cursorPlace() const;
+  void syncCursor();
+  void movedTo(QPointF position);
+  void press();
+
+  int shownRank_ = -1;
+  Mark* cursor_ = nullptr;        // made at its first use
+  std::optional<QPoint> pointer_; // whole pixels, as last reported
+};
+
+PictureView::PictureView(Picture& picture, QtDesktop& desktop, QWidget* form)
+    : ViewOf(picture, desktop, new PictureWidget(desktop.pictures(), form)) {
   setClicks(Clicks::OfMouse);
-  canvas().isButton = static_cast<bool>(picture.Click);
   // Later, for the press may end in a message box, and the screen reader waits for its call's end.
-  canvas().press = [this] {
+  widget().press = [this] {
     QMetaObject::invokeMethod(
         this, [this] { press(); }, Qt::QueuedConnection);
   };
 }
 
 void PictureView::syncKind() {
-  const Picture& shown = *picture();
   const QColor background =
-      shown.BackColor ? toQt(*shown.BackColor) : widget()->palette().color(QPalette::Base);
-  canvas().setLooks({toQt(shown.picturePath()), shown.Appearance == 1, shown.Border, background});
-  canvas().isButton = static_cast<bool>(shown.Click);
-  syncStacking();
+      shown().BackColor ? toQt(*shown().BackColor) : widget().palette().color(QPalette::Base);
+  widget().setLooks(
+      {toQt(shown().picturePath()), shown().Appearance == 1, shown().Border, background});
+  widget().isButton = static_cast<bool>(shown().Click);
+  // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
+  if (const int rank = shown().zOrderRank; std::exchange(shownRank_, rank) != rank)
+    setStackingRank(widget(), rank);
   syncCursor();
 }
 
-// Qt stacks in the order of making, as the forms layer does; only the rank must be told.
-void PictureView::syncStacking() {
-  const int rank = picture()->zOrderRank;
-  if (shownRank_ == rank)
-    return;
-  shownRank_ = rank;
-  setStackingRank(*widget(), rank);
+std::optional<QRect> PictureView::cursorPlace() const {
+  const Picture& board = shown();
+  const int square = board.cursorSquare - 1; // from 0
+  const int columns = board.grid.columns();
+  const int side = board.grid.side();
+  if (square < 0 || columns == 0)
+    return std::nullopt;
+  const QPoint corner(pixels(square % columns * side), pixels(square / columns * side));
+  return QRect(widget().pos() + QPoint(frame(), frame()) + corner,
+               QSize(pixels(side), pixels(side)));
+}
+
+// On a board the cursor shows the place, also that of a unit.
+bool PictureView::needsMark() const {
+  return shown().index() == 0 && shown().cursorSquare == 0;
 }
 
 void PictureView::syncCursor() {
-  const Picture& board = *picture();
-  const int square = board.cursorSquare - 1; // from 0
-  if (square < 0 || board.grid.columns() == 0) {
-    if (cursor_)
-      cursor_->hide();
-    return;
-  }
-  if (!cursor_)
-    cursor_ = new Mark(widget()->parentWidget(), CursorWidth);
-  const int frame = board.Border ? 1 : 0;
-  const int side = pixels(board.grid.side());
-  const QPoint corner(pixels(square % board.grid.columns() * board.grid.side()),
-                      pixels(square / board.grid.columns() * board.grid.side()));
-  cursor_->setGeometry(QRect(widget()->pos() + QPoint(frame, frame) + corner, QSize(side, side)));
-  cursor_->setVisible(board.Visible);
+  constexpr int CursorWidth = 3; // pixels
+  const std::optional<QRect> place = cursorPlace();
+  if (place && !cursor_)
+    cursor_ = new Mark(widget().parentWidget(), CursorWidth);
+  if (place)
+    cursor_->setGeometry(*place);
+  if (cursor_)
+    cursor_->setVisible(place && shown().Visible);
 }
 
-void PictureView::takeOff() {
+void PictureView::remove() {
   if (cursor_) {
     cursor_->hide();
-    services().reporter.bury(cursor_);
+    reporter().remove(cursor_);
   }
-  WidgetView::takeOff();
+  WidgetView::remove();
 }
 
 bool PictureView::eventFilter(QObject* watched, QEvent* event) {
@@ -90,24 +225,27 @@ bool PictureView::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PictureView::movedTo(QPointF position) {
-  const int frame = picture()->Border ? 1 : 0;
-  const QPoint pixel = wholePixel(position) - QPoint(frame, frame);
-  if (pointer_ == pixel)
+  const QPoint pixel = wholePixel(position) - QPoint(frame(), frame());
+  if (std::exchange(pointer_, pixel) == pixel)
     return;
-  pointer_ = pixel;
-  services().reporter.report([&](Forms& forms) {
-    forms.moved(*picture(), static_cast<float>(twips(pixel.x())),
+  reporter().report([&](Forms& forms) {
+    forms.moved(shown(), static_cast<float>(twips(pixel.x())),
                 static_cast<float>(twips(pixel.y())));
   });
 }
 
 void PictureView::press() {
-  if (!element())
-    return;
-  const bool goesOn = services().reporter.report(
-      [this](Forms& forms) { return forms.pressed(*element(), MouseButton::Left); });
+  const bool goesOn = element() && reporter().report([this](Forms& forms) {
+    return forms.pressed(shown(), MouseButton::Left);
+  });
   if (goesOn)
     click();
+}
+
+} // namespace
+
+ElementView* makePictureView(Picture& picture, QtDesktop& desktop, QWidget* form) {
+  return new PictureView(picture, desktop, form);
 }
 
 } // namespace forms::qt

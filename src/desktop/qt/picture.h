@@ -1,37 +1,60 @@
-// A picture element on a form.
+// Pictures on a form, and the frames that mark a place in front of them.
 #pragma once
 
-#include <optional>
+#include <functional>
 
-#include <QPoint>
+#include <QColor>
+#include <QWidget>
 
-#include "desktop/qt/element_view.h"
-#include "desktop/qt/mark.h"
-#include "desktop/qt/picture_widget.h"
 #include "forms/picture.h"
 
 namespace forms::qt {
 
-class PictureView final : public WidgetView {
+class ElementView;
+class PictureStore;
+class QtDesktop;
+
+ElementView* makePictureView(Picture& picture, QtDesktop& desktop, QWidget* form);
+
+// Draws a picture element: picture, frame, raised look.
+class PictureWidget final : public QWidget {
 public:
-  PictureView(Picture& picture, Services services, QWidget* form);
+  PictureWidget(PictureStore& pictures, QWidget* form);
+
+  struct Looks {
+    QString path; // empty: no picture
+    bool raised = false;
+    bool border = false; // one pixel on each side
+    QColor background;   // where there is no picture
+    bool operator==(const Looks&) const = default;
+  };
+  void setLooks(Looks looks);
+
+  // Whether a screen reader finds a thing to press here.
+  bool isButton = false;
+  // What a screen reader's press does.
+  std::function<void()> press;
 
 protected:
-  void syncKind() override;
-  void takeOff() override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
 private:
-  Picture* picture() const { return elementAs<Picture>(); }
-  PictureWidget& canvas() const { return *static_cast<PictureWidget*>(widget()); }
-  void syncStacking();
-  void syncCursor();
-  void movedTo(QPointF position);
-  void press();
+  PictureStore& pictures_;
+  Looks looks_;
+};
 
-  int shownRank_ = -1;
-  Mark* cursor_ = nullptr;        // made at its first use
-  std::optional<QPoint> pointer_; // whole pixels, as last reported
+// Marks a place for who plays with the keyboard: lies in front of everything on its form and lets
+// the mouse through.
+class Mark final : public QWidget {
+public:
+  // The line's width in pixels, without the two dark lines beside it.
+  Mark(QWidget* form, int width);
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  int width_;
 };
 
 } // namespace forms::qt

@@ -1,44 +1,51 @@
-// A child window inside the frame: fixed in size, with a close box.
+// What stands on the screen for one window: the frame, a child window inside it, or one of its own.
 #pragma once
 
-#include <QMdiSubWindow>
-
-#include "desktop/qt/services.h"
-#include "desktop/qt/window_view.h"
+#include "desktop/qt/element_view.h"
 #include "forms/window.h"
 
-class QMdiArea;
+class QEventLoop;
 
 namespace forms::qt {
 
-class ChildWindow final : public QMdiSubWindow, public WindowView {
-public:
-  ChildWindow(Window& window, Services services, QMdiArea& area);
+class Form;
 
-  QWidget* widget() override { return this; }
-  Form* form() override { return form_; }
-  void sync() override;
-  void appear() override;
-  void leave() override;
+// The common part of all windows. The view watches the widget's events; the widget owns the view.
+class WindowView : public ElementView {
+public:
+  // Title and icon, size and place.
+  void sync() final;
+  void detach() final;
+  void remove() override;
+  QWidget& widget() const { return widget_; }
+  // The area that holds the elements. Only a frame with a menu has none.
+  Form& form() const;
+  // A frame with a menu has all its room filled with child windows; menu and timer need none.
+  bool hasPlaceFor(const Element& element) const;
+  // Shows the window once all its elements are there.
+  virtual void appear() = 0;
+  // Handles the person's actions until the window has been removed.
+  void waitUntilRemoved();
 
 protected:
-  void closeEvent(QCloseEvent* event) override;
-  void contextMenuEvent(QContextMenuEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void moveEvent(QMoveEvent* event) override;
+  // `form` may be nullptr.
+  WindowView(Window& window, QtDesktop& desktop, QWidget* widget, Form* form);
+
+  // To be asked only while there is a window.
+  Window& window() const { return elementAs<Window>(); }
+  virtual void syncPlace() {}
+  // Pixels around the form and a decoration of this size: as the window wants it, and more where an
+  // element would be cut.
+  QSize sizeAround(QSize decoration) const;
+  void moveToPlace();
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-  void makeSystemMenu();
-  // Gives the window its size, and more where its frame would cut an element.
-  void fit();
-  // Top and Left follow where the window stands.
-  void tellPlace();
-
-  Services services_;
-  Window* window_; // nullptr once it has gone
-  QMdiArea& area_;
+  QWidget& widget_;
   Form* form_;
-  bool tellingPlace_ = false;
+  QPointer<QEventLoop> waiting_; // set while somebody waits for the window to close
 };
+
+WindowView* makeView(Window& window, QtDesktop& desktop);
 
 } // namespace forms::qt
