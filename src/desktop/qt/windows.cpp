@@ -1,5 +1,7 @@
 #include "desktop/qt/windows.h"
 
+#include <algorithm>
+
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -101,6 +103,12 @@ bool WindowView::eventFilter(QObject* watched, QEvent* event) {
 namespace {
 
 // --- The frame: menu bar and area of child windows -----------------------------------------------
+
+bool hasMenu(const Window& window) {
+  const auto& elements = window.elements();
+  return std::any_of(elements.begin(), elements.end(),
+                     [](const Element* element) { return element->kind() == Kind::MenuEntry; });
+}
 
 class FrameView final : public WindowView {
 public:
@@ -257,7 +265,7 @@ void ChildView::tellPlace() {
 
 // --- A window of its own: fixed in size, with a close box ----------------------------------------
 
-// Stays in front of the frame, if there is one.
+// Stays in front of the frame, if there is one. A frame without a menu is such a window too.
 class OwnView final : public WindowView {
 public:
   OwnView(Window& window, QtDesktop& desktop)
@@ -292,7 +300,7 @@ private:
 WindowView* makeView(Window& window, QtDesktop& desktop) {
   if (window.windowKind() == WindowKind::Child)
     return new ChildView(window, desktop);
-  if (window.windowKind() == WindowKind::Frame)
+  if (window.windowKind() == WindowKind::Frame && hasMenu(window))
     return new FrameView(window, desktop);
   return new OwnView(window, desktop);
 }
