@@ -206,8 +206,9 @@ void PictureView::remove() {
 }
 
 bool PictureView::eventFilter(QObject* watched, QEvent* event) {
+  // What the mouse still does here is meant for no other element either.
   if (!element())
-    return true;
+    return event->isInputEvent();
   switch (event->type()) {
   case QEvent::MouseMove:
   case QEvent::MouseButtonPress:
