@@ -43,16 +43,11 @@ WidgetView::WidgetView(Element& element, QtDesktop& desktop, QWidget* widget)
 
 void WidgetView::sync() {
   const auto quiet = reporter().quiet();
-  syncPlace();
+  if (const QRect place = placeFor(pixelRect(*element())); widget_.geometry() != place)
+    widget_.setGeometry(place);
   syncNames();
   syncKind();
   syncReach();
-}
-
-void WidgetView::syncPlace() {
-  const QRect place = placeFor(pixelRect(*element()));
-  if (widget_.geometry() != place)
-    widget_.setGeometry(place);
 }
 
 void WidgetView::syncNames() {
@@ -89,10 +84,10 @@ void WidgetView::syncReach() {
   if (widget_.isHidden() != visible)
     return;
   if (!visible)
-    tellHidden(widget_);
+    tellSight(widget_, false);
   widget_.setVisible(visible);
   if (visible)
-    tellShown(widget_);
+    tellSight(widget_, true);
 }
 
 void WidgetView::remove() {
@@ -100,14 +95,14 @@ void WidgetView::remove() {
   detach();
   desktop().focus().vanishes(widget_);
   if (!widget_.isHidden())
-    tellHidden(widget_);
+    tellSight(widget_, false);
   widget_.hide();
   reporter().remove(&widget_);
 }
 
-bool WidgetView::eventFilter(QObject* watched, QEvent* event) {
+bool WidgetView::eventFilter(QObject* /*watched*/, QEvent* event) {
   if (!element())
-    return ElementView::eventFilter(watched, event);
+    return false;
   switch (event->type()) {
   case QEvent::MouseButtonPress:
   case QEvent::MouseButtonDblClick: // the second press of two quick ones
@@ -118,7 +113,7 @@ bool WidgetView::eventFilter(QObject* watched, QEvent* event) {
     released(*static_cast<QMouseEvent*>(event));
     return true;
   case QEvent::FocusIn:
-    desktop().focus().arrived(*element());
+    desktop().focus().arrived(*this);
     return false;
   default:
     return false;

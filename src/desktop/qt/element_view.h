@@ -18,6 +18,8 @@ public:
   ElementView(Element& element, QtDesktop& desktop, QObject* parent)
       : QObject(parent), desktop_(desktop), element_(&element) {}
 
+  // nullptr once the element has gone.
+  Element* element() const { return element_; }
   // Shows what the element's properties say now. Reports nothing.
   virtual void sync() = 0;
   // The element goes: never looks at it again.
@@ -28,8 +30,6 @@ public:
 protected:
   QtDesktop& desktop() const { return desktop_; }
   Reporter& reporter() const;
-  // nullptr once the element has gone.
-  Element* element() const { return element_; }
   template <class T> T& elementAs() const { return static_cast<T&>(*element_); }
 
 private:
@@ -80,7 +80,6 @@ protected:
   void click();
 
 private:
-  void syncPlace();
   void syncNames();
   void syncReach();
   // Whether the widget shall handle the press.

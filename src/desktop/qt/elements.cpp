@@ -206,7 +206,10 @@ public:
         connect(menu_, &QMenu::aboutToShow, this, [this] { listWindows(); });
     } else {
       action_ = new QAction(this);
-      connect(action_, &QAction::triggered, this, [this] { chosen(); });
+      connect(action_, &QAction::triggered, this, [this] {
+        if (element())
+          reporter().report([this](Forms& forms) { forms.menuChosen(elementAs<MenuEntry>()); });
+      });
     }
     action_->setObjectName(toQt(entry.name()));
     QWidget* holder = bar;
@@ -229,11 +232,6 @@ private:
              return element->kind() == Kind::MenuEntry &&
                     static_cast<MenuEntry*>(element)->parent == &entry;
            });
-  }
-
-  void chosen() {
-    if (element())
-      reporter().report([this](Forms& forms) { forms.menuChosen(elementAs<MenuEntry>()); });
   }
 
   // Puts the open child windows at the menu's foot, below a line.

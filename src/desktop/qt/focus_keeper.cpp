@@ -1,6 +1,5 @@
 #include "desktop/qt/focus_keeper.h"
 
-#include <algorithm>
 #include <utility>
 
 #include <QApplication>
@@ -68,10 +67,11 @@ void FocusKeeper::vanishes(QWidget& widget) {
     form->setFocus(Qt::OtherFocusReason);
 }
 
-void FocusKeeper::arrived(Element& element) {
+void FocusKeeper::arrived(WidgetView& view) {
+  const Element& element = *view.element();
   if (desktop_.reporter().isQuiet() || element.window().focused() == &element)
     return;
-  arrived_ = settling_ ? nullptr : &element;
+  arrived_ = settling_ ? nullptr : &view;
   later();
 }
 
@@ -90,26 +90,21 @@ void FocusKeeper::later() {
 void FocusKeeper::look() {
   looking_ = false;
   settling_ = false;
-  const Element* const wished = std::exchange(arrived_, nullptr);
+  const QPointer<WidgetView> wished = std::exchange(arrived_, nullptr);
   QWidget* const holder = QApplication::focusWidget();
   // Behind a menu, a list or a box everything keeps its place until they have gone.
   if (!holder || QApplication::activePopupWidget())
     return;
-  if (Element* const element = openElement(wished);
-      element && &desktop_.viewOf<WidgetView>(*element).widget() == holder)
-    if (desktop_.reporter().report([&](Forms& forms) { return forms.focusMoved(*element); }))
+  if (wished && wished->element() && &wished->widget() == holder)
+    if (desktop_.reporter().report([&](Forms& f) { return f.focusMoved(*wished->element()); }))
       return;
   realign();
 }
 
-// The same address, if it is still an element of a window on the screen.
-Element* FocusKeeper::openElement(const Element* address) const {
-  for (const Window* window : desktop_.reporter().forms().openWindows()) {
-    const auto& elements = window->elements();
-    const auto found = std::find(elements.begin(), elements.end(), address);
-    if (found != elements.end())
-      return *found;
-  }
+Window* FocusKeeper::windowOf(const QWidget* widget) const {
+  for (Window* window : desktop_.reporter().forms().openWindows())
+    if (&desktop_.viewOf<WindowView>(*window).widget() == widget)
+      return window;
   return nullptr;
 }
 
@@ -117,30 +112,22 @@ void FocusKeeper::childActivated() {
   QMdiSubWindow* const sub = area_ ? area_->activeSubWindow() : nullptr;
   if (!sub)
     return; // another program, or the last child has gone
-  Forms& forms = desktop_.reporter().forms();
-  for (Window* window : forms.openWindows()) {
-    if (&desktop_.viewOf<WindowView>(*window).widget() != sub)
-      continue;
-    if (window == forms.activeChild())
-      return;
-    if (!settling_ && desktop_.reporter().report([&](Forms& f) { return f.activated(*window); }))
-      return;
-    break;
-  }
+  Window* const window = windowOf(sub);
+  if (window && window == desktop_.reporter().forms().activeChild())
+    return;
+  if (window && !settling_ &&
+      desktop_.reporter().report([&](Forms& forms) { return forms.activated(*window); }))
+    return;
   realign();
 }
 
 void FocusKeeper::realign() {
-  QWidget* const active = QApplication::activeWindow();
-  for (Window* window : desktop_.reporter().forms().openWindows()) {
-    if (&desktop_.viewOf<WindowView>(*window).widget() != active)
-      continue;
-    if (window->windowKind() == WindowKind::Own)
-      return focus(*window);
-    if (Window* child = desktop_.reporter().forms().activeChild())
-      activate(*child);
-    return;
-  }
+  Window* const window = windowOf(QApplication::activeWindow());
+  Window* const child = desktop_.reporter().forms().activeChild();
+  if (window && window->windowKind() == WindowKind::Own)
+    focus(*window);
+  else if (window && child)
+    activate(*child);
 }
 
 void FocusKeeper::focus(Window& window) {

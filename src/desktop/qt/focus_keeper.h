@@ -35,15 +35,16 @@ public:
   // itself Qt would hand it to any other element.
   void vanishes(QWidget& widget);
 
-  // The element's widget got the focus.
-  void arrived(Element& element);
+  // The widget of an element got the focus.
+  void arrived(WidgetView& view);
   // A window of the program became active or inactive: Qt moves the focus on that occasion.
   void windowChanged();
 
 private:
   void childActivated();
   void look();
-  Element* openElement(const Element* address) const;
+  // nullptr when the widget is none of a window on the screen.
+  Window* windowOf(const QWidget* widget) const;
   void later();
   // Puts Qt's focus and active child where the forms layer has them.
   void realign();
@@ -52,7 +53,7 @@ private:
 
   QtDesktop& desktop_;
   QPointer<QMdiArea> area_;
-  const Element* arrived_ = nullptr; // compared only, may be gone
+  QPointer<WidgetView> arrived_;
   QPointer<QWidget> mark_;
   bool keyboard_ = false;
   bool looking_ = false;  // a look is on its way

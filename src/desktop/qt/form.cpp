@@ -15,31 +15,19 @@ namespace forms::qt {
 
 namespace {
 
+constexpr std::pair<Qt::Key, Key> Keys[] = {
+    {Qt::Key_Left, Key::Left},   {Qt::Key_Right, Key::Right},   {Qt::Key_Up, Key::Up},
+    {Qt::Key_Down, Key::Down},   {Qt::Key_Return, Key::Enter},  {Qt::Key_Enter, Key::Enter},
+    {Qt::Key_Space, Key::Space}, {Qt::Key_Delete, Key::Delete}, {Qt::Key_Escape, Key::Escape},
+};
+
 // Nothing for a key that the forms layer does not know.
 std::optional<Key> toForms(int key) {
-  switch (key) {
-  case Qt::Key_Left:
-    return Key::Left;
-  case Qt::Key_Right:
-    return Key::Right;
-  case Qt::Key_Up:
-    return Key::Up;
-  case Qt::Key_Down:
-    return Key::Down;
-  case Qt::Key_Return:
-  case Qt::Key_Enter:
-    return Key::Enter;
-  case Qt::Key_Space:
-    return Key::Space;
-  case Qt::Key_Delete:
-    return Key::Delete;
-  case Qt::Key_Escape:
-    return Key::Escape;
-  default:
-    break;
-  }
   if (key >= Qt::Key_0 && key <= Qt::Key_9)
     return Key::Digit;
+  for (const auto& [pressed, meaning] : Keys)
+    if (pressed == key)
+      return meaning;
   return std::nullopt;
 }
 

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include <QApplication>
-#include <QCoreApplication>
 #include <QFontDatabase>
 #include <QHash>
 #include <QLibraryInfo>

@@ -126,122 +126,110 @@ namespace {
 
 class PictureView final : public ViewOf<Picture, PictureWidget> {
 public:
-  PictureView(Picture& picture, QtDesktop& desktop, QWidget* form);
-  void remove() override;
-  bool needsMark() const override;
+  PictureView(Picture& picture, QtDesktop& desktop, QWidget* form)
+      : ViewOf(picture, desktop, new PictureWidget(desktop.pictures(), form)) {
+    setClicks(Clicks::OfMouse);
+    // Later, for the press may end in a message box, and the screen reader waits for its call's
+    // end.
+    widget().press = [this] {
+      QMetaObject::invokeMethod(
+          this, [this] { press(); }, Qt::QueuedConnection);
+    };
+  }
+
+  void remove() override {
+    if (cursor_) {
+      cursor_->hide();
+      reporter().remove(cursor_);
+    }
+    WidgetView::remove();
+  }
+
+  // On a board the cursor shows the place, also that of a unit.
+  bool needsMark() const override { return shown().index() == 0 && shown().cursorSquare == 0; }
 
 protected:
-  void syncKind() override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  void syncKind() override {
+    const QColor background =
+        shown().BackColor ? toQt(*shown().BackColor) : widget().palette().color(QPalette::Base);
+    widget().setLooks(
+        {toQt(shown().picturePath()), shown().Appearance == 1, shown().Border, background});
+    widget().isButton = static_cast<bool>(shown().Click);
+    // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
+    if (const int rank = shown().zOrderRank; std::exchange(shownRank_, rank) != rank)
+      setStackingRank(widget(), rank);
+    syncCursor();
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    // What the mouse still does here is meant for no other element either.
+    if (!element())
+      return event->isInputEvent();
+    switch (event->type()) {
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease:
+      // A press or a release may come without a move before it, as when a box has just gone.
+      movedTo(static_cast<QMouseEvent*>(event)->position());
+      if (!element() || event->type() == QEvent::MouseMove)
+        return true;
+      break;
+    default:
+      break;
+    }
+    return WidgetView::eventFilter(watched, event);
+  }
 
 private:
   int frame() const { return shown().Border ? 1 : 0; }
+
   // Pixels of the cursor's square on the form; nothing while the keyboard's cursor is not here.
-  std::optional<QRect> cursorPlace() const;
-  void syncCursor();
-  void movedTo(QPointF position);
-  void press();
+  std::optional<QRect> cursorPlace() const {
+    const Picture& board = shown();
+    const int square = board.cursorSquare - 1; // from 0
+    const int columns = board.grid.columns();
+    const int side = board.grid.side();
+    if (square < 0 || columns == 0)
+      return std::nullopt;
+    const QPoint corner(pixels(square % columns * side), pixels(square / columns * side));
+    return QRect(widget().pos() + QPoint(frame(), frame()) + corner,
+                 QSize(pixels(side), pixels(side)));
+  }
+
+  void syncCursor() {
+    constexpr int CursorWidth = 3; // pixels
+    const std::optional<QRect> place = cursorPlace();
+    if (place && !cursor_)
+      cursor_ = new Mark(widget().parentWidget(), CursorWidth);
+    if (place)
+      cursor_->setGeometry(*place);
+    if (cursor_)
+      cursor_->setVisible(place && shown().Visible);
+  }
+
+  void movedTo(QPointF position) {
+    const QPoint pixel = wholePixel(position) - QPoint(frame(), frame());
+    if (std::exchange(pointer_, pixel) == pixel)
+      return;
+    reporter().report([&](Forms& forms) {
+      forms.moved(shown(), static_cast<float>(twips(pixel.x())),
+                  static_cast<float>(twips(pixel.y())));
+    });
+  }
+
+  void press() {
+    const bool goesOn = element() && reporter().report([this](Forms& forms) {
+      return forms.pressed(shown(), MouseButton::Left);
+    });
+    if (goesOn)
+      click();
+  }
 
   int shownRank_ = -1;
   Mark* cursor_ = nullptr;        // made at its first use
   std::optional<QPoint> pointer_; // whole pixels, as last reported
 };
-
-PictureView::PictureView(Picture& picture, QtDesktop& desktop, QWidget* form)
-    : ViewOf(picture, desktop, new PictureWidget(desktop.pictures(), form)) {
-  setClicks(Clicks::OfMouse);
-  // Later, for the press may end in a message box, and the screen reader waits for its call's end.
-  widget().press = [this] {
-    QMetaObject::invokeMethod(
-        this, [this] { press(); }, Qt::QueuedConnection);
-  };
-}
-
-void PictureView::syncKind() {
-  const QColor background =
-      shown().BackColor ? toQt(*shown().BackColor) : widget().palette().color(QPalette::Base);
-  widget().setLooks(
-      {toQt(shown().picturePath()), shown().Appearance == 1, shown().Border, background});
-  widget().isButton = static_cast<bool>(shown().Click);
-  // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
-  if (const int rank = shown().zOrderRank; std::exchange(shownRank_, rank) != rank)
-    setStackingRank(widget(), rank);
-  syncCursor();
-}
-
-std::optional<QRect> PictureView::cursorPlace() const {
-  const Picture& board = shown();
-  const int square = board.cursorSquare - 1; // from 0
-  const int columns = board.grid.columns();
-  const int side = board.grid.side();
-  if (square < 0 || columns == 0)
-    return std::nullopt;
-  const QPoint corner(pixels(square % columns * side), pixels(square / columns * side));
-  return QRect(widget().pos() + QPoint(frame(), frame()) + corner,
-               QSize(pixels(side), pixels(side)));
-}
-
-// On a board the cursor shows the place, also that of a unit.
-bool PictureView::needsMark() const {
-  return shown().index() == 0 && shown().cursorSquare == 0;
-}
-
-void PictureView::syncCursor() {
-  constexpr int CursorWidth = 3; // pixels
-  const std::optional<QRect> place = cursorPlace();
-  if (place && !cursor_)
-    cursor_ = new Mark(widget().parentWidget(), CursorWidth);
-  if (place)
-    cursor_->setGeometry(*place);
-  if (cursor_)
-    cursor_->setVisible(place && shown().Visible);
-}
-
-void PictureView::remove() {
-  if (cursor_) {
-    cursor_->hide();
-    reporter().remove(cursor_);
-  }
-  WidgetView::remove();
-}
-
-bool PictureView::eventFilter(QObject* watched, QEvent* event) {
-  // What the mouse still does here is meant for no other element either.
-  if (!element())
-    return event->isInputEvent();
-  switch (event->type()) {
-  case QEvent::MouseMove:
-  case QEvent::MouseButtonPress:
-  case QEvent::MouseButtonDblClick:
-  case QEvent::MouseButtonRelease:
-    // A press or a release may come without a move before it, as when a box has just gone.
-    movedTo(static_cast<QMouseEvent*>(event)->position());
-    if (!element() || event->type() == QEvent::MouseMove)
-      return true;
-    break;
-  default:
-    break;
-  }
-  return WidgetView::eventFilter(watched, event);
-}
-
-void PictureView::movedTo(QPointF position) {
-  const QPoint pixel = wholePixel(position) - QPoint(frame(), frame());
-  if (std::exchange(pointer_, pixel) == pixel)
-    return;
-  reporter().report([&](Forms& forms) {
-    forms.moved(shown(), static_cast<float>(twips(pixel.x())),
-                static_cast<float>(twips(pixel.y())));
-  });
-}
-
-void PictureView::press() {
-  const bool goesOn = element() && reporter().report([this](Forms& forms) {
-    return forms.pressed(shown(), MouseButton::Left);
-  });
-  if (goesOn)
-    click();
-}
 
 } // namespace
 

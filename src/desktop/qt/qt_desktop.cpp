@@ -16,18 +16,6 @@
 
 namespace forms::qt {
 
-namespace {
-
-// A file dialog leaves a megabyte of freed memory behind, which the C library would keep for a next
-// one that may never come.
-void giveBackMemory() {
-#ifdef __GLIBC__
-  malloc_trim(0);
-#endif
-}
-
-} // namespace
-
 // --- From start to end ---------------------------------------------------------------------------
 
 QtDesktop::QtDesktop(int& argc, char** argv) : application_(argc, argv) {
@@ -110,10 +98,6 @@ void QtDesktop::focusAsked(Element& element) {
     focus_.give(element);
 }
 
-void QtDesktop::failWithout(const Element& element) {
-  qFatal("%s is not on the screen", element.name().c_str());
-}
-
 // --- Boxes ---------------------------------------------------------------------------------------
 
 QWidget* QtDesktop::front() const {
@@ -128,7 +112,11 @@ Answer QtDesktop::messageBox(const MessageBox& box) {
 
 std::optional<std::string> QtDesktop::fileDialog(const FileDialog& dialog) {
   auto path = showFileDialog(dialog, front());
-  giveBackMemory();
+#ifdef __GLIBC__
+  // The dialog leaves a megabyte of freed memory behind, which the C library would keep for a next
+  // one that may never come.
+  malloc_trim(0);
+#endif
   return path;
 }
 

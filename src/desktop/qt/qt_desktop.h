@@ -53,13 +53,13 @@ public:
   // The view of an element or a window. That there is none, or one of another kind, is a fault of
   // the program, which ends the process.
   template <class View> View& viewOf(const Element& element) const {
-    if (auto* const view = dynamic_cast<View*>(views_.value(&element)))
-      return *view;
-    failWithout(element);
+    auto* const view = dynamic_cast<View*>(views_.value(&element));
+    if (!view)
+      qFatal("%s is not on the screen", element.name().c_str());
+    return *view;
   }
 
 private:
-  [[noreturn]] static void failWithout(const Element& element);
   // The window that a box belongs to; nullptr when there is none yet.
   QWidget* front() const;
 

@@ -62,10 +62,6 @@ Form& WindowView::form() const {
   return *form_;
 }
 
-bool WindowView::hasPlaceFor(const Element& element) const {
-  return form_ || element.kind() == Kind::MenuEntry || element.kind() == Kind::Timer;
-}
-
 void WindowView::waitUntilRemoved() {
   QEventLoop loop;
   waiting_ = &loop;
@@ -83,7 +79,7 @@ void WindowView::moveToPlace() {
   widget_.move(pixels(window().Left), pixels(window().Top));
 }
 
-bool WindowView::eventFilter(QObject* watched, QEvent* event) {
+bool WindowView::eventFilter(QObject* /*watched*/, QEvent* event) {
   switch (event->type()) {
   case QEvent::Close:
     event->ignore(); // the forms layer closes it, or not
@@ -96,7 +92,7 @@ bool WindowView::eventFilter(QObject* watched, QEvent* event) {
       desktop().focus().windowChanged();
     return false;
   default:
-    return ElementView::eventFilter(watched, event);
+    return false;
   }
 }
 
@@ -161,107 +157,94 @@ public:
     child().setFocusPolicy(Qt::NoFocus);
   }
 
-  void appear() override;
-  void remove() override;
+  void appear() override {
+    {
+      const auto quiet = reporter().quiet();
+      child().setParent(area_.viewport(), Qt::SubWindow | Qt::CustomizeWindowHint |
+                                              Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                              Qt::WindowCloseButtonHint |
+                                              Qt::MSWindowsFixedSizeDialogHint);
+      fit();
+      area_.addSubWindow(&child(), child().windowFlags());
+      if (!window().PlacedByDesktop)
+        moveToPlace();
+      child().show();
+    }
+    tellPlace();
+  }
+
+  void remove() override {
+    const auto quiet = reporter().quiet();
+    detach();
+    child().hide();
+    area_.removeSubWindow(&child());
+    WindowView::remove();
+  }
 
 protected:
-  void syncPlace() override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  void syncPlace() override {
+    if (!child().isVisible())
+      return;
+    fit();
+    if (!tellingPlace_)
+      moveToPlace();
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    switch (event->type()) {
+    case QEvent::ContextMenu:
+      // Qt's own would wait in a loop of its own, in which the window may close.
+      event->accept();
+      return true;
+    case QEvent::MouseButtonPress: {
+      event->accept();
+      const bool goesOn = element() && reporter().report([this](Forms& forms) {
+        return forms.activated(window());
+      });
+      return !goesOn || !element();
+    }
+    case QEvent::Move:
+      if (element() && child().isVisible() && !reporter().isQuiet())
+        tellPlace();
+      return false;
+    default:
+      return WindowView::eventFilter(watched, event);
+    }
+  }
 
 private:
   QMdiSubWindow& child() const { return static_cast<QMdiSubWindow&>(widget()); }
-  void makeSystemMenu();
-  void fit();
-  // Whether the window may go on with a press on its title.
-  bool pressed();
-  // Top and Left follow where the window stands.
-  void tellPlace();
+
+  void makeSystemMenu() {
+    auto* const menu = new QMenu(&child());
+    QAction* const close =
+        menu->addAction(QStringLiteral("&Cerrar"), &child(), [this] { child().close(); });
+    close->setShortcuts(
+        {QKeySequence(QStringLiteral("Ctrl+F4")), QKeySequence(QKeySequence::Close)});
+    child().addAction(close);
+    child().setSystemMenu(menu);
+  }
+
+  void fit() {
+    const QMargins frame = child().contentsMargins();
+    const QSize size = sizeAround({frame.left() + frame.right(), frame.top() + frame.bottom()});
+    if (size != child().minimumSize() || size != child().maximumSize())
+      child().setFixedSize(size);
+  }
+
+  // Top and Left follow where the window stands. A place between two pixels stays as the program
+  // gave it. While one of the two is told, the other is still the old one.
+  void tellPlace() {
+    const QScopedValueRollback telling(tellingPlace_, true);
+    if (pixels(window().Left) != child().x())
+      window().Left = twips(child().x());
+    if (pixels(window().Top) != child().y())
+      window().Top = twips(child().y());
+  }
 
   QMdiArea& area_;
   bool tellingPlace_ = false;
 };
-
-void ChildView::makeSystemMenu() {
-  auto* const menu = new QMenu(&child());
-  QAction* const close =
-      menu->addAction(QStringLiteral("&Cerrar"), &child(), [this] { child().close(); });
-  close->setShortcuts({QKeySequence(QStringLiteral("Ctrl+F4")), QKeySequence(QKeySequence::Close)});
-  child().addAction(close);
-  child().setSystemMenu(menu);
-}
-
-void ChildView::syncPlace() {
-  if (!child().isVisible())
-    return;
-  fit();
-  if (!tellingPlace_)
-    moveToPlace();
-}
-
-void ChildView::appear() {
-  {
-    const auto quiet = reporter().quiet();
-    child().setParent(area_.viewport(), Qt::SubWindow | Qt::CustomizeWindowHint |
-                                            Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                                            Qt::WindowCloseButtonHint |
-                                            Qt::MSWindowsFixedSizeDialogHint);
-    fit();
-    area_.addSubWindow(&child(), child().windowFlags());
-    if (!window().PlacedByDesktop)
-      moveToPlace();
-    child().show();
-  }
-  tellPlace();
-}
-
-void ChildView::fit() {
-  const QMargins frame = child().contentsMargins();
-  const QSize size = sizeAround({frame.left() + frame.right(), frame.top() + frame.bottom()});
-  if (size != child().minimumSize() || size != child().maximumSize())
-    child().setFixedSize(size);
-}
-
-void ChildView::remove() {
-  const auto quiet = reporter().quiet();
-  detach();
-  child().hide();
-  area_.removeSubWindow(&child());
-  WindowView::remove();
-}
-
-bool ChildView::eventFilter(QObject* watched, QEvent* event) {
-  switch (event->type()) {
-  case QEvent::ContextMenu: // Qt's own would wait in a loop of its own, in which the window may
-                            // close
-    event->accept();
-    return true;
-  case QEvent::MouseButtonPress:
-    event->accept();
-    return !pressed();
-  case QEvent::Move:
-    if (element() && child().isVisible() && !reporter().isQuiet())
-      tellPlace();
-    return false;
-  default:
-    return WindowView::eventFilter(watched, event);
-  }
-}
-
-bool ChildView::pressed() {
-  const bool goesOn =
-      element() && reporter().report([this](Forms& forms) { return forms.activated(window()); });
-  return goesOn && element();
-}
-
-// A place between two pixels stays as the program gave it. While one of the two is told, the other
-// is still the old one.
-void ChildView::tellPlace() {
-  const QScopedValueRollback telling(tellingPlace_, true);
-  if (pixels(window().Left) != child().x())
-    window().Left = twips(child().x());
-  if (pixels(window().Top) != child().y())
-    window().Top = twips(child().y());
-}
 
 // --- A window of its own: fixed in size, with a close box ----------------------------------------
 

@@ -21,7 +21,9 @@ public:
   // The area that holds the elements. Only a frame with a menu has none.
   Form& form() const;
   // A frame with a menu has all its room filled with child windows; menu and timer need none.
-  bool hasPlaceFor(const Element& element) const;
+  bool hasPlaceFor(const Element& element) const {
+    return form_ || element.kind() == Kind::MenuEntry || element.kind() == Kind::Timer;
+  }
   // Shows the window once all its elements are there.
   virtual void appear() = 0;
   // Handles the person's actions until the window has been removed.
