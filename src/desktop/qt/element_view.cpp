@@ -1,7 +1,6 @@
 #include "desktop/qt/element_view.h"
 
 #include <QCursor>
-#include <QFocusEvent>
 #include <QMouseEvent>
 #include <QToolTip>
 

@@ -1,6 +1,7 @@
 #include "desktop/qt/form.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -15,11 +16,15 @@ namespace forms::qt {
 
 namespace {
 
-constexpr std::pair<Qt::Key, Key> Keys[] = {
-    {Qt::Key_Left, Key::Left},   {Qt::Key_Right, Key::Right},   {Qt::Key_Up, Key::Up},
-    {Qt::Key_Down, Key::Down},   {Qt::Key_Return, Key::Enter},  {Qt::Key_Enter, Key::Enter},
-    {Qt::Key_Space, Key::Space}, {Qt::Key_Delete, Key::Delete}, {Qt::Key_Escape, Key::Escape},
-};
+constexpr std::array<std::pair<int, Key>, 9> Keys{{{Qt::Key_Left, Key::Left},
+                                                   {Qt::Key_Right, Key::Right},
+                                                   {Qt::Key_Up, Key::Up},
+                                                   {Qt::Key_Down, Key::Down},
+                                                   {Qt::Key_Return, Key::Enter},
+                                                   {Qt::Key_Enter, Key::Enter},
+                                                   {Qt::Key_Space, Key::Space},
+                                                   {Qt::Key_Delete, Key::Delete},
+                                                   {Qt::Key_Escape, Key::Escape}}};
 
 // Nothing for a key that the forms layer does not know.
 std::optional<Key> toForms(int key) {

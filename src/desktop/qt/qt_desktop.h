@@ -22,8 +22,6 @@ public:
   QtDesktop(int& argc, char** argv);
   // Takes what is left off the screen; its windows and elements may be gone by then.
   ~QtDesktop() override;
-  QtDesktop(const QtDesktop&) = delete;
-  QtDesktop& operator=(const QtDesktop&) = delete;
 
   void connect(Forms& forms) { reporter_.connect(forms); }
   // Handles the person's actions until the last window has closed. The process's exit code.

@@ -4,14 +4,13 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QCloseEvent>
+#include <QEvent>
 #include <QEventLoop>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMouseEvent>
 #include <QScrollBar>
 
 #include "desktop/qt/conversions.h"
