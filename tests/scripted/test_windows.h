@@ -69,8 +69,8 @@ public:
   forms::DropList com{*this, "com"};
   forms::Button btn{*this, "btn"};
   forms::GridPicture pic{*this, "pic"};
-  forms::Label lbl{*this, "lbl"};
   forms::PictureArray picUnidad{*this, "picUnidad"};
+  forms::Label lbl{*this, "lbl"};
 
 private:
   void Form_Load() override {

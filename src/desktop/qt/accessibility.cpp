@@ -6,7 +6,7 @@
 #include <QComboBox>
 
 #include "desktop/qt/form.h"
-#include "desktop/qt/picture_widget.h"
+#include "desktop/qt/picture.h"
 
 namespace forms::qt {
 
@@ -109,26 +109,16 @@ private:
   }
 };
 
-// File dialogs have lists too, and labels for them.
-bool isOnForm(const QWidget& widget) {
-  return dynamic_cast<Form*>(widget.parentWidget());
-}
-
 QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
   if (auto* const picture = dynamic_cast<PictureWidget*>(object))
     return new AccessiblePicture(picture);
   if (auto* const form = dynamic_cast<Form*>(object))
     return new AccessibleForm(form);
-  if (auto* const list = qobject_cast<QComboBox*>(object); list && isOnForm(*list))
+  // File dialogs have lists too, and labels for them.
+  auto* const list = qobject_cast<QComboBox*>(object);
+  if (list && dynamic_cast<Form*>(list->parentWidget()))
     return new AccessibleList(list);
   return nullptr;
-}
-
-void tell(QWidget& element, QAccessible::Event what) {
-  if (!QAccessible::isActive())
-    return;
-  QAccessibleEvent event(&element, what);
-  QAccessible::updateAccessibility(&event);
 }
 
 } // namespace
@@ -137,12 +127,12 @@ void installAccessibility() {
   QAccessible::installFactory(make);
 }
 
-void tellShown(QWidget& element) {
-  tell(element, QAccessible::ObjectCreated);
-}
-
-void tellHidden(QWidget& element) {
-  tell(element, QAccessible::ObjectDestroyed);
+void tellSight(QWidget& element, bool inSight) {
+  if (!QAccessible::isActive())
+    return;
+  QAccessibleEvent event(&element,
+                         inSight ? QAccessible::ObjectCreated : QAccessible::ObjectDestroyed);
+  QAccessible::updateAccessibility(&event);
 }
 
 } // namespace forms::qt

@@ -8,9 +8,7 @@ namespace forms::qt {
 // Once per run, before the first window.
 void installAccessibility();
 
-// Tells screen readers that the element has come into sight.
-void tellShown(QWidget& element);
-// Tells them that it is about to go out of sight.
-void tellHidden(QWidget& element);
+// Tells screen readers that the element has come into sight, or is about to go out of it.
+void tellSight(QWidget& element, bool inSight);
 
 } // namespace forms::qt

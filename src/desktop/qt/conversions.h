@@ -1,6 +1,8 @@
 // Texts and measures on their way between the forms layer and Qt.
 #pragma once
 
+#include <cmath>
+
 #include <QColor>
 #include <QPoint>
 #include <QRect>
@@ -10,16 +12,30 @@
 
 namespace forms::qt {
 
-QString toQt(const std::string& text);
-std::string fromQt(const QString& text);
-QColor toQt(Color color);
+inline QString toQt(const std::string& text) {
+  return QString::fromStdString(text);
+}
+inline std::string fromQt(const QString& text) {
+  return text.toStdString();
+}
+inline QColor toQt(Color color) {
+  return {color.red, color.green, color.blue};
+}
 
 // The nearest whole pixel.
-int pixels(int twips);
-int twips(int pixels);
+inline int pixels(int twips) {
+  return static_cast<int>(std::lround(static_cast<double>(twips) / TwipsPerPixel));
+}
+inline int twips(int pixels) {
+  return pixels * TwipsPerPixel;
+}
 // The whole pixel that a position lies in.
-QPoint wholePixel(QPointF position);
+inline QPoint wholePixel(QPointF position) {
+  return {static_cast<int>(std::floor(position.x())), static_cast<int>(std::floor(position.y()))};
+}
 // Place and size of an element in pixels of its parent.
-QRect pixelRect(const Element& element);
+inline QRect pixelRect(const Element& element) {
+  return {pixels(element.Left), pixels(element.Top), pixels(element.Width), pixels(element.Height)};
+}
 
 } // namespace forms::qt

@@ -1,40 +1,106 @@
-// What stands on the screen for one element.
+// What stands on the screen for one element: what all views have in common, and those that are
+// widgets on a form.
 #pragma once
 
-#include <QObject>
+#include <QWidget>
 
-#include "desktop/qt/services.h"
+#include "desktop/qt/reporter.h"
 #include "forms/element.h"
 
-class QWidget;
+class QMouseEvent;
 
 namespace forms::qt {
 
+class QtDesktop;
+
 class ElementView : public QObject {
 public:
-  ElementView(Element& element, Services services, QObject* parent)
-      : QObject(parent), services_(services), element_(&element) {}
+  ElementView(Element& element, QtDesktop& desktop, QObject* parent)
+      : QObject(parent), desktop_(desktop), element_(&element) {}
 
-  // Shows what the element's properties say now. Reports nothing.
-  virtual void sync() = 0;
-  // The widget that shows the element, if it has one.
-  virtual QWidget* widget() const { return nullptr; }
-  // The element goes: takes it off the screen and never looks at it again.
-  void leave();
-  // As leave, when the whole window goes with it.
-  void forget() { element_ = nullptr; }
-
-protected:
-  virtual void takeOff() = 0;
-
-  const Services& services() const { return services_; }
   // nullptr once the element has gone.
   Element* element() const { return element_; }
-  template <class T> T* elementAs() const { return static_cast<T*>(element_); }
+  // Shows what the element's properties say now. Reports nothing.
+  virtual void sync() = 0;
+  // The element goes: never looks at it again.
+  virtual void detach() { element_ = nullptr; }
+  // Detaches, and takes what stands on the screen off it.
+  virtual void remove();
+
+protected:
+  QtDesktop& desktop() const { return desktop_; }
+  Reporter& reporter() const;
+  template <class T> T& elementAs() const { return static_cast<T&>(*element_); }
 
 private:
-  Services services_;
+  QtDesktop& desktop_;
   Element* element_;
+};
+
+// The common part of all elements that are widgets: place, visibility, names, and the mouse's way
+// to the forms layer. The view watches the widget's events; the widget owns the view.
+class WidgetView : public ElementView {
+public:
+  void sync() final;
+  void remove() override;
+  QWidget& widget() const { return widget_; }
+  // Whether the focus on the widget must be marked for who plays with the keyboard. Qt's style does
+  // so for most kinds.
+  virtual bool needsMark() const { return false; }
+
+protected:
+  WidgetView(Element& element, QtDesktop& desktop, QWidget* widget);
+
+  // Whether a press and a release over the widget make a click, for widgets that signal none.
+  enum class Clicks { OfWidget, OfMouse };
+  void setClicks(Clicks clicks) { clicks_ = clicks; }
+  // Watches the events of the widget or a part of it.
+  void watch(QWidget& part) { part.installEventFilter(this); }
+
+  // Brings the kind's own properties into line.
+  virtual void syncKind() = 0;
+  // Text that names the element when it has no AccessibleName.
+  virtual QString caption() const { return {}; }
+  // What screen readers say after the name.
+  virtual QString description() const;
+  // Pixels on the form for the element's own place and size.
+  virtual QRect placeFor(const QRect& wanted) const { return wanted; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  // Reports what the person did with the widget, and shows what has come of it: the forms layer may
+  // have refused it or changed it.
+  template <class Tell> void reportUse(Tell tell) {
+    if (reporter().isQuiet() || !element())
+      return;
+    reporter().report(tell);
+    if (element())
+      sync();
+  }
+  // Reports that the left button, a key or a screen reader clicked the element.
+  void click();
+
+private:
+  void syncNames();
+  void syncReach();
+  // Whether the widget shall handle the press.
+  bool pressed(const QMouseEvent& event);
+  void released(const QMouseEvent& event);
+
+  QWidget& widget_;
+  Clicks clicks_ = Clicks::OfWidget;
+  bool armed_ = false; // pressed and not yet let go
+};
+
+// The view of one kind of element by one kind of widget.
+template <class Shown, class Widget> class ViewOf : public WidgetView {
+public:
+  Widget& widget() const { return static_cast<Widget&>(WidgetView::widget()); }
+
+protected:
+  ViewOf(Shown& element, QtDesktop& desktop, Widget* widget)
+      : WidgetView(element, desktop, widget) {}
+  // To be asked only while there is an element.
+  Shown& shown() const { return elementAs<Shown>(); }
 };
 
 } // namespace forms::qt

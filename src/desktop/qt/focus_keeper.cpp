@@ -1,6 +1,5 @@
 #include "desktop/qt/focus_keeper.h"
 
-#include <algorithm>
 #include <utility>
 
 #include <QApplication>
@@ -8,11 +7,9 @@
 #include <QMdiSubWindow>
 
 #include "desktop/qt/form.h"
-#include "desktop/qt/mark.h"
-#include "desktop/qt/reporter.h"
-#include "desktop/qt/views.h"
-#include "desktop/qt/window_view.h"
-#include "forms/grid_picture.h"
+#include "desktop/qt/picture.h"
+#include "desktop/qt/qt_desktop.h"
+#include "desktop/qt/windows.h"
 
 namespace forms::qt {
 
@@ -25,14 +22,13 @@ void FocusKeeper::watch(QMdiArea& area) {
 }
 
 void FocusKeeper::give(Element& element) {
-  const Reporter::Quiet quiet(reporter_);
-  QWidget* const widget = views_.widgetOf(element);
-  if (!widget)
-    return;
-  widget->window()->setAttribute(Qt::WA_KeyboardFocusChange, keyboard_);
+  const auto quiet = desktop_.reporter().quiet();
+  const auto& view = desktop_.viewOf<WidgetView>(element);
+  QWidget& widget = view.widget();
+  widget.window()->setAttribute(Qt::WA_KeyboardFocusChange, keyboard_);
   // A text that the keyboard comes to is selected: typing replaces it.
-  widget->setFocus(keyboard_ ? Qt::TabFocusReason : Qt::OtherFocusReason);
-  mark(element, *widget);
+  widget.setFocus(keyboard_ ? Qt::TabFocusReason : Qt::OtherFocusReason);
+  mark(view);
 }
 
 void FocusKeeper::useKeyboard(bool used) {
@@ -41,47 +37,41 @@ void FocusKeeper::useKeyboard(bool used) {
     delete mark_;
 }
 
-// Qt's style marks the other kinds by itself, and on a board the cursor shows the place.
-void FocusKeeper::mark(const Element& element, QWidget& widget) {
+void FocusKeeper::mark(const WidgetView& view) {
   delete mark_;
-  bool markable = element.kind() == Kind::CheckBox;
-  if (element.kind() == Kind::Picture) {
-    const GridPicture* const board = element.window().grid();
-    markable = element.index() == 0 && (board != &element || board->cursorSquare == 0);
-  }
-  if (!keyboard_ || !markable)
+  if (!keyboard_ || !view.needsMark())
     return;
   constexpr int Width = 1; // pixels
   constexpr int Distance = 3;
+  const QWidget& widget = view.widget();
   mark_ = new Mark(widget.parentWidget(), Width);
   mark_->setGeometry(widget.geometry().adjusted(-Distance, -Distance, Distance, Distance));
   mark_->show();
 }
 
 void FocusKeeper::activate(Window& child) {
-  const Reporter::Quiet quiet(reporter_);
-  WindowView* const view = views_.of(child);
-  if (!view || !area_)
-    return;
-  area_->setActiveSubWindow(static_cast<QMdiSubWindow*>(view->widget()));
+  const auto quiet = desktop_.reporter().quiet();
+  QWidget& widget = desktop_.viewOf<WindowView>(child).widget();
+  area_->setActiveSubWindow(static_cast<QMdiSubWindow*>(&widget));
   focus(child);
 }
 
-void FocusKeeper::release(QWidget& widget) {
+void FocusKeeper::vanishes(QWidget& widget) {
   QWidget* const top = widget.window();
   QWidget* const holder = top->focusWidget();
   if (!holder || (holder != &widget && !widget.isAncestorOf(holder)))
     return;
-  const Reporter::Quiet quiet(reporter_);
+  const auto quiet = desktop_.reporter().quiet();
   delete mark_;
   if (QWidget* form = widget.parentWidget())
     form->setFocus(Qt::OtherFocusReason);
 }
 
-void FocusKeeper::arrived(Element& element) {
-  if (reporter_.isQuiet() || element.window().focused() == &element)
+void FocusKeeper::arrived(WidgetView& view) {
+  const Element& element = *view.element();
+  if (desktop_.reporter().isQuiet() || element.window().focused() == &element)
     return;
-  arrived_ = settling_ ? nullptr : &element;
+  arrived_ = settling_ ? nullptr : &view;
   later();
 }
 
@@ -100,25 +90,21 @@ void FocusKeeper::later() {
 void FocusKeeper::look() {
   looking_ = false;
   settling_ = false;
-  const Element* const wished = std::exchange(arrived_, nullptr);
+  const QPointer<WidgetView> wished = std::exchange(arrived_, nullptr);
   QWidget* const holder = QApplication::focusWidget();
   // Behind a menu, a list or a box everything keeps its place until they have gone.
   if (!holder || QApplication::activePopupWidget())
     return;
-  if (Element* const element = openElement(wished); element && views_.widgetOf(*element) == holder)
-    if (reporter_.report([&](Forms& forms) { return forms.focusMoved(*element); }))
+  if (wished && wished->element() && &wished->widget() == holder)
+    if (desktop_.reporter().report([&](Forms& f) { return f.focusMoved(*wished->element()); }))
       return;
   realign();
 }
 
-// The same address, if it is still an element of a window on the screen.
-Element* FocusKeeper::openElement(const Element* address) const {
-  for (const Window* window : reporter_.forms().openWindows()) {
-    const auto& elements = window->elements();
-    const auto found = std::find(elements.begin(), elements.end(), address);
-    if (found != elements.end())
-      return *found;
-  }
+Window* FocusKeeper::windowOf(const QWidget* widget) const {
+  for (Window* window : desktop_.reporter().forms().openWindows())
+    if (&desktop_.viewOf<WindowView>(*window).widget() == widget)
+      return window;
   return nullptr;
 }
 
@@ -126,41 +112,30 @@ void FocusKeeper::childActivated() {
   QMdiSubWindow* const sub = area_ ? area_->activeSubWindow() : nullptr;
   if (!sub)
     return; // another program, or the last child has gone
-  Forms& forms = reporter_.forms();
-  for (Window* window : forms.openWindows()) {
-    WindowView* const view = views_.of(*window);
-    if (!view || view->widget() != sub)
-      continue;
-    if (window == forms.activeChild())
-      return;
-    if (!settling_ && reporter_.report([&](Forms& f) { return f.activated(*window); }))
-      return;
-    break;
-  }
+  Window* const window = windowOf(sub);
+  if (window && window == desktop_.reporter().forms().activeChild())
+    return;
+  if (window && !settling_ &&
+      desktop_.reporter().report([&](Forms& forms) { return forms.activated(*window); }))
+    return;
   realign();
 }
 
 void FocusKeeper::realign() {
-  QWidget* const active = QApplication::activeWindow();
-  for (Window* window : reporter_.forms().openWindows()) {
-    WindowView* const view = views_.of(*window);
-    if (!view || view->widget() != active)
-      continue;
-    if (window->windowKind() == WindowKind::Own)
-      return focus(*window);
-    if (Window* child = reporter_.forms().activeChild())
-      activate(*child);
-    return;
-  }
+  Window* const window = windowOf(QApplication::activeWindow());
+  Window* const child = desktop_.reporter().forms().activeChild();
+  if (window && window->windowKind() == WindowKind::Own)
+    focus(*window);
+  else if (window && child)
+    activate(*child);
 }
 
 void FocusKeeper::focus(Window& window) {
-  const Reporter::Quiet quiet(reporter_);
-  QWidget* holder = window.focused() ? views_.widgetOf(*window.focused()) : nullptr;
-  if (WindowView* const view = views_.of(window); !holder && view)
-    holder = view->form();
-  if (holder && !holder->hasFocus())
-    holder->setFocus(Qt::OtherFocusReason);
+  const auto quiet = desktop_.reporter().quiet();
+  QWidget& holder = window.focused() ? desktop_.viewOf<WidgetView>(*window.focused()).widget()
+                                     : desktop_.viewOf<WindowView>(window).form();
+  if (!holder.hasFocus())
+    holder.setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace forms::qt

@@ -11,14 +11,14 @@ class QWidget;
 
 namespace forms::qt {
 
-class Reporter;
-class Views;
+class QtDesktop;
+class WidgetView;
 
 // Qt moves the focus by itself, for instance when the frame becomes active again; then it is put
 // back. Where it goes to another element by a screen reader's wish, the forms layer is asked.
 class FocusKeeper : public QObject {
 public:
-  FocusKeeper(Reporter& reporter, const Views& views) : reporter_(reporter), views_(views) {}
+  explicit FocusKeeper(QtDesktop& desktop) : desktop_(desktop) {}
 
   // The frame's area of child windows, from now on watched.
   void watch(QMdiArea& area);
@@ -33,27 +33,27 @@ public:
 
   // The widget is about to vanish: if it has the focus, that goes to the form meanwhile. Left to
   // itself Qt would hand it to any other element.
-  void release(QWidget& widget);
+  void vanishes(QWidget& widget);
 
-  // The element's widget got the focus.
-  void arrived(Element& element);
+  // The widget of an element got the focus.
+  void arrived(WidgetView& view);
   // A window of the program became active or inactive: Qt moves the focus on that occasion.
   void windowChanged();
 
 private:
   void childActivated();
   void look();
-  Element* openElement(const Element* address) const;
+  // nullptr when the widget is none of a window on the screen.
+  Window* windowOf(const QWidget* widget) const;
   void later();
   // Puts Qt's focus and active child where the forms layer has them.
   void realign();
   void focus(Window& window);
-  void mark(const Element& element, QWidget& widget);
+  void mark(const WidgetView& view);
 
-  Reporter& reporter_;
-  const Views& views_;
+  QtDesktop& desktop_;
   QPointer<QMdiArea> area_;
-  const Element* arrived_ = nullptr; // compared only, may be gone
+  QPointer<WidgetView> arrived_;
   QPointer<QWidget> mark_;
   bool keyboard_ = false;
   bool looking_ = false;  // a look is on its way

@@ -1,6 +1,7 @@
 #include "desktop/qt/form.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -9,38 +10,29 @@
 #include <QPainter>
 
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/focus_keeper.h"
-#include "desktop/qt/reporter.h"
+#include "desktop/qt/qt_desktop.h"
 
 namespace forms::qt {
 
 namespace {
 
+constexpr std::array<std::pair<int, Key>, 9> Keys{{{Qt::Key_Left, Key::Left},
+                                                   {Qt::Key_Right, Key::Right},
+                                                   {Qt::Key_Up, Key::Up},
+                                                   {Qt::Key_Down, Key::Down},
+                                                   {Qt::Key_Return, Key::Enter},
+                                                   {Qt::Key_Enter, Key::Enter},
+                                                   {Qt::Key_Space, Key::Space},
+                                                   {Qt::Key_Delete, Key::Delete},
+                                                   {Qt::Key_Escape, Key::Escape}}};
+
 // Nothing for a key that the forms layer does not know.
 std::optional<Key> toForms(int key) {
-  switch (key) {
-  case Qt::Key_Left:
-    return Key::Left;
-  case Qt::Key_Right:
-    return Key::Right;
-  case Qt::Key_Up:
-    return Key::Up;
-  case Qt::Key_Down:
-    return Key::Down;
-  case Qt::Key_Return:
-  case Qt::Key_Enter:
-    return Key::Enter;
-  case Qt::Key_Space:
-    return Key::Space;
-  case Qt::Key_Delete:
-    return Key::Delete;
-  case Qt::Key_Escape:
-    return Key::Escape;
-  default:
-    break;
-  }
   if (key >= Qt::Key_0 && key <= Qt::Key_9)
     return Key::Digit;
+  for (const auto& [pressed, meaning] : Keys)
+    if (pressed == key)
+      return meaning;
   return std::nullopt;
 }
 
@@ -50,7 +42,7 @@ bool isArrow(Key key) {
 
 } // namespace
 
-Form::Form(Window& window, Services services) : services_(services), window_(&window) {
+Form::Form(Window& window, QtDesktop& desktop) : desktop_(desktop), window_(&window) {
   setObjectName(toQt(window.name()));
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -86,7 +78,7 @@ void Form::mousePressEvent(QMouseEvent* event) {
   event->accept();
   if (!window_ || window_->windowKind() != WindowKind::Child)
     return;
-  services_.reporter.report([this](Forms& forms) { return forms.activated(*window_); });
+  desktop_.reporter().report([this](Forms& forms) { return forms.activated(*window_); });
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
@@ -97,18 +89,18 @@ void Form::keyPressEvent(QKeyEvent* event) {
   // A key held down moves on and on, but presses once.
   if (event->isAutoRepeat() && !isArrow(*key))
     return;
-  services_.focus.useKeyboard(true);
+  desktop_.focus().useKeyboard(true);
   const int digit = *key == Key::Digit ? event->key() - Qt::Key_0 : 0;
-  event->setAccepted(services_.reporter.report(
+  event->setAccepted(desktop_.reporter().report(
       [&](Forms& forms) { return forms.keyPressed(*window_, *key, digit); }));
 }
 
 // Qt asks also when the widget with the focus vanishes; nothing of that concerns the forms layer.
 bool Form::focusNextPrevChild(bool next) {
-  if (!window_ || services_.reporter.isQuiet())
+  if (!window_ || desktop_.reporter().isQuiet())
     return true;
-  services_.focus.useKeyboard(true);
-  services_.reporter.report([&](Forms& forms) { forms.tabbed(*window_, next); });
+  desktop_.focus().useKeyboard(true);
+  desktop_.reporter().report([&](Forms& forms) { forms.tabbed(*window_, next); });
   return true;
 }
 

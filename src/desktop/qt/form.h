@@ -4,17 +4,18 @@
 #include <QList>
 #include <QWidget>
 
-#include "desktop/qt/services.h"
 #include "forms/window.h"
 
 namespace forms::qt {
 
+class QtDesktop;
+
 class Form final : public QWidget {
 public:
-  Form(Window& window, Services services);
+  Form(Window& window, QtDesktop& desktop);
 
   // The window goes: the form never looks at it again.
-  void forget() { window_ = nullptr; }
+  void detach() { window_ = nullptr; }
   // Width and height in pixels that all visible elements need.
   QSize neededSize() const;
   // The widgets of all visible elements as they are read: row by row, each from left to right.
@@ -28,7 +29,7 @@ protected:
   bool focusNextPrevChild(bool next) override;
 
 private:
-  Services services_;
+  QtDesktop& desktop_;
   Window* window_; // nullptr once it has gone
 };
 

@@ -6,7 +6,10 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QHash>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QToolTip>
+#include <QTranslator>
 #include <QWidget>
 
 #include "desktop/qt/conversions.h"
@@ -78,6 +81,17 @@ void applyLook() {
   const QPalette palette = lightPalette();
   QApplication::setPalette(palette);
   QToolTip::setPalette(palette);
+}
+
+void speakSpanish() {
+  const QLocale spanish(QLocale::Spanish, QLocale::Spain);
+  QLocale::setDefault(spanish);
+  auto* const translator = new QTranslator(QCoreApplication::instance());
+  const QString name = QStringLiteral("qtbase_es");
+  if (translator->load(name,
+                       QCoreApplication::applicationDirPath() + QStringLiteral("/translations")) ||
+      translator->load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(translator);
 }
 
 QFont fontFor(const Font& font) {

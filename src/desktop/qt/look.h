@@ -1,4 +1,5 @@
-// The program's own look, the same on every system: style, light colours, fonts of the elements.
+// The program's own look and language, the same on every system: style, light colours, fonts of the
+// elements, Spanish.
 #pragma once
 
 #include <QFont>
@@ -12,6 +13,9 @@ namespace forms::qt {
 
 // Gives the whole application its style and colours. Menus and boxes keep the system's font.
 void applyLook();
+// Makes Spanish the language of Qt's own texts. Needs the application. Without Qt's translation
+// file its few texts stay English.
+void speakSpanish();
 
 // The font at its size in pixels of 96 dpi. A family that is missing is replaced by one of the same
 // measures.

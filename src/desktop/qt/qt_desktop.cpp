@@ -1,17 +1,14 @@
 #include "desktop/qt/qt_desktop.h"
 
-#include <QApplication>
 #include <QDateTime>
 #include <QDir>
 
 #include "desktop/qt/accessibility.h"
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/file_dialog.h"
+#include "desktop/qt/dialogs.h"
+#include "desktop/qt/elements.h"
 #include "desktop/qt/look.h"
-#include "desktop/qt/message_box.h"
-#include "desktop/qt/screen.h"
-#include "desktop/qt/spanish.h"
-#include "forms/forms.h"
+#include "desktop/qt/windows.h"
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -19,97 +16,114 @@
 
 namespace forms::qt {
 
-namespace {
+// --- From start to end ---------------------------------------------------------------------------
 
-// To be called before there is an application.
-void setAttributes() {
+QtDesktop::QtDesktop(int& argc, char** argv) : application_(argc, argv) {
   // Dialogs of the system would ask questions of their own, and a menu at the screen's edge is
   // none of the frame's.
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+  QApplication::setQuitOnLastWindowClosed(false);
+  applyLook();
+  speakSpanish();
+  installAccessibility();
 }
 
-// A file dialog leaves a megabyte of freed memory behind, which the C library would keep for a next
-// one that may never come.
-void giveBackMemory() {
-#ifdef __GLIBC__
-  malloc_trim(0);
-#endif
-}
-
-} // namespace
-
-struct QtDesktop::Parts {
-  Parts(int& argc, char** argv) : application(argc, argv) {
-    QApplication::setQuitOnLastWindowClosed(false);
-    applyLook();
-    speakSpanish();
-    installAccessibility();
-  }
-
-  QApplication application;
-  Screen screen;
-  Forms* forms = nullptr;
-  bool ended = false;
-};
-
-QtDesktop::QtDesktop(int& argc, char** argv) {
-  setAttributes();
-  parts_ = std::make_unique<Parts>(argc, argv);
-}
-
-QtDesktop::~QtDesktop() = default;
-
-void QtDesktop::connect(Forms& forms) {
-  parts_->forms = &forms;
-  parts_->screen.connect(forms);
+QtDesktop::~QtDesktop() {
+  for (ElementView* view : std::as_const(views_))
+    view->detach();
+  for (ElementView* view : std::as_const(views_))
+    if (auto* const window = dynamic_cast<WindowView*>(view))
+      window->remove();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 int QtDesktop::run() {
   // The first window may have closed before it was all there.
-  return parts_->ended ? 0 : QApplication::exec();
+  return reporter_.forms().openWindows().empty() ? 0 : QApplication::exec();
 }
 
+// --- Windows and elements ------------------------------------------------------------------------
+
 void QtDesktop::windowOpened(Window& window) {
-  parts_->screen.open(window);
+  WindowView* const view = makeView(window, *this);
+  views_.insert(&window, view);
+  if (window.windowKind() == WindowKind::Frame)
+    frame_ = &view->widget();
+  for (Element* element : window.elements())
+    changed(*element);
+  view->sync();
+  view->appear();
 }
 
 void QtDesktop::windowClosed(Window& window) {
-  parts_->screen.close(window);
-  if (!parts_->forms->openWindows().empty())
-    return;
-  parts_->ended = true;
-  QCoreApplication::exit();
+  auto& view = viewOf<WindowView>(window);
+  if (frame_ == &view.widget())
+    frame_ = nullptr;
+  // The widgets of the elements go with their window.
+  views_.removeIf([&](auto entry) {
+    const bool goes = &entry.key()->window() == &window;
+    if (goes)
+      entry.value()->detach();
+    return goes;
+  });
+  view.remove();
+  if (reporter_.forms().openWindows().empty())
+    QCoreApplication::exit();
 }
 
 void QtDesktop::waitModal(Window& window) {
-  parts_->screen.waitUntilClosed(window);
+  viewOf<WindowView>(window).waitUntilRemoved();
 }
 
 void QtDesktop::changed(Element& element) {
-  parts_->screen.change(element);
+  if (!views_.contains(&element)) {
+    auto& window = viewOf<WindowView>(element.window());
+    if (!window.hasPlaceFor(element))
+      return;
+    views_.insert(&element, makeView(element, window, *this));
+  }
+  viewOf<ElementView>(element).sync();
 }
 
 void QtDesktop::removed(Element& element) {
-  parts_->screen.remove(element);
+  viewOf<ElementView>(element).remove();
+  views_.remove(&element);
 }
 
 void QtDesktop::focusAsked(Element& element) {
-  parts_->screen.giveFocus(element);
+  if (element.kind() == Kind::Window)
+    focus_.activate(element.window());
+  else if (viewOf<WindowView>(element.window()).hasPlaceFor(element))
+    focus_.give(element);
+}
+
+// --- Boxes ---------------------------------------------------------------------------------------
+
+QWidget* QtDesktop::front() const {
+  if (QWidget* const active = QApplication::activeModalWidget())
+    return active;
+  return frame_ && frame_->isVisible() ? frame_ : nullptr;
 }
 
 Answer QtDesktop::messageBox(const MessageBox& box) {
-  return showMessageBox(box, parts_->screen.front());
+  return showMessageBox(box, front());
 }
 
 std::optional<std::string> QtDesktop::fileDialog(const FileDialog& dialog) {
-  auto path = showFileDialog(dialog, parts_->screen.front());
-  giveBackMemory();
+  auto path = showFileDialog(dialog, front());
+#ifdef __GLIBC__
+  // The dialog leaves a megabyte of freed memory behind, which the C library would keep for a next
+  // one that may never come.
+  malloc_trim(0);
+#endif
   return path;
 }
 
+// --- The system ----------------------------------------------------------------------------------
+
 std::optional<PictureSize> QtDesktop::pictureSize(const std::string& path) {
-  return parts_->screen.pictures().size(toQt(path));
+  return pictures_.size(toQt(path));
 }
 
 DateTime QtDesktop::now() {

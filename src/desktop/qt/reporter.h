@@ -1,9 +1,13 @@
 // The way from the screen to the forms layer: every action that a person takes goes through here.
 #pragma once
 
+#include <utility>
+
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
 
 #include "forms/forms.h"
 
@@ -20,47 +24,36 @@ public:
 
   // Calls `tell` with the forms layer and hands back what it returns.
   template <class Tell> auto report(Tell tell) {
-    const Report running(*this);
+    ++reports_;
+    const auto returned = qScopeGuard([this] {
+      if (--reports_ == 0)
+        deleteRemoved();
+    });
     return tell(*forms_);
   }
 
   // Deletes the object as soon as nothing can need it any more.
-  void bury(QObject* object);
+  void remove(QObject* object) {
+    removed_.append(object);
+    if (reports_ == 0)
+      deleteRemoved();
+  }
 
-  // While one lives, what widgets signal is the program's own doing and not reported.
-  class Quiet {
-  public:
-    explicit Quiet(Reporter& reporter) : reporter_(reporter) { ++reporter_.quiet_; }
-    ~Quiet() { --reporter_.quiet_; }
-    Quiet(const Quiet&) = delete;
-    Quiet& operator=(const Quiet&) = delete;
-
-  private:
-    Reporter& reporter_;
-  };
-  bool isQuiet() const { return quiet_ > 0; }
+  // While the result lives, what widgets signal is the program's own doing and not reported.
+  [[nodiscard]] auto quiet() { return QScopedValueRollback(quiet_, true); }
+  bool isQuiet() const { return quiet_; }
 
 private:
-  class Report {
-  public:
-    explicit Report(Reporter& reporter) : reporter_(reporter) { ++reporter_.reports_; }
-    ~Report() {
-      if (--reporter_.reports_ == 0)
-        reporter_.deleteBuried();
-    }
-    Report(const Report&) = delete;
-    Report& operator=(const Report&) = delete;
-
-  private:
-    Reporter& reporter_;
-  };
-
-  void deleteBuried();
+  void deleteRemoved() {
+    for (const auto& object : std::exchange(removed_, {}))
+      if (object)
+        object->deleteLater();
+  }
 
   Forms* forms_ = nullptr;
-  int reports_ = 0; // reports under way, each inside the one before
-  int quiet_ = 0;
-  QList<QPointer<QObject>> buried_;
+  int reports_ = 0; // under way, each inside the one before
+  bool quiet_ = false;
+  QList<QPointer<QObject>> removed_; // some go with a parent before their turn
 };
 
 } // namespace forms::qt

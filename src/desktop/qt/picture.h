@@ -1,4 +1,4 @@
-// Draws a picture element: picture, frame, raised look.
+// Pictures on a form, and the frames that mark a place in front of them.
 #pragma once
 
 #include <functional>
@@ -6,13 +6,20 @@
 #include <QColor>
 #include <QWidget>
 
+#include "forms/picture.h"
+
 namespace forms::qt {
 
+class ElementView;
 class PictureStore;
+class QtDesktop;
 
+ElementView* makePictureView(Picture& picture, QtDesktop& desktop, QWidget* form);
+
+// Draws a picture element: picture, frame, raised look.
 class PictureWidget final : public QWidget {
 public:
-  PictureWidget(PictureStore& pictures, QWidget* parent);
+  PictureWidget(PictureStore& pictures, QWidget* form);
 
   struct Looks {
     QString path; // empty: no picture
@@ -34,6 +41,20 @@ protected:
 private:
   PictureStore& pictures_;
   Looks looks_;
+};
+
+// Marks a place for who plays with the keyboard: lies in front of everything on its form and lets
+// the mouse through.
+class Mark final : public QWidget {
+public:
+  // The line's width in pixels, without the two dark lines beside it.
+  Mark(QWidget* form, int width);
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  int width_;
 };
 
 } // namespace forms::qt

@@ -1,0 +1,332 @@
+#include "desktop/qt/elements.h"
+
+#include <algorithm>
+
+#include <QActionGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QStyle>
+#include <QTimer>
+
+#include "desktop/qt/conversions.h"
+#include "desktop/qt/element_view.h"
+#include "desktop/qt/form.h"
+#include "desktop/qt/look.h"
+#include "desktop/qt/picture.h"
+#include "desktop/qt/qt_desktop.h"
+#include "desktop/qt/windows.h"
+
+namespace forms::qt {
+
+namespace {
+
+// --- Label ---------------------------------------------------------------------------------------
+
+class LabelView final : public ViewOf<Label, QLabel> {
+public:
+  LabelView(Label& label, QtDesktop& desktop, QWidget* form)
+      : ViewOf(label, desktop, new QLabel(form)) {
+    widget().setTextFormat(Qt::PlainText);
+    widget().setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    widget().setAutoFillBackground(label.BackColor.has_value());
+    applyColors(widget(), label, QPalette::Window, QPalette::WindowText);
+    setClicks(Clicks::OfMouse);
+  }
+
+protected:
+  void syncKind() override {
+    widget().setText(caption());
+    // Where there is room for one line only, a wrapped word would vanish altogether.
+    widget().setWordWrap(widget().height() >= 2 * widget().fontMetrics().lineSpacing());
+  }
+  QString caption() const override { return toQt(shown().Caption); }
+};
+
+// --- Text box of one line ------------------------------------------------------------------------
+
+class TextBoxView final : public ViewOf<TextBox, QLineEdit> {
+public:
+  TextBoxView(TextBox& box, QtDesktop& desktop, QWidget* form)
+      : ViewOf(box, desktop, new QLineEdit(form)) {
+    if (box.MaxLength > 0)
+      widget().setMaxLength(box.MaxLength);
+    widget().setReadOnly(box.ReadOnly);
+    applyColors(widget(), box, QPalette::Base, QPalette::Text);
+    // Not textEdited: a screen reader sets the text without it.
+    connect(&widget(), &QLineEdit::textChanged, this, [this](const QString& text) {
+      reportUse([&](Forms& forms) { forms.typed(shown(), fromQt(text)); });
+    });
+  }
+
+protected:
+  void syncKind() override {
+    if (const QString text = toQt(shown().Text); widget().text() != text)
+      widget().setText(text);
+  }
+};
+
+// --- Text box of several lines, with scroll bars both ways ---------------------------------------
+
+class TextAreaView final : public ViewOf<TextBox, QPlainTextEdit> {
+public:
+  TextAreaView(TextBox& box, QtDesktop& desktop, QWidget* form)
+      : ViewOf(box, desktop, new QPlainTextEdit(form)) {
+    widget().setReadOnly(box.ReadOnly);
+    if (box.ReadOnly)
+      widget().setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    widget().setLineWrapMode(QPlainTextEdit::NoWrap);
+    widget().setTabChangesFocus(true);
+    widget().setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    widget().setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    for (QScrollBar* bar : {widget().horizontalScrollBar(), widget().verticalScrollBar()})
+      bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    applyColors(widget(), box, QPalette::Base, QPalette::Text);
+    watch(*widget().viewport());
+    connect(&widget(), &QPlainTextEdit::textChanged, this,
+            [this] { reportUse([this](Forms& forms) { forms.typed(shown(), fromQt(text())); }); });
+  }
+
+protected:
+  void syncKind() override {
+    if (const QString wanted = toQt(shown().Text); text() != wanted)
+      widget().setPlainText(QString(wanted).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+  }
+
+private:
+  // The program's lines end in CR LF, Qt's in LF.
+  QString text() const {
+    return widget().toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+  }
+};
+
+// --- Check box without a caption -----------------------------------------------------------------
+
+class CheckBoxView final : public ViewOf<CheckBox, QCheckBox> {
+public:
+  CheckBoxView(CheckBox& box, QtDesktop& desktop, QWidget* form)
+      : ViewOf(box, desktop, new QCheckBox(form)) {
+    applyColors(widget(), box, QPalette::Base, QPalette::Text);
+    // Not clicked: a screen reader toggles the box without it.
+    connect(&widget(), &QCheckBox::toggled, this, [this] { click(); });
+  }
+  // The style marks the caption, which is not there.
+  bool needsMark() const override { return true; }
+
+protected:
+  void syncKind() override { widget().setChecked(shown().Value != 0); }
+
+  // The style's box may be a little larger than the element; it must not be cut.
+  QRect placeFor(const QRect& wanted) const override {
+    const QStyle& style = *widget().style();
+    const QSize drawn(style.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &widget()),
+                      style.pixelMetric(QStyle::PM_IndicatorHeight, nullptr, &widget()));
+    QRect place(wanted.topLeft(), wanted.size().expandedTo(drawn));
+    place.moveCenter(wanted.center());
+    return place;
+  }
+};
+
+// --- Drop-down list without typing ---------------------------------------------------------------
+
+class DropListView final : public ViewOf<DropList, QComboBox> {
+public:
+  DropListView(DropList& list, QtDesktop& desktop, QWidget* form)
+      : ViewOf(list, desktop, new QComboBox(form)) {
+    applyColors(widget(), list, QPalette::Base, QPalette::Text);
+    // A choice of the item that is chosen already counts too.
+    connect(&widget(), &QComboBox::activated, this,
+            [this](int index) { reportUse([&](Forms& forms) { forms.chosen(shown(), index); }); });
+  }
+
+protected:
+  void syncKind() override {
+    QStringList items;
+    for (const std::string& item : shown().items())
+      items.append(toQt(item));
+    QStringList before;
+    for (int i = 0; i < widget().count(); ++i)
+      before.append(widget().itemText(i));
+    if (items != before) {
+      widget().clear();
+      widget().addItems(items);
+    }
+    if (widget().currentIndex() != shown().ListIndex())
+      widget().setCurrentIndex(shown().ListIndex());
+  }
+  QString description() const override { return toQt(shown().Text()); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    // A turn of the wheel on the way past would choose an item.
+    return event->type() == QEvent::Wheel || WidgetView::eventFilter(watched, event);
+  }
+};
+
+// --- Button and its key --------------------------------------------------------------------------
+
+class ButtonView final : public ViewOf<Button, QPushButton> {
+public:
+  ButtonView(Button& button, QtDesktop& desktop, QWidget* form)
+      : ViewOf(button, desktop, new QPushButton(form)) {
+    widget().setAutoDefault(false);
+    applyColors(widget(), button, QPalette::Button, QPalette::ButtonText);
+    connect(&widget(), &QPushButton::clicked, this, [this] { click(); });
+    if (button.Shortcut.empty())
+      return;
+    // The key belongs to the form: one of a hidden button would be dead.
+    auto* const key = new QShortcut(QKeySequence(toQt(button.Shortcut)), form);
+    connect(key, &QShortcut::activated, this,
+            [this] { reportUse([this](Forms& forms) { forms.shortcutPressed(shown()); }); });
+  }
+
+protected:
+  void syncKind() override { widget().setText(caption()); }
+  QString caption() const override { return toQt(shown().Caption); }
+};
+
+// --- Menu entry of the frame ---------------------------------------------------------------------
+
+class MenuEntryView final : public ElementView {
+public:
+  MenuEntryView(MenuEntry& entry, QtDesktop& desktop, QMenuBar* bar)
+      : ElementView(entry, desktop, bar) {
+    if (isMenu(entry)) {
+      menu_ = new QMenu(bar);
+      action_ = menu_->menuAction();
+      if (entry.WindowList)
+        connect(menu_, &QMenu::aboutToShow, this, [this] { listWindows(); });
+    } else {
+      action_ = new QAction(this);
+      connect(action_, &QAction::triggered, this, [this] {
+        if (element())
+          reporter().report([this](Forms& forms) { forms.menuChosen(elementAs<MenuEntry>()); });
+      });
+    }
+    action_->setObjectName(toQt(entry.name()));
+    QWidget* holder = bar;
+    if (entry.parent)
+      holder = desktop.viewOf<MenuEntryView>(*entry.parent).menu_;
+    holder->addAction(action_);
+  }
+
+  void sync() override {
+    const auto& entry = elementAs<MenuEntry>();
+    action_->setText(toQt(entry.Caption));
+    action_->setEnabled(entry.Enabled);
+    action_->setVisible(entry.Visible);
+  }
+
+private:
+  static bool isMenu(const MenuEntry& entry) {
+    const auto& elements = entry.window().elements();
+    return entry.WindowList || std::any_of(elements.begin(), elements.end(), [&](Element* element) {
+             return element->kind() == Kind::MenuEntry &&
+                    static_cast<MenuEntry*>(element)->parent == &entry;
+           });
+  }
+
+  // Puts the open child windows at the menu's foot, below a line.
+  void listWindows() {
+    delete windows_;
+    windows_ = new QActionGroup(menu_);
+    auto* const line = new QAction(windows_);
+    line->setSeparator(true);
+    int number = 0;
+    for (Window* window : reporter().forms().openWindows())
+      if (window->windowKind() == WindowKind::Child)
+        listWindow(*window, ++number);
+    line->setVisible(number > 0);
+    menu_->addActions(windows_->actions());
+  }
+
+  void listWindow(Window& window, int number) {
+    const QString caption = toQt(window.Caption).replace(QLatin1String("&"), QLatin1String("&&"));
+    auto* const action = new QAction(QStringLiteral("&%1 %2").arg(number).arg(caption), windows_);
+    action->setCheckable(true);
+    action->setChecked(&window == reporter().forms().activeChild());
+    // A window that has closed meanwhile is passed over by the forms layer.
+    connect(action, &QAction::triggered, this, [this, &window] {
+      reporter().report([&](Forms& forms) { return forms.activated(window); });
+    });
+  }
+
+  QAction* action_ = nullptr;
+  QMenu* menu_ = nullptr;           // set when the entry has entries below it
+  QActionGroup* windows_ = nullptr; // the open child windows, with the line above them
+};
+
+// --- Timer ---------------------------------------------------------------------------------------
+
+class TimerView final : public ElementView {
+public:
+  TimerView(Timer& timer, QtDesktop& desktop, QObject* parent)
+      : ElementView(timer, desktop, parent) {
+    connect(&clock_, &QTimer::timeout, this, [this] {
+      reporter().report([this](Forms& forms) { forms.ticked(elementAs<Timer>()); });
+    });
+  }
+
+  // A clock that runs already keeps its beat.
+  void sync() override {
+    const auto& timer = elementAs<Timer>();
+    if (clock_.interval() != timer.Interval)
+      clock_.setInterval(timer.Interval);
+    if (!timer.Enabled)
+      clock_.stop();
+    else if (!clock_.isActive())
+      clock_.start();
+  }
+
+  void detach() override {
+    clock_.stop();
+    ElementView::detach();
+  }
+
+private:
+  QTimer clock_;
+};
+
+ElementView* makeWidgetView(Element& element, QWidget* form, QtDesktop& desktop) {
+  switch (element.kind()) {
+  case Kind::Picture:
+    return makePictureView(static_cast<Picture&>(element), desktop, form);
+  case Kind::Label:
+    return new LabelView(static_cast<Label&>(element), desktop, form);
+  case Kind::TextBox:
+    if (static_cast<TextBox&>(element).MultiLine)
+      return new TextAreaView(static_cast<TextBox&>(element), desktop, form);
+    return new TextBoxView(static_cast<TextBox&>(element), desktop, form);
+  case Kind::CheckBox:
+    return new CheckBoxView(static_cast<CheckBox&>(element), desktop, form);
+  case Kind::DropList:
+    return new DropListView(static_cast<DropList&>(element), desktop, form);
+  case Kind::Button:
+    return new ButtonView(static_cast<Button&>(element), desktop, form);
+  default:
+    qFatal("%s is no element that a form shows", element.name().c_str());
+  }
+}
+
+} // namespace
+
+ElementView* makeView(Element& element, WindowView& window, QtDesktop& desktop) {
+  if (element.kind() == Kind::Timer)
+    return new TimerView(static_cast<Timer&>(element), desktop, &window.widget());
+  if (element.kind() != Kind::MenuEntry)
+    return makeWidgetView(element, &window.form(), desktop);
+  auto* const frame = qobject_cast<QMainWindow*>(&window.widget());
+  if (!frame)
+    qFatal("%s stands on a window without a menu", element.name().c_str());
+  return new MenuEntryView(static_cast<MenuEntry&>(element), desktop, frame->menuBar());
+}
+
+} // namespace forms::qt

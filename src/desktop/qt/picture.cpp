@@ -1,0 +1,248 @@
+#include "desktop/qt/picture.h"
+
+#include <limits>
+#include <optional>
+#include <utility>
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QVariant>
+
+#include "desktop/qt/conversions.h"
+#include "desktop/qt/element_view.h"
+#include "desktop/qt/picture_store.h"
+#include "desktop/qt/qt_desktop.h"
+#include "forms/grid_picture.h"
+
+namespace forms::qt {
+
+// --- What lies in front of what ------------------------------------------------------------------
+
+namespace {
+
+// Rank of what lies in front of every element.
+constexpr int FrontRank = std::numeric_limits<int>::max();
+
+// Moves the widget behind all of its form that have a higher rank and in front of all others. A
+// widget that was never given a rank has rank 0.
+void setStackingRank(QWidget& widget, int rank) {
+  constexpr const char* RankProperty = "stackingRank";
+  widget.setProperty(RankProperty, rank);
+  // From the hindmost to the frontmost.
+  for (QObject* sibling : widget.parentWidget()->children()) {
+    auto* const other = qobject_cast<QWidget*>(sibling);
+    if (other && other != &widget && other->property(RankProperty).toInt() > rank)
+      return widget.stackUnder(other);
+  }
+  widget.raise();
+}
+
+} // namespace
+
+// --- Mark ----------------------------------------------------------------------------------------
+
+Mark::Mark(QWidget* form, int width) : QWidget(form), width_(width) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setStackingRank(*this, FrontRank);
+  hide();
+}
+
+// Yellow between two dark lines: it shows on both tones of a board and on either side's units.
+void Mark::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const auto frame = [&](int inset, const QColor& color) {
+    painter.setPen(color);
+    painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
+  };
+  frame(0, Qt::black);
+  for (int inset = 1; inset <= width_; ++inset)
+    frame(inset, QColor(255, 214, 0));
+  frame(width_ + 1, Qt::black);
+}
+
+// --- What is drawn -------------------------------------------------------------------------------
+
+namespace {
+
+void drawBorder(QPainter& painter, const QRect& rect) {
+  painter.setPen(Qt::black);
+  painter.drawRect(rect.adjusted(0, 0, -1, -1));
+}
+
+// A slanted edge that catches the light from the top left, between two dark lines, so that it shows
+// on light and on dark pictures.
+void drawRaised(QPainter& painter, const QRect& rect) {
+  constexpr int EdgeWidth = 4;
+  const QColor lit(255, 244, 190);
+  const QColor shaded(150, 106, 0);
+  for (int i = 1; i <= EdgeWidth; ++i) {
+    const QRect line = rect.adjusted(i, i, -i - 1, -i - 1);
+    painter.setPen(lit);
+    painter.drawLine(line.topLeft(), line.topRight());
+    painter.drawLine(line.topLeft(), line.bottomLeft());
+    painter.setPen(shaded);
+    painter.drawLine(line.bottomLeft(), line.bottomRight());
+    painter.drawLine(line.topRight(), line.bottomRight());
+  }
+  constexpr int Inner = EdgeWidth + 1;
+  drawBorder(painter, rect);
+  drawBorder(painter, rect.adjusted(Inner, Inner, -Inner, -Inner));
+}
+
+} // namespace
+
+PictureWidget::PictureWidget(PictureStore& pictures, QWidget* form)
+    : QWidget(form), pictures_(pictures) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setMouseTracking(true);
+}
+
+void PictureWidget::setLooks(Looks looks) {
+  if (looks == looks_)
+    return;
+  looks_ = std::move(looks);
+  update();
+}
+
+void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const int frame = looks_.border ? 1 : 0;
+  const QRect inner = rect().adjusted(frame, frame, -frame, -frame);
+  const QPixmap pixmap = looks_.path.isEmpty()
+                             ? QPixmap()
+                             : pictures_.pixmap(looks_.path, inner.size(), devicePixelRatioF());
+  if (pixmap.isNull())
+    painter.fillRect(inner, looks_.background);
+  else
+    painter.drawPixmap(inner.topLeft(), pixmap); // pixel by pixel
+  if (looks_.border)
+    drawBorder(painter, rect());
+  if (looks_.raised)
+    drawRaised(painter, rect());
+}
+
+// --- The element ---------------------------------------------------------------------------------
+
+namespace {
+
+class PictureView final : public ViewOf<Picture, PictureWidget> {
+public:
+  PictureView(Picture& picture, QtDesktop& desktop, QWidget* form)
+      : ViewOf(picture, desktop, new PictureWidget(desktop.pictures(), form)) {
+    setClicks(Clicks::OfMouse);
+    // Later, for the press may end in a message box, and the screen reader waits for its call's
+    // end.
+    widget().press = [this] {
+      QMetaObject::invokeMethod(
+          this, [this] { press(); }, Qt::QueuedConnection);
+    };
+  }
+
+  void remove() override {
+    if (cursor_) {
+      cursor_->hide();
+      reporter().remove(cursor_);
+    }
+    WidgetView::remove();
+  }
+
+  // On a board the cursor shows the place, also that of a unit.
+  bool needsMark() const override {
+    return shown().index() == 0 && (!board() || board()->cursorSquare == 0);
+  }
+
+protected:
+  void syncKind() override {
+    const QColor background =
+        shown().BackColor ? toQt(*shown().BackColor) : widget().palette().color(QPalette::Base);
+    widget().setLooks(
+        {toQt(shown().picturePath()), shown().Appearance == 1, shown().Border, background});
+    widget().isButton = static_cast<bool>(shown().Click);
+    // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
+    if (const int rank = shown().zOrderRank; std::exchange(shownRank_, rank) != rank)
+      setStackingRank(widget(), rank);
+    syncCursor();
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    // What the mouse still does here is meant for no other element either.
+    if (!element())
+      return event->isInputEvent();
+    switch (event->type()) {
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease:
+      // A press or a release may come without a move before it, as when a box has just gone.
+      movedTo(static_cast<QMouseEvent*>(event)->position());
+      if (!element() || event->type() == QEvent::MouseMove)
+        return true;
+      break;
+    default:
+      break;
+    }
+    return WidgetView::eventFilter(watched, event);
+  }
+
+private:
+  int frame() const { return shown().Border ? 1 : 0; }
+
+  // nullptr for a picture without a grid.
+  const GridPicture* board() const {
+    const GridPicture* const board = shown().window().grid();
+    return board == &shown() ? board : nullptr;
+  }
+
+  // Pixels of the cursor's square on the form; nothing while no cursor shows here.
+  std::optional<QRect> cursorPlace() const {
+    if (!board() || board()->cursorSquare == 0)
+      return std::nullopt;
+    const int square = board()->cursorSquare - 1; // from 0
+    const int columns = board()->columns();
+    const int side = board()->side();
+    const QPoint corner(pixels(square % columns * side), pixels(square / columns * side));
+    return QRect(widget().pos() + QPoint(frame(), frame()) + corner,
+                 QSize(pixels(side), pixels(side)));
+  }
+
+  void syncCursor() {
+    constexpr int CursorWidth = 3; // pixels
+    const std::optional<QRect> place = cursorPlace();
+    if (place && !cursor_)
+      cursor_ = new Mark(widget().parentWidget(), CursorWidth);
+    if (place)
+      cursor_->setGeometry(*place);
+    if (cursor_)
+      cursor_->setVisible(place && shown().Visible);
+  }
+
+  void movedTo(QPointF position) {
+    const QPoint pixel = wholePixel(position) - QPoint(frame(), frame());
+    if (std::exchange(pointer_, pixel) == pixel)
+      return;
+    reporter().report([&](Forms& forms) {
+      forms.moved(shown(), static_cast<float>(twips(pixel.x())),
+                  static_cast<float>(twips(pixel.y())));
+    });
+  }
+
+  void press() {
+    const bool goesOn = element() && reporter().report([this](Forms& forms) {
+      return forms.pressed(shown(), MouseButton::Left);
+    });
+    if (goesOn)
+      click();
+  }
+
+  int shownRank_ = -1;
+  Mark* cursor_ = nullptr;        // made at its first use
+  std::optional<QPoint> pointer_; // whole pixels, as last reported
+};
+
+} // namespace
+
+ElementView* makePictureView(Picture& picture, QtDesktop& desktop, QWidget* form) {
+  return new PictureView(picture, desktop, form);
+}
+
+} // namespace forms::qt

@@ -1,0 +1,290 @@
+#include "desktop/qt/windows.h"
+
+#include <algorithm>
+
+#include <QAction>
+#include <QApplication>
+#include <QEvent>
+#include <QEventLoop>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScrollBar>
+
+#include "desktop/qt/conversions.h"
+#include "desktop/qt/form.h"
+#include "desktop/qt/look.h"
+#include "desktop/qt/qt_desktop.h"
+
+namespace forms::qt {
+
+// --- What all windows do alike -------------------------------------------------------------------
+
+WindowView::WindowView(Window& window, QtDesktop& desktop, QWidget* widget, Form* form)
+    : ElementView(window, desktop, widget), widget_(*widget), form_(form) {
+  widget->setObjectName(toQt(window.name()));
+  widget->installEventFilter(this);
+}
+
+void WindowView::sync() {
+  const auto quiet = reporter().quiet();
+  widget_.setWindowTitle(toQt(window().Caption));
+  if (const QIcon icon = desktop().pictures().icon(toQt(window().Icon));
+      icon.cacheKey() != widget_.windowIcon().cacheKey()) {
+    widget_.setWindowIcon(icon);
+    if (window().windowKind() == WindowKind::Frame)
+      QApplication::setWindowIcon(icon); // of the boxes
+  }
+  syncPlace();
+}
+
+void WindowView::detach() {
+  if (form_)
+    form_->detach();
+  ElementView::detach();
+}
+
+void WindowView::remove() {
+  const auto quiet = reporter().quiet();
+  detach();
+  widget_.hide();
+  reporter().remove(&widget_);
+  if (waiting_)
+    waiting_->quit();
+}
+
+Form& WindowView::form() const {
+  if (!form_)
+    qFatal("%s has no place for elements", qPrintable(widget_.objectName()));
+  return *form_;
+}
+
+void WindowView::waitUntilRemoved() {
+  QEventLoop loop;
+  waiting_ = &loop;
+  loop.exec();
+}
+
+QSize WindowView::sizeAround(QSize decoration) const {
+  const QSize inner(pixels(window().ClientWidth), pixels(window().ClientHeight));
+  const QSize outer(pixels(window().Width), pixels(window().Height));
+  return (inner.isEmpty() ? outer : inner + decoration)
+      .expandedTo(form().neededSize() + decoration);
+}
+
+void WindowView::moveToPlace() {
+  widget_.move(pixels(window().Left), pixels(window().Top));
+}
+
+bool WindowView::eventFilter(QObject* /*watched*/, QEvent* event) {
+  switch (event->type()) {
+  case QEvent::Close:
+    event->ignore(); // the forms layer closes it, or not
+    if (element())
+      reporter().report([this](Forms& forms) { forms.closeRequested(window()); });
+    return true;
+  case QEvent::WindowActivate:
+  case QEvent::WindowDeactivate:
+    if (widget_.isWindow())
+      desktop().focus().windowChanged();
+    return false;
+  default:
+    return false;
+  }
+}
+
+namespace {
+
+// --- The frame: menu bar and area of child windows -----------------------------------------------
+
+bool hasMenu(const Window& window) {
+  const auto& elements = window.elements();
+  return std::any_of(elements.begin(), elements.end(),
+                     [](const Element* element) { return element->kind() == Kind::MenuEntry; });
+}
+
+class FrameView final : public WindowView {
+public:
+  FrameView(Window& window, QtDesktop& desktop)
+      : WindowView(window, desktop, new QMainWindow, nullptr) {
+    auto& frame = static_cast<QMainWindow&>(widget());
+    auto* const area = new QMdiArea(&frame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    if (window.BackColor)
+      area->setBackground(toQt(*window.BackColor));
+    // Their menus wait in a loop of their own, in which a child window may close.
+    for (QScrollBar* bar : {area->horizontalScrollBar(), area->verticalScrollBar()})
+      bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    frame.setCentralWidget(area);
+    frame.menuBar()->setContextMenuPolicy(Qt::PreventContextMenu);
+    desktop.focus().watch(*area);
+  }
+
+  void appear() override {
+    widget().resize(pixels(window().Width), pixels(window().Height));
+    if (window().Maximized)
+      widget().showMaximized();
+    else
+      widget().show();
+  }
+};
+
+// --- A child window inside the frame: fixed in size, with a close box ----------------------------
+
+QMdiArea& areaFor(const Window& child, QtDesktop& desktop) {
+  auto* const frame = qobject_cast<QMainWindow*>(desktop.frame());
+  if (!frame)
+    qFatal("%s has no frame around it", child.name().c_str());
+  return static_cast<QMdiArea&>(*frame->centralWidget());
+}
+
+class ChildView final : public WindowView {
+public:
+  ChildView(Window& window, QtDesktop& desktop)
+      : WindowView(window, desktop, new QMdiSubWindow(nullptr, Qt::SubWindow),
+                   new Form(window, desktop)),
+        area_(areaFor(window, desktop)) {
+    child().setWidget(&form());
+    // The title's: the system's might be too large for a window of this size.
+    child().setFont(fontFor({}));
+    makeSystemMenu();
+    // A press on the title would move the focus past the forms layer.
+    child().setFocusPolicy(Qt::NoFocus);
+  }
+
+  void appear() override {
+    {
+      const auto quiet = reporter().quiet();
+      child().setParent(area_.viewport(), Qt::SubWindow | Qt::CustomizeWindowHint |
+                                              Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                              Qt::WindowCloseButtonHint |
+                                              Qt::MSWindowsFixedSizeDialogHint);
+      fit();
+      area_.addSubWindow(&child(), child().windowFlags());
+      if (!window().PlacedByDesktop)
+        moveToPlace();
+      child().show();
+    }
+    tellPlace();
+  }
+
+  void remove() override {
+    const auto quiet = reporter().quiet();
+    detach();
+    child().hide();
+    area_.removeSubWindow(&child());
+    WindowView::remove();
+  }
+
+protected:
+  void syncPlace() override {
+    if (!child().isVisible())
+      return;
+    fit();
+    if (!tellingPlace_)
+      moveToPlace();
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    switch (event->type()) {
+    case QEvent::ContextMenu:
+      // Qt's own would wait in a loop of its own, in which the window may close.
+      event->accept();
+      return true;
+    case QEvent::MouseButtonPress: {
+      event->accept();
+      const bool goesOn = element() && reporter().report([this](Forms& forms) {
+        return forms.activated(window());
+      });
+      return !goesOn || !element();
+    }
+    case QEvent::Move:
+      if (element() && child().isVisible() && !reporter().isQuiet())
+        tellPlace();
+      return false;
+    default:
+      return WindowView::eventFilter(watched, event);
+    }
+  }
+
+private:
+  QMdiSubWindow& child() const { return static_cast<QMdiSubWindow&>(widget()); }
+
+  void makeSystemMenu() {
+    auto* const menu = new QMenu(&child());
+    QAction* const close =
+        menu->addAction(QStringLiteral("&Cerrar"), &child(), [this] { child().close(); });
+    close->setShortcuts(
+        {QKeySequence(QStringLiteral("Ctrl+F4")), QKeySequence(QKeySequence::Close)});
+    child().addAction(close);
+    child().setSystemMenu(menu);
+  }
+
+  void fit() {
+    const QMargins frame = child().contentsMargins();
+    const QSize size = sizeAround({frame.left() + frame.right(), frame.top() + frame.bottom()});
+    if (size != child().minimumSize() || size != child().maximumSize())
+      child().setFixedSize(size);
+  }
+
+  // Top and Left follow where the window stands. A place between two pixels stays as the program
+  // gave it. While one of the two is told, the other is still the old one.
+  void tellPlace() {
+    const QScopedValueRollback telling(tellingPlace_, true);
+    if (pixels(window().Left) != child().x())
+      window().Left = twips(child().x());
+    if (pixels(window().Top) != child().y())
+      window().Top = twips(child().y());
+  }
+
+  QMdiArea& area_;
+  bool tellingPlace_ = false;
+};
+
+// --- A window of its own: fixed in size, with a close box ----------------------------------------
+
+// Stays in front of the frame, if there is one. A frame without a menu is such a window too.
+class OwnView final : public WindowView {
+public:
+  OwnView(Window& window, QtDesktop& desktop)
+      : WindowView(window, desktop, makeWidget(desktop.frame()), new Form(window, desktop)) {
+    form().setParent(&widget());
+  }
+
+  void appear() override {
+    if (window().isModal())
+      widget().setWindowModality(Qt::ApplicationModal);
+    if (!window().PlacedByDesktop)
+      moveToPlace();
+    widget().show();
+  }
+
+protected:
+  void syncPlace() override {
+    widget().setFixedSize(sizeAround({0, 0}));
+    form().setGeometry(widget().rect());
+  }
+
+private:
+  static QWidget* makeWidget(QWidget* frame) {
+    return new QWidget(frame, (frame ? Qt::Dialog : Qt::Window) | Qt::CustomizeWindowHint |
+                                  Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                  Qt::WindowCloseButtonHint);
+  }
+};
+
+} // namespace
+
+WindowView* makeView(Window& window, QtDesktop& desktop) {
+  if (window.windowKind() == WindowKind::Child)
+    return new ChildView(window, desktop);
+  if (window.windowKind() == WindowKind::Frame && hasMenu(window))
+    return new FrameView(window, desktop);
+  return new OwnView(window, desktop);
+}
+
+} // namespace forms::qt
