@@ -148,7 +148,7 @@ public:
 
   // On a board the cursor shows the place, also that of a unit.
   bool needsMark() const override {
-    return shown().index() == 0 && (!board() || board()->cursorSquare == 0);
+    return shown().index() < 0 && (!board() || board()->cursorSquare == 0);
   }
 
 protected:
