@@ -2,7 +2,7 @@
 
 namespace falanges {
 
-Form1::Form1(forms::Forms& forms) : Window(forms, forms::WindowKind::Frame, "Form1") {
+Form1::Form1(forms::Forms& forms) : Window(forms, forms::WindowKind::Own, "Form1") {
   Caption = "Form1";
   ClientWidth = 12780;
   ClientHeight = 8010;

@@ -47,13 +47,6 @@ Form::Form(Window& window, QtDesktop& desktop) : desktop_(desktop), window_(&win
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-QSize Form::neededSize() const {
-  QRect needed;
-  for (const QWidget* element : elementsInSight())
-    needed |= element->geometry();
-  return {needed.right() + 1, needed.bottom() + 1};
-}
-
 QList<QWidget*> Form::elementsInSight() const {
   QList<QWidget*> elements;
   for (QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))

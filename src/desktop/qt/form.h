@@ -16,8 +16,6 @@ public:
 
   // The window goes: the form never looks at it again.
   void detach() { window_ = nullptr; }
-  // Width and height in pixels that all visible elements need.
-  QSize neededSize() const;
   // The widgets of all visible elements as they are read: row by row, each from left to right.
   QList<QWidget*> elementsInSight() const;
 

@@ -134,7 +134,7 @@ public:
     // end.
     widget().press = [this] {
       QMetaObject::invokeMethod(
-          this, [this] { press(); }, Qt::QueuedConnection);
+          this, [this] { click(); }, Qt::QueuedConnection);
     };
   }
 
@@ -173,7 +173,10 @@ protected:
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseButtonRelease:
-      // A press or a release may come without a move before it, as when a box has just gone.
+      // A press or a release may come without a move before it, as when a box has just gone; and
+      // since the last move the keyboard may have pointed elsewhere.
+      if (event->type() != QEvent::MouseMove)
+        pointer_.reset();
       movedTo(static_cast<QMouseEvent*>(event)->position());
       if (!element() || event->type() == QEvent::MouseMove)
         return true;
@@ -224,14 +227,6 @@ private:
       forms.moved(shown(), static_cast<float>(twips(pixel.x())),
                   static_cast<float>(twips(pixel.y())));
     });
-  }
-
-  void press() {
-    const bool goesOn = element() && reporter().report([this](Forms& forms) {
-      return forms.pressed(shown(), MouseButton::Left);
-    });
-    if (goesOn)
-      click();
   }
 
   int shownRank_ = -1;

@@ -33,13 +33,29 @@ QStringList candidates(const QString& path, qreal ratio) {
   return files;
 }
 
+// The decoders fill in what they cannot read, and only warn.
+bool damaged = false;
+
+void noteWarning(QtMsgType /*type*/, const QMessageLogContext& context, const QString& /*text*/) {
+  damaged = damaged || QLatin1String(context.category).startsWith(QLatin1String("qt.gui.imageio"));
+}
+
+// Null for a file that is not whole.
+QImage decode(const QString& path) {
+  QImageReader reader(path);
+  reader.setDecideFormatFromContent(true);
+  damaged = false;
+  const QtMessageHandler handler = qInstallMessageHandler(noteWarning);
+  QImage image = reader.read();
+  qInstallMessageHandler(handler);
+  return damaged ? QImage() : image;
+}
+
 QImage load(const QString& path, qreal ratio) {
   for (const QString& file : candidates(path, ratio)) {
     if (!QFileInfo::exists(file))
       continue;
-    QImageReader reader(file);
-    reader.setDecideFormatFromContent(true);
-    if (QImage image = reader.read(); !image.isNull())
+    if (QImage image = decode(file); !image.isNull())
       return image;
   }
   return {};
@@ -65,12 +81,7 @@ QIcon loadIcon(const QString& path) {
 std::optional<PictureSize> PictureStore::size(const QString& path) {
   if (const auto known = sizes_.constFind(path); known != sizes_.constEnd())
     return *known;
-  QImageReader reader(path);
-  reader.setDecideFormatFromContent(true);
-  QSize size = reader.size();
-  // Some formats tell their size only with the whole picture.
-  if (!size.isValid())
-    size = reader.read().size();
+  const QSize size = decode(path).size();
   if (size.isEmpty())
     return std::nullopt;
   return *sizes_.insert(path, PictureSize{size.width(), size.height()});

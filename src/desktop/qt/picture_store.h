@@ -15,7 +15,8 @@ namespace forms::qt {
 // Beside name.jpg there may be name@2x.jpg and name@3x.jpg with as many times the pixels.
 class PictureStore {
 public:
-  // Pixels of the file at 96 dpi; nothing when it is no picture that can be shown.
+  // Pixels of the file at 96 dpi; nothing when it is no picture that can be shown, or a damaged
+  // one.
   std::optional<PictureSize> size(const QString& path);
   // The picture in `size` logical pixels on a screen with `ratio` device pixels to one of them.
   // Null when the file cannot be loaded.

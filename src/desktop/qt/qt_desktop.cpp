@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QSettings>
 
 #include "desktop/qt/accessibility.h"
 #include "desktop/qt/conversions.h"
@@ -24,6 +25,10 @@ QtDesktop::QtDesktop(int& argc, char** argv) : application_(argc, argv) {
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
   QApplication::setQuitOnLastWindowClosed(false);
+  // Qt's file dialog would read what other programs left behind, and keep its own state in the
+  // user's folders. No file can be below this path.
+  for (const QSettings::Scope scope : {QSettings::UserScope, QSettings::SystemScope})
+    QSettings::setPath(QSettings::NativeFormat, scope, QStringLiteral("/dev/null"));
   applyLook();
   speakSpanish();
   installAccessibility();
@@ -134,7 +139,10 @@ DateTime QtDesktop::now() {
 }
 
 std::string QtDesktop::programFolder() {
-  return fromQt(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
+  QString folder = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+  if (folder.endsWith(QDir::separator())) // a root folder
+    folder.chop(1);
+  return fromQt(folder);
 }
 
 } // namespace forms::qt

@@ -1,6 +1,6 @@
 #include "desktop/qt/windows.h"
 
-#include <algorithm>
+#include <utility>
 
 #include <QAction>
 #include <QApplication>
@@ -70,8 +70,16 @@ void WindowView::waitUntilRemoved() {
 QSize WindowView::sizeAround(QSize decoration) const {
   const QSize inner(pixels(window().ClientWidth), pixels(window().ClientHeight));
   const QSize outer(pixels(window().Width), pixels(window().Height));
-  return (inner.isEmpty() ? outer : inner + decoration)
-      .expandedTo(form().neededSize() + decoration);
+  return (inner.isEmpty() ? outer : inner + decoration).expandedTo(neededSize() + decoration);
+}
+
+// What comes and goes at run time, such as the units of a board, never stretches the window.
+QSize WindowView::neededSize() const {
+  QRect needed;
+  for (const Element* element : window().elements())
+    if (element->Visible && element->index() < 0)
+      needed |= desktop().viewOf<WidgetView>(*element).widget().geometry();
+  return {needed.right() + 1, needed.bottom() + 1};
 }
 
 void WindowView::moveToPlace() {
@@ -99,12 +107,6 @@ namespace {
 
 // --- The frame: menu bar and area of child windows -----------------------------------------------
 
-bool hasMenu(const Window& window) {
-  const auto& elements = window.elements();
-  return std::any_of(elements.begin(), elements.end(),
-                     [](const Element* element) { return element->kind() == Kind::MenuEntry; });
-}
-
 class FrameView final : public WindowView {
 public:
   FrameView(Window& window, QtDesktop& desktop)
@@ -124,13 +126,37 @@ public:
     desktop.focus().watch(*area);
   }
 
+  // The place and size are those of the frame's outer edge; how wide the decoration is around it, a
+  // window manager tells once it has drawn it.
   void appear() override {
+    moveToPlace();
     widget().resize(pixels(window().Width), pixels(window().Height));
-    if (window().Maximized)
-      widget().showMaximized();
-    else
-      widget().show();
+    if (!window().Maximized)
+      return widget().show();
+    widget().showMaximized();
+    restored_ = false;
   }
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool restored = event->type() == QEvent::WindowStateChange && !widget().isMaximized() &&
+                          !widget().isMinimized();
+    if (restored && element() && !std::exchange(restored_, true))
+      QMetaObject::invokeMethod(
+          this, [this] { fitOuterEdge(); }, Qt::QueuedConnection);
+    return WindowView::eventFilter(watched, event);
+  }
+
+private:
+  void fitOuterEdge() {
+    if (!element() || widget().isMaximized())
+      return;
+    const QSize decoration = widget().frameGeometry().size() - widget().size();
+    widget().resize(QSize(pixels(window().Width), pixels(window().Height)) - decoration);
+    moveToPlace();
+  }
+
+  bool restored_ = true; // since it was shown maximised
 };
 
 // --- A child window inside the frame: fixed in size, with a close box ----------------------------
@@ -247,7 +273,7 @@ private:
 
 // --- A window of its own: fixed in size, with a close box ----------------------------------------
 
-// Stays in front of the frame, if there is one. A frame without a menu is such a window too.
+// Stays in front of the frame, if there is one.
 class OwnView final : public WindowView {
 public:
   OwnView(Window& window, QtDesktop& desktop)
@@ -280,10 +306,14 @@ private:
 } // namespace
 
 WindowView* makeView(Window& window, QtDesktop& desktop) {
-  if (window.windowKind() == WindowKind::Child)
-    return new ChildView(window, desktop);
-  if (window.windowKind() == WindowKind::Frame && hasMenu(window))
+  switch (window.windowKind()) {
+  case WindowKind::Frame:
     return new FrameView(window, desktop);
+  case WindowKind::Child:
+    return new ChildView(window, desktop);
+  case WindowKind::Own:
+    break;
+  }
   return new OwnView(window, desktop);
 }
 

@@ -39,6 +39,7 @@ protected:
   // Pixels around the form and a decoration of this size: as the window wants it, and more where an
   // element would be cut.
   QSize sizeAround(QSize decoration) const;
+  QSize neededSize() const;
   void moveToPlace();
   bool eventFilter(QObject* watched, QEvent* event) override;
 

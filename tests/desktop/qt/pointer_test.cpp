@@ -53,11 +53,12 @@ TEST_F(Pointer, ClicksWhereItIsPressedAndLetGo) {
     }
   EXPECT_TRUE(one.txtA.SetFocus());
   drag(one.pic, one.lbl);
-  EXPECT_EQ(log.take(), "chk_LostFocus 435,180 txtA_LostFocus pic_Left 435,1080");
+  EXPECT_EQ(log.take(), "chk_LostFocus 435,180 435,180 txtA_LostFocus pic_Left 435,1080 435,1080");
   for (const auto* element : elements)
     doubleClick(*element);
-  EXPECT_EQ(log.take(), "435,180 pic_Left pic_Click pic_Left pic_Click lbl_Click lbl_Click "
-                        "pic_LostFocus btn_Click btn_Click btn_LostFocus chk_Click chk_Click");
+  EXPECT_EQ(log.take(), "435,180 435,180 pic_Left 435,180 pic_Click 435,180 pic_Left 435,180 "
+                        "pic_Click lbl_Click lbl_Click pic_LostFocus btn_Click btn_Click "
+                        "btn_LostFocus chk_Click chk_Click");
 }
 
 TEST_F(Pointer, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
