@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
+#include <QTimer>
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/form.h"
@@ -141,9 +142,9 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
     const bool restored = event->type() == QEvent::WindowStateChange && !widget().isMaximized() &&
                           !widget().isMinimized();
+    constexpr int WhileDecorationIsDrawn = 100; // milliseconds
     if (restored && element() && !std::exchange(restored_, true))
-      QMetaObject::invokeMethod(
-          this, [this] { fitOuterEdge(); }, Qt::QueuedConnection);
+      QTimer::singleShot(WhileDecorationIsDrawn, this, [this] { fitOuterEdge(); });
     return WindowView::eventFilter(watched, event);
   }
 
