@@ -65,6 +65,13 @@ std::optional<std::string> readTextFile(const std::string& path, std::size_t lim
   return text;
 }
 
+bool isMissing(const std::string& path) {
+  const fs::path file = toPath(path);
+  std::error_code error;
+  return fs::status(file, error).type() == fs::file_type::not_found &&
+         fs::is_directory(file.parent_path(), error);
+}
+
 bool writeTextFile(const std::string& path, const std::string& text) {
   return put(toPath(path), text, std::ios::trunc) == Written::Whole;
 }

@@ -15,6 +15,9 @@ std::string programPath(const std::string& programFolder, std::string_view liter
 // The bytes of the file; nothing when it cannot be opened or read. Reads at most `limit` bytes.
 std::optional<std::string> readTextFile(const std::string& path, std::size_t limit);
 
+// True when the folder of the file answers and holds none of that name.
+bool isMissing(const std::string& path);
+
 // Empties the file, or makes it, and hands it the whole text in one system call. False on failure;
 // what the file then holds is undefined.
 [[nodiscard]] bool writeTextFile(const std::string& path, const std::string& text);

@@ -1,10 +1,44 @@
 #include "network/polling.h"
 
-#include "forms/text_file.h"
+#include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace falanges {
 
+// The states of one copy, and what leads from one to another. A marker behind a whole file ends the
+// game in each of them, and so does leaving the play screen.
+//
+//   state              event                          what happens                      next state
+//   (joined)           the file names this player                                       InTurn
+//                      it names the other             position_ is what was joined
+//                      FirstWritePending
+//   InTurn             a poll                         nothing
+//                      a move passes the turn         position_ is what it led to TurnFinished a
+//                      winning move                 position and marker are written   (ended)
+//   TurnFinished       a poll                         position_ is written              Waiting
+//   FirstWritePending  a poll sees another position   it is taken over                  InTurn or
+//   Waiting
+//                      a poll sees position_, or for  position_ is written              Waiting
+//                      a full interval a torn or
+//                      missing file
+//   Waiting            a poll sees a position         it is taken over                  InTurn or
+//   Waiting
+//                      a poll sees the one that the   position_ is written again
+//                      last turn began with, or for
+//                      a full interval a torn file
+//
+// A poll that cannot have or write the file leaves the state as it is; the next tick polls again.
+// In all states but InTurn the moves on this copy's screen are idle: nothing of them is written or
+// wins, and the next position that is taken over drops them. While idle moves make it look as if
+// this player were in turn, a poll in the last two states does nothing.
+//
+// TurnoPublicado is true in Waiting alone.
+
 namespace {
+
+constexpr std::chrono::milliseconds Patience{100}; // for the file, in one tick
+constexpr std::chrono::milliseconds None{0};
 
 // What the text says of the squares, without its closing line.
 std::string_view squaresOf(std::string_view text) {
@@ -20,23 +54,56 @@ std::string positionOf(const GameText& game) {
   return gameText(scratch, JugadorActual == 0 ? 1 : JugadorActual);
 }
 
+GameReading readingOf(const FileLook& look) {
+  GameReading read;
+  read.opened = look.text.has_value();
+  return read.opened ? parseGame(*look.text) : read;
+}
+
 } // namespace
 
+// What an earlier game still waits for is of no interest any more.
 void Polling::join() {
   principal_.SegundosRestantes = principal_.SegundosActualizacion;
   mainWindow_.runTimer(true);
   principal_.JuegoEnRed = true;
   mainWindow_.showMenu(AppState::NetworkPlay);
   principal_.TurnoPublicado = false;
-  retrying_ = false;
-  ownPublication_.reset();
-  joinedWith_.reset();
+  withoutAccess_ = false;
+  ownIsLast_ = false;
+  then_ = {};
+  position_ =
+      principal_.NumCasillas > 0 ? gameText(principal_, enJuego_.JugadorActual) : std::string();
   turnPlayedFrom_.reset();
-  (inTurn() ? turnPlayedFrom_ : joinedWith_) = gameText(principal_, enJuego_.JugadorActual);
+  state_ = State::FirstWritePending;
+  if (enJuego_.JugadorActual == principal_.JugadorRed) {
+    state_ = State::InTurn;
+    turnPlayedFrom_ = position_;
+  }
+  knownPath_ = principal_.ArchivoRed;
+  known_ = position_;
 }
 
+void Polling::turnPassed() {
+  if (state_ != State::InTurn)
+    return;
+  state_ = State::TurnFinished;
+  position_ = gameText(principal_, enJuego_.JugadorActual);
+}
+
+std::optional<std::string> Polling::lastPosition(const std::string& path) const {
+  return path == knownPath_ && !known_.empty() ? std::optional(known_) : std::nullopt;
+}
+
+// --- The tick ----------------------------------------------------------------------------------
+
 void Polling::tmrRed_Timer() {
-  if (retrying_) {
+  patienceEnds_ = std::chrono::steady_clock::now() + Patience;
+  if (then_) {
+    resume(None);
+    return;
+  }
+  if (withoutAccess_) {
     poll();
     return;
   }
@@ -50,107 +117,154 @@ void Polling::tmrRed_Timer() {
   poll();
 }
 
-// What was checked is what is loaded: one read serves the whole poll.
-void Polling::poll() {
-  const GameReading seen = readGame(principal_.ArchivoRed);
-  if (seen.game.resultMarker)
-    defeat(seen.game);
-  else
-    turnSteps(seen);
+template <class Operation, class Then> void Polling::perform(Operation operation, Then then) {
+  const auto result = std::make_shared<decltype(operation())>();
+  runner_->start([result, operation] { *result = operation(); });
+  then_ = [result, then] { then(*result); };
+  const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+      patienceEnds_ - std::chrono::steady_clock::now());
+  resume(std::max(left, None));
 }
 
-// JugadorActual here is the one in this copy's memory, not the one in the file.
-void Polling::turnSteps(const GameReading& seen) {
-  const bool publishing = !inTurn() && !principal_.TurnoPublicado;
-  if (inTurn() || (publishing && principal_.NumCasillas == 0)) {
-    accessRegained(); // the copy in turn needs no file, and no board is no position to tell
-  } else if (principal_.TurnoPublicado) {
-    waitForTurn(seen);
-  } else if (joinedWith_) {
-    firstPublication(seen);
-  } else {
+void Polling::resume(std::chrono::milliseconds patience) {
+  if (runner_->finished(patience))
+    std::exchange(then_, {})();
+  else
+    accessLost();
+}
+
+void Polling::poll() {
+  // An operation of an earlier game may still hang.
+  if (!runner_->finished(None)) {
+    accessLost();
+    return;
+  }
+  perform([path = principal_.ArchivoRed] { return lookAtFile(path); },
+          [this](const FileLook& look) { seen(look); });
+}
+
+// What was checked is what is loaded: one look serves the whole poll.
+void Polling::seen(const FileLook& look) {
+  const GameReading read = readingOf(look);
+  if (read.game.resultMarker) {
+    readTwice(look);
+    return;
+  }
+  if (read.game.whole)
+    remember(read.game);
+  turnSteps(look, read);
+}
+
+// Position and marker may be of two moments. What stays the same belongs together.
+void Polling::readTwice(const FileLook& first) {
+  perform([path = principal_.ArchivoRed] { return lookAtFile(path); },
+          [this, first](const FileLook& second) {
+            if (second == first)
+              defeat(readingOf(second).game);
+            else
+              accessLost();
+          });
+}
+
+void Polling::turnSteps(const FileLook& look, const GameReading& read) {
+  const bool seemsInTurn = enJuego_.JugadorActual == principal_.JugadorRed;
+  if (state_ == State::TurnFinished) {
     publish();
+  } else if (seemsInTurn) {
+    accessRegained(); // really, and no file is needed, or by idle moves
+  } else if (state_ == State::FirstWritePending) {
+    firstPublication(look, read);
+  } else {
+    waitForTurn(read);
   }
 }
 
 // --- Writing -----------------------------------------------------------------------------------
 
-// A copy that joined out of turn writes what it joined with, whatever has been moved on its screen
-// since. The other copy may have gone on: its news must not be written over.
-void Polling::firstPublication(const GameReading& seen) {
-  if (seen.game.whole && positionOf(seen.game) != joinedWith_) {
-    joinedWith_.reset();
-    takeOver(seen);
+// The other copy may have gone on since this one joined: its news must not be written over.
+void Polling::firstPublication(const FileLook& look, const GameReading& read) {
+  if (position_.empty()) {
+    accessRegained(); // no board is no position to tell
     return;
   }
-  if (!seen.game.whole) {
+  if (read.game.whole && positionOf(read.game) != position_) {
+    takeOver(read.game);
+    return;
+  }
+  if (!read.game.whole) {
     accessLost();
-    // A torn file that stays torn has no writer any more; one that is away may come back newer.
-    looksWithout_ = seen.opened ? looksWithout_ + 1 : 0;
+    // A file that stays torn or missing has no writer any more; a folder that is away may come back
+    // with a newer one.
+    looksWithout_ = read.opened || look.missing ? looksWithout_ + 1 : 0;
     if (!fullIntervalWithout())
       return;
   }
-  const std::string position = *joinedWith_;
-  published(forms::writeTextFile(principal_.ArchivoRed, position), position);
+  perform([path = principal_.ArchivoRed, look,
+           text = position_] { return writeFileAsSeen(path, look, text); },
+          [this](Written written) { published(written); });
 }
 
 void Polling::publish() {
-  const bool written = mainWindow_.mnuGuardarJuego_Click();
-  published(written, gameText(principal_, enJuego_.JugadorActual));
+  perform([path = principal_.ArchivoRed, text = position_] { return writeFile(path, text); },
+          [this](Written written) { published(written); });
 }
 
-void Polling::published(bool written, const std::string& position) {
-  if (!written) {
+void Polling::published(Written written) {
+  if (written != Written::Whole) {
     accessLost();
     return;
   }
-  joinedWith_.reset();
-  ownPublication_ = position;
+  state_ = State::Waiting;
   principal_.TurnoPublicado = true;
+  ownIsLast_ = true;
+  known_ = position_;
   accessRegained();
 }
 
 void Polling::publishAgain() {
-  if (forms::writeTextFile(principal_.ArchivoRed, *ownPublication_))
-    accessRegained();
-  else
-    accessLost();
+  perform([path = principal_.ArchivoRed, text = position_] { return writeFile(path, text); },
+          [this](Written written) {
+            if (written == Written::Whole)
+              accessRegained();
+            else
+              accessLost();
+          });
 }
 
 // --- Reading -----------------------------------------------------------------------------------
 
-void Polling::waitForTurn(const GameReading& seen) {
-  if (!seen.game.whole) {
+void Polling::waitForTurn(const GameReading& read) {
+  if (!read.game.whole) {
     accessLost();
     ++looksWithout_;
     // The other copy may have died while writing. Who wrote last puts its text back.
-    if (ownPublication_ && fullIntervalWithout())
+    if (ownIsLast_ && fullIntervalWithout())
       publishAgain();
     return;
   }
-  const std::string position = positionOf(seen.game);
+  const std::string position = positionOf(read.game);
   if (takesTurnBack(position)) {
     publishAgain();
     return;
   }
-  if (position != ownPublication_)
-    ownPublication_.reset();
-  takeOver(seen);
+  ownIsLast_ = ownIsLast_ && position == position_;
+  takeOver(read.game);
 }
 
 // The other copy may have put its last text back before it had seen this copy's turn, or a slow
 // writing of it may have come late. No answer to a turn can be the position that the turn began
 // with, unless the turn itself led back to it.
 bool Polling::takesTurnBack(const std::string& position) const {
-  return ownPublication_ && position == turnPlayedFrom_ &&
-         squaresOf(position) != squaresOf(*ownPublication_);
+  return ownIsLast_ && position == turnPlayedFrom_ && squaresOf(position) != squaresOf(position_);
 }
 
-void Polling::takeOver(const GameReading& seen) {
-  refresh(seen.game);
-  principal_.TurnoPublicado = !inTurn();
-  if (inTurn())
-    turnPlayedFrom_ = positionOf(seen.game);
+void Polling::takeOver(const GameText& game) {
+  refresh(game);
+  const bool inTurn = enJuego_.JugadorActual == principal_.JugadorRed;
+  state_ = inTurn ? State::InTurn : State::Waiting;
+  principal_.TurnoPublicado = !inTurn;
+  if (inTurn)
+    turnPlayedFrom_ = positionOf(game);
   accessRegained();
 }
 
@@ -167,8 +281,7 @@ void Polling::refresh(const GameText& game) {
   mainWindow_.runTimer(true);
   enJuego_.open();
   // A desktop may move a window that it shows.
-  enJuego_.Top = top;
-  enJuego_.Left = left;
+  enJuego_.moveTo(left, top);
   enJuego_.picTablero.putCursor(cursor);
 }
 
@@ -183,23 +296,28 @@ void Polling::defeat(const GameText& game) {
   principal_.JuegoEnRed = false;
   mainWindow_.runTimer(false);
   mainWindow_.showMenu(AppState::Finished);
+  known_.clear();
   forms_.messageBox("JUGADOR -" + digit + "- HA VENCIDO\r\n\r\n" +
                     "Cierre la ventana del Tablero para iniciar otro juego");
+}
+
+void Polling::remember(const GameText& game) {
+  known_ = positionOf(game);
 }
 
 // --- The file that is not to be had ------------------------------------------------------------
 
 void Polling::accessLost() {
-  if (!retrying_)
+  if (!withoutAccess_)
     looksWithout_ = 0;
-  retrying_ = true;
+  withoutAccess_ = true;
   enJuego_.Caption = std::string("Sin acceso al archivo - Reintentando...");
 }
 
 void Polling::accessRegained() {
-  if (!retrying_)
+  if (!withoutAccess_)
     return;
-  retrying_ = false;
+  withoutAccess_ = false;
   enJuego_.Caption = std::string("Actualizando...");
   principal_.SegundosRestantes = principal_.SegundosActualizacion;
 }

@@ -83,8 +83,11 @@ void judgeWholeness(std::string_view text, const std::vector<std::string_view>& 
   for (std::size_t n = 0; n < records; ++n)
     if (game.lines[n].fields != Fields.size())
       return;
+  // With 7 in turn neither player would ever be. Two characters are a result marker.
   const std::string_view closing = items[records];
-  if (!wholeNumber(closing) || !forms::stored<std::uint8_t>(forms::Val(closing)))
+  const bool marker =
+      closing.size() == 2 && closing.find_first_not_of("0123456789") == std::string_view::npos;
+  if (closing != "0" && closing != "1" && closing != "2" && !marker)
     return;
   game.whole = true;
   if (items.back().size() == 2)

@@ -178,13 +178,17 @@ void frmEnJuego::picMovimientoPermitido_Click(int Index) {
   movePicture(CasillaOrigen, CasillaDestino);
   // The tests see the board as it stood before the move; the table is written last.
   const Victory victory = victoryOfMove(principal_, JugadorActual, CasillaDestino);
-  if (victory != Victory::None) {
+  const bool inNetwork = principal_.JuegoEnRed;
+  if (victory != Victory::None && (!inNetwork || !mayEndGame || mayEndGame())) {
     closeWonGame(victory, CasillaOrigen, CasillaDestino);
     return;
   }
   applyMove(principal_, CasillaOrigen, CasillaDestino);
-  if (countMove(principal_, JugadorActual))
-    drawStatus();
+  if (!countMove(principal_, JugadorActual))
+    return;
+  drawStatus();
+  if (inNetwork && turnPassed)
+    turnPassed();
 }
 
 int frmEnJuego::selectedSquare() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "board/board_screen.h"
 #include "play/victory.h"
@@ -15,6 +16,11 @@ public:
   // The player in turn; keeps its value while the window is closed. 0 until the first opening in
   // a run of the program; 11 or 12 where a network game has been lost, so that no unit reacts.
   std::uint8_t JugadorActual = 0;
+
+  // In a network game: whether a winning move wins, and what hears of a turn that has passed. Set
+  // by the owner of the screens.
+  std::function<bool()> mayEndGame;
+  std::function<void()> turnPassed;
 
   // Texts behind the players' names, such as "En Turno".
   void showStatus(const std::string& player1, const std::string& player2);

@@ -5,11 +5,15 @@
 
 namespace falanges {
 
-App::App(forms::Desktop& desktop) : forms(desktop) {
+App::App(forms::Desktop& desktop, std::unique_ptr<Runner> runner)
+    : forms(desktop), polling(forms, principal, frame, enJuego, std::move(runner)) {
   forms.applicationTitle = "Vornath - Falanges Z - TEE";
   forms.afterEvent = [this] { tellFailures(); };
   frame.children = {&nuevoJuego, &enJuego, &opciones};
   frame.tmrRed.Tick = [this] { polling.tmrRed_Timer(); };
+  frame.lastPosition = [this](const std::string& path) { return polling.lastPosition(path); };
+  enJuego.mayEndGame = [this] { return polling.mayEndGame(); };
+  enJuego.turnPassed = [this] { polling.turnPassed(); };
   nuevoJuego.openPlay = [this] { enJuego.open(); };
   nuevoJuego.showDump = [this] { msgBox.showModal(); };
   opciones.joinNetworkGame = [this] { joinNetworkGame(); };

@@ -1,6 +1,7 @@
 // The program: one Principal, its windows, and how they lead to one another.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,7 +19,9 @@ namespace falanges {
 // One per process (in tests: one per copy of the program).
 class App {
 public:
-  explicit App(forms::Desktop& desktop);
+  // `runner` runs the file operations of network games; it may be destroyed while one still hangs.
+  explicit App(forms::Desktop& desktop,
+               std::unique_ptr<Runner> runner = std::make_unique<RunnerAtOnce>());
 
   // Opens the frame window, after the information box. The desktop then delivers the events.
   void start();
@@ -30,7 +33,7 @@ public:
   frmNuevoJuego nuevoJuego{forms, principal, frame};
   frmOpciones opciones{forms, principal};
   frmMsgBox msgBox{forms, principal};
-  Polling polling{forms, principal, frame, enJuego};
+  Polling polling;
 
 private:
   void joinNetworkGame();

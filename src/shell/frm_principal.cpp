@@ -195,6 +195,9 @@ void frmPrincipal::mnuCargarJuego_Click(Accept accept) {
 // or is refused.
 std::optional<GameText> frmPrincipal::readChecked(const std::string& path, Accept accept) {
   GameReading read = readGame(path);
+  if (accept == Accept::WholeGame && !read.game.whole && (read.opened || forms::isMissing(path)))
+    if (auto game = continueFromLastPosition(path))
+      return game;
   if (!read.opened) {
     forms().messageBox("No se puede abrir el archivo:\r\n" + path);
     return std::nullopt;
@@ -207,6 +210,21 @@ std::optional<GameText> frmPrincipal::readChecked(const std::string& path, Accep
     return std::nullopt;
   }
   return std::move(read.game);
+}
+
+// The other copy may have died while it wrote the shared file. Nothing when no position is known or
+// the player does not want it.
+std::optional<GameText> frmPrincipal::continueFromLastPosition(const std::string& path) {
+  const auto position = lastPosition ? lastPosition(path) : std::nullopt;
+  if (!position || forms().messageBox(
+                       "El archivo está incompleto. ¿Continuar desde la última posición conocida?",
+                       forms::BoxStyle::InformationYesNo) != forms::Answer::Yes)
+    return std::nullopt;
+  // A file that is being written at this moment is not: who has answered took longer.
+  if (forms::writeTextFile(path, *position))
+    return parseGame(*position).game;
+  forms().messageBox("No se puede guardar el archivo:\r\n" + path);
+  return std::nullopt;
 }
 
 void frmPrincipal::mnuGuardarPlantilla_Click() {

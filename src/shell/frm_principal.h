@@ -27,6 +27,9 @@ public:
     frmOpciones* opciones = nullptr;
   } children;
 
+  // The last whole position that is known of a shared file; set by the owner of the windows.
+  std::function<std::optional<std::string>(const std::string& path)> lastPosition;
+
   void showMenu(AppState state) override;
   void runTimer(bool running) override;
   bool mnuGuardarJuego_Click() override;
@@ -59,6 +62,7 @@ private:
   std::optional<std::string> askForFile(bool save, const char* title, const std::string& folder,
                                         const char* proposedName);
   std::optional<GameText> readChecked(const std::string& path, Accept accept);
+  std::optional<GameText> continueFromLastPosition(const std::string& path);
   bool saveLocally(const std::string& path);
 
   Principal& principal_;

@@ -62,15 +62,16 @@ TEST_F(Faults, WhoJoinedWithAnOlderTextDoesNotPutItBack) {
   }
 }
 
-TEST_F(Faults, WhoJoinedOutOfTurnWritesNoMissingFileAndNoUnknownBoard) {
+TEST_F(Faults, WhoJoinedOutOfTurnWritesNothingIntoAFolderThatIsAwayAndNoUnknownBoard) {
   run("AB join");
-  put(std::nullopt);
+  away(true);
   follow({"B tick 40 => ?? 01= 01!"});
+  away(false);
   put("");
   run("B tick 5");
-  put(std::nullopt); // the interval begins anew
+  away(true); // the interval begins anew
   run("B tick 1");
-  put("");
+  away(false);
   follow({"B tick 6 => ?? 01= 01!", "B tick 1 => 01 01= 01p."});
   // A finished file does not tell a new copy the size of its board.
   put(shared(1, "1\r\n11\r\n"));
