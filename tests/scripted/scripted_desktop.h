@@ -7,7 +7,7 @@
 
 namespace scripted {
 
-class ScriptedDesktop final : public Player {
+class ScriptedDesktop : public Player {
 public:
   // File names such as "8x8.jpg" that cannot be loaded.
   std::set<std::string> missingPictures;
