@@ -6,7 +6,6 @@
 
 #include "model/units.h"
 #include "scripted/game.h"
-#include "scripted/scripted_desktop.h"
 
 namespace falanges {
 
@@ -50,7 +49,7 @@ public:
 
 private:
   // Acts also behind the boxes, and answers them at random.
-  class Screen final : public scripted::ScriptedDesktop {
+  class Screen final : public scripted::Player {
   public:
     explicit Screen(Anybody& before) : person(before) {}
     Answer messageBox(const forms::MessageBox& box) override {
@@ -74,7 +73,7 @@ private:
       window.close();
     }
     void windowOpened(Window& window) override {
-      ScriptedDesktop::windowOpened(window);
+      Player::windowOpened(window);
       person.over = person.over && &window != &person.play;
     }
 
