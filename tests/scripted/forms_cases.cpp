@@ -342,23 +342,25 @@ TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
   log.take();
   const struct {
     std::vector<Key> keys;
+    int square;
     const char *name, *seen;
   } table[] = {
-      {{Key::Enter}, "Tablero", "@pic"}, // no square is pointed at yet
-      {{Key::Right, Key::Left, Key::Down}, "vacío 7", "300,1500 300,1500 300,1500 @pic"},
-      {{Key::Up, Key::Space}, "vacío 4", "300,900 300,900 pic_Left pic_Click @pic"},
-      {{Key::Right}, "Unidad", "240,240 @pic"},
-      {{Key::Enter}, "Unidad", "240,240 unit_Left picUnidad_Click5 @picUnidad(5)"},
-      {{Key::Right, Key::Left}, "Unidad", "1500,900 240,240 @pic"},
-      {{Key::Delete}, "vacío 5", "240,240 unit_Right @pic"},
-      {{Key::Up, Key::Up}, "vacío 2", "900,300 900,300 @pic"},
-      {{Key::Right, Key::Right}, "vacío 3", "1500,300 1500,300 @pic"},
+      {{Key::Enter}, 0, "Tablero", "@pic"}, // no square is pointed at yet
+      {{Key::Right, Key::Left, Key::Down}, 7, "vacío 7", "300,1500 300,1500 300,1500 @pic"},
+      {{Key::Up, Key::Space}, 4, "vacío 4", "300,900 300,900 pic_Left pic_Click @pic"},
+      {{Key::Right}, 5, "Unidad", "240,240 @pic"},
+      {{Key::Enter}, 5, "Unidad", "240,240 unit_Left picUnidad_Click5 @picUnidad(5)"},
+      {{Key::Right, Key::Left}, 5, "Unidad", "1500,900 240,240 @pic"},
+      {{Key::Delete}, 5, "vacío 5", "240,240 unit_Right @pic"},
+      {{Key::Up, Key::Up}, 2, "vacío 2", "900,300 900,300 @pic"},
+      {{Key::Right, Key::Right}, 3, "vacío 3", "1500,300 1500,300 @pic"},
   };
   for (const auto& row : table) {
     for (const Key key : row.keys)
       player->key(key);
     EXPECT_EQ(seen(), row.seen);
     EXPECT_EQ(board.AccessibleName.get(), row.name);
+    EXPECT_EQ(board.cursorSquare, row.square) << "is marked";
   }
 }
 

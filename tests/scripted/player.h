@@ -122,7 +122,10 @@ protected:
   virtual void doTab(bool forwards);
   virtual void doKey(forms::Key key, int digit);
   virtual void doMenu(forms::MenuEntry& entry) { forms_->menuChosen(entry); }
-  virtual void doShortcut(forms::Button& button) { forms_->shortcutPressed(button); }
+  virtual void doShortcut(forms::Button& button) {
+    if (button.Shortcut == "Ctrl+Shift+D")
+      forms_->shortcutPressed(button);
+  }
   virtual void doClose(forms::Window& window) { forms_->closeRequested(window); }
   virtual void doActivate(forms::Window& window) { forms::passOver(forms_->activated(window)); }
   // Runs behind each of them and after each tick: what the screen shows may be looked at.
