@@ -1,17 +1,21 @@
 #!/usr/bin/python3
-"""Plays a recorded game through the real windows on a virtual screen and leaves pictures of it.
+"""Plays a recorded game through the real windows on a virtual screen, looks whether all is as it should
+be, and leaves pictures of it.
 
-demo.py PROGRAM_FOLDER           a picture of each move too, in capturas/
+demo.py PROGRAM_FOLDER           a picture of each move too, in capturas/ where it is started
 demo.py PROGRAM_FOLDER --manual  those that README and manual show, in docs/capturas/
 """
 
+import re
 import subprocess
 import sys
 from pathlib import Path
 
-from player import START, VICTORY, Player, Session, marker, unit
+from player import START, VICTORY, Player, Session, marker, saved_game, unit, value_of, wait_for
 
 ROOT = Path(__file__).resolve().parent.parent
+FRAME = "Vornath - Falanges Z - Tomar El Estandarte"
+KINDS = ["Bandera", "Infantería", "Caballería", "Elefantes", "General"]
 ARMY = {
     "Infantería": (25, 26, 27, 29, 30),
     "Caballería": (31, 36),
@@ -57,15 +61,35 @@ def set_up(player):
         for square in squares:
             player.click_square(square)
             player.sees(unit(square), unit(37 - square))
+    player.click(unit(25), button=3)
+    player.sees_no(unit(25), unit(12))
+    player.click("Infantería")
+    player.click_square(25, times=2)
+    player.sees("Infantería, Jugador 1, cuadro 25,*", "Infantería, Jugador 2, cuadro 12,*")
     player.photograph("nuevo-juego")
     player.click("Iniciar")
     player.answer(START, "Sí")
-    player.sees("En Juego")
+    player.sees("En Juego", "Jugador 1: En Turno", "Jugador 2: En Espera")
+
+
+def pieces_after(moves):
+    pieces = {}
+    for name, squares in ARMY.items():
+        for square in squares:
+            pieces |= {square: (1, KINDS.index(name) + 1), 37 - square: (2, KINDS.index(name) + 1)}
+    for origin, target in moves:
+        pieces[target] = pieces.pop(origin)
+    return pieces
 
 
 def save_and_load(player):
     player.choose("Juego", "Guardar Juego")
+    proposed = value_of(player.find("Nombre:", "text"))
+    assert re.fullmatch(r"JuegoGuardado(-\d\d){2}-\d{4}(-\d\d){3}", proposed), proposed
     player.choose_file("Guardar Juego", "partida.txt")
+    saved = player.folder / "jguardados" / "partida.txt"
+    text = saved_game(pieces_after(OPENING), 1, side=6)
+    wait_for("the saved game", lambda: saved.exists() and saved.read_bytes() == text)
     player.close_window("En Juego")
     player.choose("Juego", "Cargar Juego")
     player.sees("partida.txt")
@@ -81,6 +105,10 @@ def win(player):
     player.sees(VICTORY.format(1))
     player.photograph("victoria")
     player.answer(VICTORY.format(1))
+    player.sees("Jugador 1: En Turno", f"*, Jugador 1, cuadro {target},*")
+    player.click(unit(target))
+    assert player.entries("Juego") == ["Declarar Rendición", "1 En Juego"]
+    player.sees_no(marker("*"))  # a finished game can only be looked at
     player.close_window("En Juego")
 
 
@@ -98,12 +126,14 @@ def join(player):
 def main():
     program_folder, *options = sys.argv[1:]
     manual = options == ["--manual"]
-    album = ROOT / ("docs/capturas" if manual else "capturas")
+    album = ROOT / "docs/capturas" if manual else Path("capturas")
     with Session() as session:
         player = Photographer(session, program_folder, album, each_move=not manual)
         player.sees("Aceptar")
+        assert len(player.windows()) == 1, "the box stands alone"
         player.photograph("informacion")
-        player.pass_information()
+        assert f"\n{FRAME} - v2.0\n" in player.pass_information()
+        wait_for("the frame alone", lambda: player.windows() == [FRAME])
         set_up(player)
         player.play(OPENING)
         player.click(unit(23))

@@ -44,11 +44,11 @@ def marker(square):
     return f"Mover al cuadro {square},*"
 
 
-def saved_game(pieces, player):
-    """The bytes of a game saved on a 5x5 board; pieces: square to (player, type of unit)."""
+def saved_game(pieces, player, side=5):
+    """The bytes of a game saved on a side x side board; pieces: square to (player, type of unit)."""
     lines = []
-    for square in range(1, 26):
-        row, column = divmod(square - 1, 5)
+    for square in range(1, side * side + 1):
+        row, column = divmod(square - 1, side)
         owner, kind = pieces.get(square, (0, 0))
         place = f"{380 + row * 1180};{1340 + column * 1180};{row + 1};{column + 1}"
         lines.append(f"{owner};{kind};{place};")

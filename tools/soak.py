@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Plays network games between two real programs on a shared folder that keeps failing.
 
-    tools/soak.py PROGRAM_FOLDER GAMES
+    tools/soak.py PROGRAM_FOLDER GAMES [MOST_TURNS]
 
 The players move at random. Meanwhile the folder goes away and comes back, the file vanishes, is torn or
 falls back to an older text, and a copy is killed, perhaps while it writes, and joins again. After each
@@ -24,7 +24,6 @@ KINDS = ["", "Bandera", "Infantería", "Caballería", "Elefantes", "General"]
 UNIT = re.compile(r"(\w+), Jugador (\d), cuadro (\d+),")
 MARKER = re.compile(r"Mover al cuadro (\d+),")
 WHOLE = re.compile(rb"([0-9;]+;\r\n){25}[12]\r\n(1[12]\r\n)?")
-MOST_TURNS = 30
 
 
 class Copy(Player):
@@ -107,8 +106,9 @@ def random_army():
 class Game:
     """From an own start file to a win, or for so many turns."""
 
-    def __init__(self, copies, path, figures):
+    def __init__(self, copies, path, figures, most_turns):
         self.copies, self.path, self.figures = copies, path, figures
+        self.most_turns = most_turns
         self.pieces, self.turn = random_army(), random.choice((1, 2))
         self.record = [saved_game(self.pieces, self.turn)]
         self.expected = self.record[0]
@@ -183,7 +183,7 @@ class Game:
     # --- Turns --------------------------------------------------------------------------------------
 
     def play(self):
-        while len(self.record) <= MOST_TURNS and self.play_turn():
+        while len(self.record) <= self.most_turns and self.play_turn():
             pass
         self.file_holds(self.record[-1])
         for copy in self.copies:
@@ -247,7 +247,7 @@ class Game:
         self.figures["games won"] += 1
 
 
-def main(program_folder, games):
+def main(program_folder, games, most_turns=30):
     figures = Counter()
     begun = time.monotonic()
     with Session() as session:
@@ -255,11 +255,11 @@ def main(program_folder, games):
         path.parent.mkdir()
         copies = [Copy(session, program_folder, number) for number in (1, 2)]
         for _ in range(games):
-            Game(copies, path, figures).play()
+            Game(copies, path, figures, most_turns).play()
             print(f"after {time.monotonic() - begun:.0f} seconds:", dict(figures), flush=True)
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 3:
+    if len(sys.argv) not in (3, 4):
         sys.exit(__doc__)
-    main(sys.argv[1], int(sys.argv[2]))
+    main(sys.argv[1], *map(int, sys.argv[2:]))

@@ -1,19 +1,18 @@
 // Pictures whose files cannot be loaded.
 #include "forms/text_file.h"
 #include "scripted/game.h"
-#include "scripted/scripted_desktop.h"
 #include "scripted/test_windows.h"
 #include "shell/information_box.h"
 
 namespace falanges {
 
 TEST(MissingPictures, LeaveTheOldOneAndTheFirstIsNoted) {
-  scripted::ScriptedDesktop screen;
+  scripted::Player screen;
   scripted::TestProgram program(screen);
-  screen.missingPictures = {"8x8.jpg", "a.ico"};
+  screen.missingPictures = "8";
   EXPECT_TRUE(program.one.pic.LoadPicture("\\img\\6x6.jpg"));
   EXPECT_FALSE(program.one.pic.LoadPicture("\\img\\8x8.jpg"));
-  EXPECT_FALSE(program.one.LoadIcon("\\ico\\a.ico"));
+  EXPECT_FALSE(program.one.LoadIcon("\\ico\\8.ico"));
   ASSERT_EQ(program.forms.failures.size(), 2U);
   EXPECT_EQ(program.forms.failures.front().path,
             forms::programPath(screen.programFolder(), "\\img\\8x8.jpg"));
@@ -24,7 +23,7 @@ TEST(MissingPictures, LeaveTheOldOneAndTheFirstIsNoted) {
 using MissingPicturesInAGame = Game;
 
 TEST_F(MissingPicturesInAGame, AreToldOnceAndItGoesOn) {
-  static_cast<scripted::ScriptedDesktop&>(screen).allPicturesMissing = true;
+  screen.missingPictures = ".";
   screen.expectBox(informationBox().text);
   screen.expectBox("No se puede cargar la imagen:\r\n" + file("ico\\tiempo.ico"), Answer::Ok,
                    [&] { EXPECT_TRUE(frame.isOpen()); });

@@ -50,7 +50,7 @@ TEST_F(Faults, WhoJoinedWithAnOlderTextDoesNotPutItBack) {
   put(shared(1, "2"));
   follow({"B tick => ?? 12p. 01!"});
   put(shared(1, "2\r\n"));
-  follow({"B tick 1 => 12 12p. 12."});
+  follow({"B tick 1 => 12 12p. 12.", "B move 3 8, B look, A look => 21 21. 21p."});
   // Still out of turn on the newer text: from here on it waits, and heals nothing of the other's.
   for (const std::string joined : {"", "B join"}) {
     begin();
@@ -59,6 +59,36 @@ TEST_F(Faults, WhoJoinedWithAnOlderTextDoesNotPutItBack) {
     run("B look");
     put("");
     follow({"B tick 40 => ?? 01= 11p!"});
+  }
+}
+
+TEST_F(Faults, AnOldTextThatComesBackOverAPublishedTurnIsPutRight) {
+  begin();
+  run("A move 23 18, A look");
+  put(shared(0));
+  follow(
+      {"A tick => 12 12p. 01p.", "AB tick => 12 12p. 12.", "B move 3 8, B look => 21 12p. 21p."});
+  put(shared(1, "2\r\n"));
+  follow({"B look => 21 12p. 21p.", "A look => 21 21. 21p."});
+}
+
+TEST_F(Faults, AVictoryThatCannotBeSavedMayBeRepeated) {
+  const std::string question = "No se puede guardar el archivo:\r\n" + path + "\r\n¿Reintentar?";
+  for (const Answer last : {Answer::Yes, Answer::No}) {
+    put(gameFile("b..../I..../...../....i/....B"));
+    run("A join");
+    put(std::nullopt);
+    std::filesystem::create_directory(scripted::toPath(path)); // under the file's name
+    a->screen.expectBox(victory("1", "CONQUISTADO la Bandera"));
+    a->screen.expectBox(question, Answer::Yes, [&] {
+      EXPECT_EQ(a->screen.lastBox.style, forms::BoxStyle::InformationYesNo);
+      EXPECT_EQ(a->menus(), "HHHHH");
+      EXPECT_FALSE(a->unit(1)->Enabled);
+    });
+    a->screen.expectBox(question, last, [&] { put(std::nullopt); });
+    run("A move 6 1");
+    EXPECT_EQ(file(), last == Answer::Yes ? gameFile("I..../...../...../....i/....B", "1\r\n11\r\n")
+                                          : "none");
   }
 }
 

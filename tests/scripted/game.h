@@ -49,6 +49,8 @@ std::vector<std::string> stepsOf(const std::string& script);
 
 class Game : public testing::Test {
 public:
+  explicit Game(std::unique_ptr<scripted::Player> before = scripted::makePlayer())
+      : player(std::move(before)) {}
   // Past the information box.
   void start();
   // Closes the program, whatever is open.
@@ -92,7 +94,7 @@ public:
   // All that the open windows show, as a screen reader would tell it.
   std::string shown();
 
-  std::unique_ptr<scripted::Player> player = scripted::makePlayer();
+  std::unique_ptr<scripted::Player> player;
   scripted::Player& screen = *player;
   App app{screen};
   Principal& principal = app.principal;

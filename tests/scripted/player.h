@@ -1,4 +1,5 @@
-// A person at a screen, whichever it is: what the program will ask, and what the person does.
+// A person at a desktop: what the program will ask, and what the person does. The desktop itself
+// has no screen; the tests of the real one put it in its place.
 #pragma once
 
 #include <chrono>
@@ -76,13 +77,25 @@ public:
     return done(forms_->activeChild() == &window);
   }
   // Name of the element that the keyboard goes to, "" when there is none.
-  virtual std::string focused() = 0;
+  virtual std::string focused() { return focus_ ? focus_->name() : ""; }
   // Lets this many seconds pass, with a tick in each of every timer that runs.
   void tick(int seconds = 1);
 
   // 9 March 2005, 08:05:07 at the start.
   std::chrono::sys_seconds clock =
       std::chrono::sys_days(std::chrono::year(2005) / 3 / 9) + std::chrono::seconds(29107);
+  // A picture whose file name has this in it cannot be loaded.
+  std::string missingPictures = "none";
+
+  void windowOpened(forms::Window& window) override { forms_ = &window.forms(); }
+  void windowClosed(forms::Window& window) override;
+  void waitModal(forms::Window& window) override;
+  void changed(forms::Element& element) override;
+  void removed(forms::Element& element) override;
+  void focusAsked(forms::Element& element) override;
+  forms::Answer messageBox(const forms::MessageBox& box) override;
+  std::optional<std::string> fileDialog(const forms::FileDialog& dialog) override;
+  std::optional<forms::PictureSize> pictureSize(const std::string& path) override;
   forms::DateTime now() override;
   // A folder of its own with the program's pictures in it, or none.
   std::string programFolder() override { return folder_.path(); }
@@ -99,18 +112,22 @@ protected:
   Expected next(const forms::MessageBox& box);
   Expected next(const forms::FileDialog& dialog) { return next((lastFile = dialog).title); }
 
-  virtual bool doClick(forms::Element& element) = 0;
-  virtual void doRightClick(forms::Element& element) = 0;
-  virtual bool doClickOn(forms::Picture& picture, float X, float Y) = 0;
-  virtual void doMoveOver(forms::Picture& picture, float X, float Y) = 0;
-  virtual void doType(forms::TextBox& box, std::string_view text) = 0;
-  virtual void doChoose(forms::DropList& list, int item) = 0;
-  virtual void doTab(bool forwards) = 0;
-  virtual void doKey(forms::Key key, int digit) = 0;
-  virtual void doMenu(forms::MenuEntry& entry) = 0;
-  virtual void doShortcut(forms::Button& button) = 0;
-  virtual void doClose(forms::Window& window) = 0;
-  virtual void doActivate(forms::Window& window) = 0;
+  // Straight to the forms layer; another screen has its own ways.
+  virtual bool doClick(forms::Element& element);
+  virtual void doRightClick(forms::Element& element);
+  virtual bool doClickOn(forms::Picture& picture, float X, float Y);
+  virtual void doMoveOver(forms::Picture& picture, float X, float Y);
+  virtual void doType(forms::TextBox& box, std::string_view text);
+  virtual void doChoose(forms::DropList& list, int item);
+  virtual void doTab(bool forwards);
+  virtual void doKey(forms::Key key, int digit);
+  virtual void doMenu(forms::MenuEntry& entry) { forms_->menuChosen(entry); }
+  virtual void doShortcut(forms::Button& button) {
+    if (button.Shortcut == "Ctrl+Shift+D")
+      forms_->shortcutPressed(button);
+  }
+  virtual void doClose(forms::Window& window) { forms_->closeRequested(window); }
+  virtual void doActivate(forms::Window& window) { forms::passOver(forms_->activated(window)); }
   // Runs behind each of them and after each tick: what the screen shows may be looked at.
   virtual void afterAction() {}
 
@@ -127,7 +144,11 @@ private:
     return element;
   }
   static void requireReachable(const forms::Element& element);
+  // True when the element has taken the press and still stands there.
+  bool press(forms::Element& element);
+  forms::Window& keyboardWindow() const;
 
+  const forms::Element* focus_ = nullptr;
   std::deque<Expected> expected_;
 };
 

@@ -224,8 +224,10 @@ std::string QtPlayer::focused() {
   if (!holder || !holder->parentWidget())
     return "";
   for (const Window* window : forms_->openWindows())
-    if (holder->parentWidget()->objectName() == toQt(window->name()))
-      return holder->objectName().toStdString();
+    for (const Element* element : window->elements())
+      if (holder->parentWidget()->objectName() == toQt(window->name()) &&
+          holder->objectName() == toQt(element->name()))
+        return element->name();
   return "";
 }
 

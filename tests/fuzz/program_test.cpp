@@ -1,0 +1,195 @@
+// The whole program under a person who does anything at any moment, on files that change under it.
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+
+#include "scripted/game.h"
+
+namespace falanges {
+
+namespace {
+
+using forms::Element, forms::Window;
+
+class Anybody final : public Game {
+public:
+  // Begins on one of the screens: the way there is long for random clicks.
+  explicit Anybody(unsigned seed) : Game(std::make_unique<Screen>(*this)), random(seed) {
+    for (const char* name : Files)
+      swapFile(name);
+    app.start();
+    Element* const ways[] = {&frame.mnuNuevoJuego, &frame.mnuCargarJuego, &frame.mnuOpciones};
+    touch(*ways[below(3)]);
+    if (app.opciones.isOpen())
+      touch(app.opciones.btnCargarJuegoRed);
+  }
+  void TestBody() override {}
+  void act() {
+    const auto& open = app.forms.openWindows();
+    Window& window = *open[below(open.size())];
+    const unsigned what = below(20);
+    if (what == 0)
+      swapFile(Files[below(4)]);
+    else if (what == 1)
+      screen.tick(static_cast<int>(1 + below(30)));
+    else if (what < 4)
+      app.forms.keyPressed(window, static_cast<forms::Key>(below(9)), static_cast<int>(below(10)));
+    else if (what < 6)
+      app.forms.tabbed(window, below(2) == 0);
+    else if (what < 8)
+      what == 6 ? app.forms.closeRequested(window) : forms::passOver(app.forms.activated(window));
+    else
+      touchOne(what < 10 || !app.forms.activeChild() ? window : *app.forms.activeChild());
+    check();
+  }
+
+private:
+  // Acts also behind the boxes, and answers them at random.
+  class Screen final : public scripted::Player {
+  public:
+    explicit Screen(Anybody& before) : person(before) {}
+    Answer messageBox(const forms::MessageBox& box) override {
+      person.over = person.over || box.text.find("Cierre la ventana del Tablero") != box.text.npos;
+      person.meanwhile();
+      // The frame stays open most of the time.
+      const unsigned yes = box.style == forms::BoxStyle::WarningYesNo ? 1 : 8;
+      return box.style == forms::BoxStyle::Information ? Answer::Ok
+             : person.below(16) < yes                  ? Answer::Yes
+                                                       : Answer::No;
+    }
+    std::optional<std::string> fileDialog(const forms::FileDialog&) override {
+      person.meanwhile();
+      const unsigned which = person.below(12);
+      return which == 0 ? std::nullopt
+                        : std::optional(person.file(which == 1 ? "no\\no" : Files[1 + which % 3]));
+    }
+    void waitModal(Window& window) override {
+      for (int acts = 5; acts > 0 && window.isOpen(); --acts)
+        person.act();
+      window.close();
+    }
+    void windowOpened(Window& window) override {
+      Player::windowOpened(window);
+      person.over = person.over && &window != &person.play;
+    }
+
+  private:
+    Anybody& person;
+  };
+
+  static constexpr const char* Files[] = {"VornathFalangesZTEE.cfg", "a", "b", "c"};
+
+  unsigned below(std::size_t bound) { return static_cast<unsigned>(random() % bound); }
+  void meanwhile() {
+    ++boxes;
+    for (unsigned acts = boxes > 3 || !frame.isOpen() ? 0 : below(4); acts > 0; --acts)
+      act();
+    --boxes;
+  }
+
+  // Now and then torn, gone, or a folder.
+  void swapFile(const std::string& name) {
+    std::string text = "1;1;5;1;\r\n";
+    if (name.size() == 1) {
+      std::string board = blank(5 + static_cast<int>(below(4)));
+      for (char& square : board)
+        if (const unsigned unit = below(20); square == '.' && unit < 10)
+          square = "BICEGbiceg"[unit];
+      text = gameFile(board, below(4) ? "1\r\n" : below(4) ? "2\r\n" : "2\r\n12\r\n");
+    }
+    const unsigned kind = below(12);
+    const auto path = scripted::toPath(file(name));
+    std::filesystem::remove_all(path);
+    if (kind == 0)
+      std::filesystem::create_directory(path);
+    else if (kind > 1)
+      write(name, kind == 2 ? text.substr(0, below(text.size())) : text);
+  }
+
+  // Also what is hidden, disabled or behind a box: nothing must come of it.
+  void touchOne(const Window& window) {
+    const auto& all = window.elements();
+    // Units and markers stand last.
+    const std::size_t from = below(2) && all.size() > 4 ? all.size() - 4 : 0;
+    if (!all.empty())
+      touch(*all[from + below(all.size() - from)]);
+  }
+  void touch(Element& element) {
+    const Window& window = element.window();
+    const unsigned number = below(8);
+    const auto button = number < 2 ? forms::MouseButton::Right : forms::MouseButton::Left;
+    if (auto* const entry = dynamic_cast<forms::MenuEntry*>(&element))
+      return app.forms.menuChosen(*entry);
+    if (auto* const developers = dynamic_cast<forms::Button*>(&element); developers && number < 2)
+      return app.forms.shortcutPressed(*developers);
+    if (auto* const picture = dynamic_cast<forms::Picture*>(&element))
+      app.forms.moved(*picture, 40 * static_cast<float>(below(256)) - 300,
+                      40 * static_cast<float>(below(256)) - 300);
+    const bool let =
+        number == 2 ? app.forms.focusMoved(element) : app.forms.pressed(element, button);
+    const auto& standing = window.elements();
+    if (!let || std::find(standing.begin(), standing.end(), &element) == standing.end())
+      return; // the press took it away
+    if (auto* const box = dynamic_cast<forms::TextBox*>(&element))
+      app.forms.typed(*box, number < 6 ? "5" : std::to_string(number));
+    else if (auto* const list = dynamic_cast<forms::DropList*>(&element))
+      app.forms.chosen(*list, static_cast<int>(number) - 1);
+    else if (button == forms::MouseButton::Left)
+      app.forms.clicked(element);
+  }
+
+  // What must always hold.
+  void check() {
+    const bool deployment = app.nuevoJuego.isOpen();
+    over = over && play.isOpen();
+    EXPECT_FALSE(play.isOpen() && deployment);
+    EXPECT_EQ(frame.tmrRed.Enabled, principal.JuegoEnRed);
+    EXPECT_TRUE(!principal.JuegoEnRed || play.isOpen());
+    if (boxes > 0 || !frame.isOpen())
+      return; // a box that tells of a move stands before its end
+    const std::string shown = deployment                     ? "HSHSS"
+                              : !play.isOpen()               ? "SSHSH"
+                              : over || principal.JuegoEnRed ? "HHHHH"
+                                                             : "HHSHH";
+    EXPECT_EQ(menus().substr(0, 5), shown);
+    const bool leftAsItWas = over && play.Caption == "En Juego"; // by a local win
+    if (below(8) == 0 && (play.isOpen() || deployment) && !leftAsItWas)
+      checkPictures();
+  }
+  // Records and pictures agree, and the markers are those of the one selected unit.
+  void checkPictures() {
+    int selected = 0;
+    for (int n = 1; n <= 64; ++n)
+      selected += unit(n) && unit(n)->Appearance == 1;
+    const int side = principal.NumFilas;
+    const std::string seen = side > 0 ? pictures() : " ";
+    std::string board = blank(std::max(side, 1));
+    for (int n = 1; n <= side * side; ++n)
+      if (const Casilla& square = principal.Casillas(n); square.Jugador > 0)
+        board[place(n, side)] = ".BICEG.biceg"[square.Jugador * 6 + square.TUnidad - 6];
+    // A torn file may leave units astray or without a type.
+    EXPECT_TRUE(seen == board || seen.find_first_of(" 0") != seen.npos) << seen << "\n" << board;
+    EXPECT_EQ(selected, play.picMovimientoPermitido.count() > 1 ? 1 : 0);
+  }
+
+  std::mt19937 random;
+  int boxes = 0;
+  bool over = false; // the game on the play screen has been won or lost
+};
+
+} // namespace
+
+// FALANGES_SCRIPTS: how many.
+TEST(Anything, MayBeDoneAtAnyMoment) {
+  const char* const wanted = std::getenv("FALANGES_SCRIPTS");
+  const unsigned long last = wanted ? std::stoul(wanted) : 300;
+  for (unsigned seed = 1; seed <= last && !testing::Test::HasFailure(); ++seed) {
+    SCOPED_TRACE(seed);
+    Anybody person(seed);
+    for (int acts = 100; acts > 0 && person.frame.isOpen(); --acts)
+      person.act();
+  }
+}
+
+} // namespace falanges
