@@ -26,16 +26,47 @@ inline std::string defeat(const std::string& digit) {
          "- HA VENCIDO\r\n\r\nCierre la ventana del Tablero para iniciar otro juego";
 }
 
+// Runs an operation at once, or holds it back as a share that hangs does.
+class HeldRunner final : public Runner {
+public:
+  void start(std::function<void()> operation) override {
+    EXPECT_FALSE(held_) << "one operation at a time";
+    if (const auto act = std::exchange(beforeNext, std::exchange(beforeTheOneAfter, {})))
+      act();
+    if (hold)
+      held_ = std::move(operation);
+    else
+      operation();
+  }
+  bool finished(std::chrono::milliseconds patience) override {
+    EXPECT_LE(patience.count(), 100);
+    return !held_;
+  }
+  void letGo() {
+    hold = false;
+    if (const auto operation = std::exchange(held_, {}))
+      operation();
+  }
+  bool hold = false;
+  std::function<void()> beforeNext, beforeTheOneAfter; // run once, when an operation starts
+
+private:
+  std::function<void()> held_;
+};
+
 // One copy, with its player before it. Destroying it is killing the process: nothing is closed.
 class Copy final : public Game {
 public:
-  Copy(char name, const std::string& file, const std::string& options = "0;0;5;1;\r\n")
-      : number(name == 'A' ? "1" : "2"), path(file) {
+  Copy(char name, const std::string& file, const std::string& options = "0;0;5;1;\r\n",
+       HeldRunner* held = new HeldRunner)
+      : Game(scripted::makePlayer(), std::unique_ptr<Runner>(held)),
+        number(name == 'A' ? "1" : "2"), path(file), runner(*held) {
     configure(options);
     start();
   }
   void TestBody() override {}
   const std::string number, path;
+  HeldRunner& runner;
 
   void join() {
     screen.expectFile("Cargar Juego", path);

@@ -49,8 +49,9 @@ std::vector<std::string> stepsOf(const std::string& script);
 
 class Game : public testing::Test {
 public:
-  explicit Game(std::unique_ptr<scripted::Player> before = scripted::makePlayer())
-      : player(std::move(before)) {}
+  explicit Game(std::unique_ptr<scripted::Player> before = scripted::makePlayer(),
+                std::unique_ptr<Runner> runner = std::make_unique<RunnerAtOnce>())
+      : player(std::move(before)), app(*player, std::move(runner)) {}
   // Past the information box.
   void start();
   // Closes the program, whatever is open.
@@ -96,7 +97,7 @@ public:
 
   std::unique_ptr<scripted::Player> player;
   scripted::Player& screen = *player;
-  App app{screen};
+  App app;
   Principal& principal = app.principal;
   frmPrincipal& frame = app.frame;
   frmEnJuego& play = app.enJuego;
