@@ -4,10 +4,10 @@
     tools/soak.py PROGRAM_FOLDER GAMES [MOST_TURNS]
 
 The players move at random. Meanwhile the folder goes away and comes back, the file vanishes, is torn or
-falls back to an older text, and a copy is killed, perhaps while it writes, and joins again. After each
-turn the file must hold what that player's move makes of the text before, and both screens must come to
-show it: no published turn may be lost, doubled or rolled back. Ends with the figures, or at the first
-fault with a picture of both screens.
+falls back to an older text, a copy is killed, perhaps while it writes, and joins again, and who is not in
+turn moves what stands on the screen. After each turn the file must hold what that player's move makes of
+the text before, and both screens must come to show it: no published turn may be lost, doubled or rolled
+back. Ends with the figures, or at the first fault with a picture of both screens.
 """
 
 import random
@@ -57,9 +57,10 @@ class Copy(Player):
         wait_for(f"player {self.number} to see {pieces}", lambda: self.board() == pieces)
         self.sees(status)
 
-    def select_any(self, pieces):
-        """A unit that can move, and where to; nothing when none can."""
-        own = [square for square, (owner, kind) in pieces.items() if owner == self.number and kind > 1]
+    def select_any(self, pieces, player=None):
+        """A unit of the player, or of this copy's, that can move, and where to; nothing when none can."""
+        player = player or self.number
+        own = [square for square, (owner, kind) in pieces.items() if owner == player and kind > 1]
         random.shuffle(own)
         for square in own:
             self.click(unit(square))
@@ -168,8 +169,26 @@ class Game:
         if self.old_text_seen:
             self.path.write_bytes(self.record[-2])
 
+    def waiting_player_tries_moves(self):
+        self.try_moves(self.copy(3 - self.turn), self.turn)
+
+    def turn_is_over_and_moves_go_on(self):
+        self.try_moves(self.copy(self.turn), 3 - self.turn)
+
+    def try_moves(self, copy, player):
+        """Idle moves of both players, one after the other, so that the copy looks at the file again."""
+        for owner in (player, 3 - player):
+            move = copy.select_any(copy.board(), owner)
+            shown = move and copy.look(marker(move[1]))
+            if shown:
+                area = copy.area(shown)
+                copy.click_at(area.x + area.width / 2, area.y + area.height / 2)
+            elif owner != player:
+                self.replace(copy)
+
     AFTER = folder_goes, file_goes, file_is_torn, waiting_copy_is_killed, copy_in_turn_is_killed
-    BEFORE = *AFTER, copy_is_killed_while_it_writes
+    BEFORE = *AFTER, copy_is_killed_while_it_writes, waiting_player_tries_moves
+    BEHIND = *AFTER, turn_is_over_and_moves_go_on
     LATER = (old_text_comes_back,)
 
     def fault(self, faults, percent=50):
@@ -217,7 +236,7 @@ class Game:
         mover.shows(pieces, other.status)
         self.expected = saved_game(pieces, other.number)
         self.killed_after_move = False
-        self.fault(self.AFTER)
+        self.fault(self.BEHIND)
         if self.killed_after_move and read(self.path) == self.record[-1]:
             self.expected = self.record[-1]  # a turn that wasn't published is played again
             return True
