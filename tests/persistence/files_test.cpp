@@ -101,6 +101,26 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
   }
 }
 
+TEST(GameText, NoBeginningOfAWholeOnePassesForWholeAndWhatIsWrittenIsReadAgain) {
+  const std::string games[] = {gameFile("b.i../...../...../...../..I.B", "2\r\n"),
+                               gameFile(blank(8), "1\r\n12\r\n")};
+  for (const std::string& text : games) {
+    const auto read = std::get<GameText>(parseGame(text));
+    EXPECT_TRUE(read.whole);
+    const std::size_t marker = read.resultMarker ? 4 : 0; // may still be to come
+    for (std::size_t length = 0; length < text.size(); ++length) {
+      const auto part = parseGame(text.substr(0, length));
+      const auto* const torn = std::get_if<GameText>(&part);
+      EXPECT_TRUE(!torn || torn->whole == (marker > 0 && length == text.size() - marker)) << length;
+    }
+    Principal principal;
+    std::uint8_t JugadorActual = 0;
+    takeGame(read, principal, JugadorActual);
+    principal.NumCasillas = static_cast<std::uint8_t>(read.lines.size() - (marker > 0 ? 2 : 1));
+    EXPECT_EQ(gameText(principal, read.resultMarker ? 1 : 2), text.substr(0, text.size() - marker));
+  }
+}
+
 TEST_F(Files, ARefusedFileChangesNothing) {
   const std::string number = " no es un número", range = " tiene un valor no permitido";
   const std::vector<std::pair<std::string, std::string>> table = {
