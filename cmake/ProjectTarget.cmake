@@ -42,11 +42,6 @@ if(FALANGES_SANITIZE)
   target_link_options(falanges_settings INTERFACE ${sanitizers})
 endif()
 
-if(FALANGES_FUZZ)
-  # The fuzzer sees which branches an input takes; its main function comes with the fuzzers alone.
-  target_compile_options(falanges_settings INTERFACE -fsanitize=fuzzer-no-link)
-endif()
-
 # Gives <target> the sources and headers below the folders that follow, each relative to the current
 # folder. The headers are listed so that `all_verify_interface_header_sets` compiles each one alone.
 function(add_folders target)

@@ -33,4 +33,13 @@ TEST_F(MissingPicturesInAGame, AreToldOnceAndItGoesOn) {
   run("load G......./......../......../......../......../......../......../....... 1, move 1 2");
 }
 
+TEST_F(MissingPicturesInAGame, StandInTheWayOfNoMove) {
+  start();
+  run("load g..../...../...../...../I...G 1");
+  screen.missingPictures = "inf_j1";
+  run("move 21 16"); // a box would fail here
+  EXPECT_EQ(pictures(), "g..../...../...../0..../....G");
+  EXPECT_EQ(status(), "En Espera/En Turno");
+}
+
 } // namespace falanges

@@ -110,8 +110,10 @@ protected:
       const std::size_t blank = step.find(' ');
       for (const char name : step.substr(0, blank)) {
         auto& copy = name == 'A' ? a : b;
-        if (step.substr(blank) == " join")
-          copy = std::make_unique<Copy>(name, path), copy->join();
+        if (step.ends_with(" join"))
+          copy = std::make_unique<Copy>(name, path);
+        if (step.ends_with(" join") || step.ends_with(" again"))
+          copy->join();
         else
           copy->run(step.substr(blank + 1));
       }

@@ -52,7 +52,7 @@ TEST_F(Faults, WhoJoinedWithAnOlderTextDoesNotPutItBack) {
   put(shared(1, "2\r\n"));
   follow({"B tick 1 => 12 12p. 12.", "B move 3 8, B look, A look => 21 21. 21p."});
   // Still out of turn on the newer text: from here on it waits, and heals nothing of the other's.
-  for (const std::string joined : {"", "B join"}) {
+  for (const std::string joined : {"", "B join", "B close EnJuego, B again"}) {
     begin();
     run(joined);
     put(shared(1));
@@ -60,6 +60,17 @@ TEST_F(Faults, WhoJoinedWithAnOlderTextDoesNotPutItBack) {
     put("");
     follow({"B tick 40 => ?? 01= 11p!"});
   }
+}
+
+TEST_F(Faults, AGameThatIsJoinedLaterKnowsNothingOfTheEarlierOne) {
+  begin();
+  put(std::nullopt);
+  run("B look, B close EnJuego");
+  put(shared(0));
+  follow({"B again, B tick 1 => 01 01= 015"}); // no look at once, as if the file were still away
+  run("B close EnJuego");
+  put(shared(1, "2\r\n"));
+  follow({"B again, B move 3 8, B look => 21 01= 21p."});
 }
 
 TEST_F(Faults, AnOldTextThatComesBackOverAPublishedTurnIsPutRight) {

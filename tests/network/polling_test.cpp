@@ -25,6 +25,8 @@ TEST_F(Network, ARefreshKeepsTheWindowsPlaceAndDropsWhatWasSelected) {
   b->play.Top = 1500;
   b->play.Left = -315;
   b->run("click picUnidad(23)");
+  b->screen.key(forms::Key::Up); // back where the mouse was, and on
+  b->screen.key(forms::Key::Up);
   b->principal.MovRealizados = 1;
   follow({"B tick 1 => 01 01= 01p7", "B tick 6 => 01 01= 01p1"});
   EXPECT_TRUE(b->play.picMovimientoPermitido(18));
@@ -32,6 +34,10 @@ TEST_F(Network, ARefreshKeepsTheWindowsPlaceAndDropsWhatWasSelected) {
   EXPECT_FALSE(b->play.picMovimientoPermitido(18));
   EXPECT_EQ(b->principal.MovRealizados, 0);
   EXPECT_TRUE(b->play.Top == 1500 && b->play.Left == -315);
+  EXPECT_EQ(b->play.picTablero.cursorSquare, 18);
+  EXPECT_TRUE(b->screen.closeWindow(b->play));
+  b->join();
+  EXPECT_EQ(b->play.picTablero.cursorSquare, 0) << "a screen that opens anew has none";
 }
 
 TEST_F(Network, TheClosingLineSaysWhoBegins) {

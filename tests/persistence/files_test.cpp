@@ -15,7 +15,7 @@ TEST(Configuration, IsReadFieldByFieldFromTheFirstItem) {
         " \"1;0;20;2;\",9 => 1|0|20|2", "\r\n1;1;30;3;\r\n => ||10|1",
         "\xE9;\x01;12abc; 1 2;\r\n => \xE9|\x01|12|12", "0;0;2.5;3.5; => 0|0|2|4",
         "0;0;32767;255; => 0|0|32767|255", "0;0;32768;256; => 0|0|10|1", "0;0;-7;-1; => 0|0|-7|1",
-        " => 0|0|10|1", "no file => 0|0|10|1"}) {
+        " => 0|0|10|1", " \t\r\n  => 0|0|10|1", "no file => 0|0|10|1"}) {
     const scripted::TemporaryFolder folder;
     const std::string path = configurationPath(folder.path());
     const auto [text, options] = halves(row);
@@ -98,6 +98,25 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
     EXPECT_EQ(principal.MovRealizados + principal.CargaCancelada, 0);
     EXPECT_EQ(shown().find(" , "), std::string::npos) << "no name of a type";
     run("close EnJuego");
+  }
+}
+
+TEST(GameText, NoBeginningOfAWholeOnePassesForWholeAndWhatIsWrittenIsReadAgain) {
+  const std::string games[] = {gameFile("b.i../...../...../...../..I.B", "2\r\n"),
+                               gameFile(blank(8), "1\r\n12\r\n")};
+  for (const std::string& text : games) {
+    const GameText read = parseGame(text).game;
+    EXPECT_TRUE(read.whole);
+    const std::size_t marker = read.resultMarker ? 4 : 0; // may still be to come
+    for (std::size_t length = 0; length < text.size(); ++length) {
+      const GameText torn = parseGame(text.substr(0, length)).game;
+      EXPECT_EQ(torn.whole, marker > 0 && length == text.size() - marker) << length;
+    }
+    Principal principal;
+    std::uint8_t JugadorActual = 0;
+    takeGame(read, principal, JugadorActual);
+    principal.NumCasillas = static_cast<std::uint8_t>(read.lines.size() - (marker > 0 ? 2 : 1));
+    EXPECT_EQ(gameText(principal, read.resultMarker ? 1 : 2), text.substr(0, text.size() - marker));
   }
 }
 

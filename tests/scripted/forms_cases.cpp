@@ -95,6 +95,7 @@ protected:
       {"txtA_LostFocus chk_Click @chk", click(one.chk)},
       {"lbl_Click @txtA", click(one.lbl)},
       {"pic_Right @txtA", [&] { player->rightClick(one.pic); }},
+      {"txtA_LostFocus @txtB", [&] { player->rightClick(one.txtB); }}, // its menu could paste
       {"txtA_LostFocus com_Click @com", [&] { player->choose(one.com, 1); }},
       {"txtA_Change @txtA", [&] { player->type(one.txtA, "x"); }},
       {"mnuHoja_Click @txtA", [&] { player->menu(frame.mnuHoja); }},
@@ -107,6 +108,8 @@ protected:
       {"frmUno_QueryUnload frmUno_Unload @two.txtA", [&] { player->closeWindow(one); }},
   };
   const std::vector<Row> others = {
+      // A screen reader, or another program's text, dropped or pasted.
+      {"txtA_LostFocus txtB_Change @txtB", [&] { layer.typed(one.txtB, "x"); }},
       {"btn_Click @txtA", [&] { one.btn.Visible = false, player->shortcut(one.btn); }},
       {"txtA_LostFocus com_Click com_Click @com",
        [&] { player->choose(one.com, 1), player->choose(one.com, 1); }},
@@ -363,6 +366,19 @@ TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
     EXPECT_EQ(board.AccessibleName.get(), row.name);
     EXPECT_EQ(board.cursorSquare, row.square) << "is marked";
   }
+  // The mouse hides it; the next arrow key brings it back where the mouse last pointed.
+  player->clickOn(board, 900, 1500); // square 8
+  EXPECT_EQ(board.cursorSquare, 0);
+  EXPECT_EQ(board.AccessibleName.get(), "Tablero");
+  player->moveOver(board, 300, 900); // square 4
+  log.take();
+  for (const auto& [key, square] : {std::pair(Key::Enter, 0), {Key::Up, 4}, {Key::Up, 1}}) {
+    player->key(key);
+    EXPECT_EQ(board.cursorSquare, square);
+  }
+  EXPECT_EQ(log.take(), "300,900 300,300");
+  board.setGrid(3, 600);
+  EXPECT_EQ(board.cursorSquare, 0) << "another board has none";
 }
 
 } // namespace scripted
