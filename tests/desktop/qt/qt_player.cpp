@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
+#include "desktop/qt/agrees.h"
 #include "desktop/qt/conversions.h"
 
 namespace scripted {
@@ -216,6 +217,12 @@ void QtPlayer::doActivate(Window& window) {
   constexpr QPoint Title(60, 8);
   QTest::mouseClick(&widget(window), Qt::LeftButton, {}, Title);
   QCoreApplication::processEvents();
+}
+
+void QtPlayer::afterAction() {
+  settle();
+  if (forms_)
+    agrees(*forms_);
 }
 
 std::string QtPlayer::focused() {

@@ -15,6 +15,8 @@ public:
   QtPlayer();
 
   std::string focused() override;
+  // The program's own loop.
+  int run() { return qt_.run(); }
 
   // The widget that shows an element or a window; throws when there is none.
   QWidget& widget(const forms::Element& element);
@@ -44,6 +46,7 @@ private:
   void doShortcut(forms::Button& button) override;
   void doClose(forms::Window& window) override { widget(window).close(); }
   void doActivate(forms::Window& window) override;
+  void afterAction() override;
 
   bool press(forms::Element& element, QPoint place);
 
