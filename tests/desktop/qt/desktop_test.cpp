@@ -1,8 +1,16 @@
-// The pointer as the system reports it: Qt finds out which element gets it.
+// What comes from the system past the elements: the pointer, where Qt finds out which element gets
+// it, the clock, the focus that Qt moves by itself, a screen reader's wishes.
+#include <QAccessible>
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
 #include <QWindow>
 #include <gtest/gtest.h>
 
+#include "desktop/qt/agrees.h"
 #include "desktop/qt/qt_player.h"
 #include "scripted/test_windows.h"
 
@@ -10,7 +18,7 @@ using namespace scripted;
 
 namespace {
 
-class Pointer : public testing::Test {
+class Desktop : public testing::Test {
 protected:
   QPoint middle(const forms::Element& element) {
     QWidget& widget = player.widget(element);
@@ -39,7 +47,7 @@ protected:
   TestWindow& one = program.one;
 };
 
-TEST_F(Pointer, ClicksWhereItIsPressedAndLetGo) {
+TEST_F(Desktop, ClicksWhereItIsPressedAndLetGo) {
   one.chk.Width = 195;
   one.pic.MouseMove = [&](float X, float Y) {
     log.add(std::to_string(static_cast<int>(X)) + "," + std::to_string(static_cast<int>(Y)));
@@ -60,7 +68,7 @@ TEST_F(Pointer, ClicksWhereItIsPressedAndLetGo) {
                         "pic_LostFocus btn_Click btn_Click btn_LostFocus chk_Click chk_Click");
 }
 
-TEST_F(Pointer, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
+TEST_F(Desktop, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
   one.pic.LostFocus = {};
   loadUnit(1);
   one.picUnidad.MouseDown = [&](int i, forms::MouseButton) {
@@ -75,7 +83,7 @@ TEST_F(Pointer, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
   EXPECT_EQ(log.take(), "picUnidad_Click2 pic_Left pic_Click");
 }
 
-TEST_F(Pointer, ClosesNoWindowBehindABox) {
+TEST_F(Desktop, ClosesNoWindowBehindABox) {
   log.on["btn_Click"] = [&] {
     EXPECT_EQ(program.forms.messageBox("¿Sí?", forms::BoxStyle::InformationYesNo),
               forms::Answer::Yes);
@@ -91,6 +99,103 @@ TEST_F(Pointer, ClosesNoWindowBehindABox) {
   player.click(one.btn);
   EXPECT_EQ(log.take(),
             "txtA_LostFocus btn_Click frmPropia_Load frmPropia_QueryUnload frmPropia_Unload");
+}
+
+TEST_F(Desktop, TicksWhileTheTimerRuns) {
+  program.frame.tmr.Interval = 20;
+  QTest::qWait(60);
+  program.frame.tmr.Enabled = true;
+  QTest::qWait(110);
+  EXPECT_EQ(log.take().substr(0, 17), "tmr_Tick tmr_Tick");
+  program.frame.tmr.Enabled = false;
+  QTest::qWait(60);
+  EXPECT_EQ(log.take(), "");
+}
+
+TEST_F(Desktop, PutsTheFocusBackThatQtMoves) {
+  program.own.open();
+  QTest::keyClick(&player.widget(program.own.txtA), Qt::Key_Tab);
+  // Nobody wants the focus of the window behind moved.
+  for (TestWindow* behind : {&one, &program.own}) {
+    player.widget(behind->btn).setFocus();
+    player.widget(behind->btn).activateWindow();
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    agrees(program.forms);
+  }
+  EXPECT_EQ(log.take(), "frmPropia_Load txtA_LostFocus");
+}
+
+// As Ctrl and Tab do.
+TEST_F(Desktop, AsksBeforeAChildThatQtActivatesTakesOver) {
+  auto& area = *player.widget(program.frame).findChild<QMdiArea*>();
+  const auto activateSecond = [&] {
+    area.setActiveSubWindow(dynamic_cast<QMdiSubWindow*>(&player.widget(program.two)));
+    QCoreApplication::processEvents();
+    agrees(program.forms);
+    return log.take() + " " + program.forms.activeChild()->name();
+  };
+  log.on["txtA_LostFocus"] = [&] { EXPECT_TRUE(one.txtA.SetFocus()); };
+  EXPECT_EQ(activateSecond(), "txtA_LostFocus frmUno");
+  log.on.clear();
+  EXPECT_EQ(activateSecond(), "txtA_LostFocus frmUno_Deactivate frmDos");
+}
+
+TEST_F(Desktop, DoesAScreenReadersWishes) {
+  // A refusal puts the focus back.
+  log.on["com_LostFocus"] = [&] { EXPECT_TRUE(one.com.SetFocus()); };
+  const struct {
+    const forms::Element& element;
+    const QString& action;
+    const char* events;
+  } table[] = {
+      {one.txtB, QAccessibleActionInterface::setFocusAction(), "txtA_LostFocus"},
+      {one.pic, QAccessibleActionInterface::pressAction(), "txtB_LostFocus pic_Left pic_Click"},
+      {one.chk, QAccessibleActionInterface::toggleAction(), "pic_LostFocus chk_Click"},
+      {one.com, QAccessibleActionInterface::increaseAction(), "chk_LostFocus com_Click"},
+      {one.com, QAccessibleActionInterface::increaseAction(), "com_Click"},
+      {one.com, QAccessibleActionInterface::increaseAction(), ""}, // behind the last
+      {one.com, QAccessibleActionInterface::decreaseAction(), "com_Click"},
+      {one.com, QAccessibleActionInterface::showMenuAction(), ""},
+      {one.com, QAccessibleActionInterface::showMenuAction(), ""},
+      {one.txtB, QAccessibleActionInterface::setFocusAction(), "com_LostFocus"},
+  };
+  std::string expanded;
+  for (const auto& [element, action, events] : table) {
+    auto* const said = QAccessible::queryAccessibleInterface(&player.widget(element));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(said->actionInterface()->actionNames().contains(action)) << element.name();
+    said->actionInterface()->doAction(action);
+    QCoreApplication::processEvents();
+    agrees(program.forms);
+    EXPECT_EQ(log.take(), events) << element.name() << " " << action.toStdString();
+    expanded += said->state().expandable ? said->state().expanded ? "+" : "-" : ".";
+  }
+  EXPECT_EQ(expanded, "...----+-.");
+  one.com.LostFocus = {};
+}
+
+TEST_F(Desktop, TurnsNoListByTheWheelAndMarksWhatTheKeyboardIsOn) {
+  QWidget& list = player.widget(one.com);
+  QWheelEvent turn({5, 5}, list.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                   Qt::NoModifier, Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&list, &turn);
+  std::string marked;
+  for (int i = 0; i < 6; ++i) {
+    player.tab();
+    for (const QWidget* child : list.parentWidget()->findChildren<QWidget*>())
+      if (child->isVisible() && child->testAttribute(Qt::WA_TransparentForMouseEvents))
+        marked += player.focused() + " ";
+  }
+  EXPECT_EQ(marked + std::to_string(one.com.ListIndex()), "chk -1");
+  player.click(one.chk);
+}
+
+TEST_F(Desktop, RunsUntilTheFrameHasClosed) {
+  QTimer::singleShot(0, [&] { EXPECT_TRUE(player.closeWindow(program.frame)); });
+  QTimer::singleShot(5000, [] { QCoreApplication::exit(1); });
+  EXPECT_EQ(player.run(), 0);
+  EXPECT_EQ(player.run(), 0) << "closed before it began";
 }
 
 } // namespace
