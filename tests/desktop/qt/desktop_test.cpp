@@ -187,6 +187,7 @@ TEST_F(Desktop, TurnsNoListByTheWheelAndMarksWhatTheKeyboardIsOn) {
       if (child->isVisible() && child->testAttribute(Qt::WA_TransparentForMouseEvents))
         marked += player.focused() + " ";
   }
+  // Known: "pic" too should be marked, as the pictures beside a board.
   EXPECT_EQ(marked + std::to_string(one.com.ListIndex()), "chk -1");
   player.click(one.chk);
 }
