@@ -6,6 +6,7 @@
 int main(int argc, char** argv) {
 #ifndef Q_OS_WIN // where its own screen is what is to be tested
   qputenv("QT_QPA_PLATFORM", QByteArray("offscreen"));
+  qputenv("FONTCONFIG_FILE", QByteArray(QT_TESTCASE_SOURCEDIR "/desktop/qt/golden/fonts.conf"));
 #endif
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();

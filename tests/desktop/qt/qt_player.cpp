@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
+#include "desktop/qt/agrees.h"
 #include "desktop/qt/conversions.h"
 
 namespace scripted {
@@ -216,6 +217,15 @@ void QtPlayer::doActivate(Window& window) {
   constexpr QPoint Title(60, 8);
   QTest::mouseClick(&widget(window), Qt::LeftButton, {}, Title);
   QCoreApplication::processEvents();
+}
+
+// Qt paints when a timer of five milliseconds has run out.
+void QtPlayer::afterAction() {
+  settle();
+  if (std::exchange(stale_, false))
+    QTest::qWait(6);
+  if (forms_)
+    agrees(*forms_);
 }
 
 std::string QtPlayer::focused() {

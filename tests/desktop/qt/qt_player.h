@@ -15,6 +15,8 @@ public:
   QtPlayer();
 
   std::string focused() override;
+  // The program's own loop.
+  int run() { return qt_.run(); }
 
   // The widget that shows an element or a window; throws when there is none.
   QWidget& widget(const forms::Element& element);
@@ -22,7 +24,7 @@ public:
   void windowOpened(forms::Window& window) override;
   void windowClosed(forms::Window& window) override { qt_.windowClosed(window); }
   void waitModal(forms::Window& window) override;
-  void changed(forms::Element& element) override { qt_.changed(element); }
+  void changed(forms::Element& element) override { stale_ = true, qt_.changed(element); }
   void removed(forms::Element& element) override { qt_.removed(element); }
   void focusAsked(forms::Element& element) override { qt_.focusAsked(element); }
   forms::Answer messageBox(const forms::MessageBox& box) override;
@@ -44,10 +46,12 @@ private:
   void doShortcut(forms::Button& button) override;
   void doClose(forms::Window& window) override { widget(window).close(); }
   void doActivate(forms::Window& window) override;
+  void afterAction() override;
 
   bool press(forms::Element& element, QPoint place);
 
   forms::qt::QtDesktop qt_;
+  bool stale_ = false; // something has changed that may be painted later
 };
 
 } // namespace scripted

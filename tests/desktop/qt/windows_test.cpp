@@ -1,12 +1,8 @@
-// Every window at the scale that the process runs at (QT_SCALE_FACTOR): nothing is cut, and every
-// pixel of the boards means the right square.
+// The windows on screens of several densities, in a frame too small for them, and in large type.
 #include <QApplication>
 #include <QComboBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QMdiArea>
-#include <QMenuBar>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
@@ -22,121 +18,59 @@ using namespace scripted;
 
 namespace {
 
-class Windows : public testing::Test {
+// Qt reads it when the application is made.
+struct Scale {
+  explicit Scale(const char* scale) { qputenv("QT_SCALE_FACTOR", scale); }
+  ~Scale() { qunsetenv("QT_SCALE_FACTOR"); }
+  Scale(const Scale&) = delete;
+  Scale& operator=(const Scale&) = delete;
+};
+
+class Windows : public testing::TestWithParam<const char*> {
 protected:
   void SetUp() override {
+    ASSERT_EQ(QString::number(qApp->devicePixelRatio()), GetParam());
     player.expectBox(falanges::informationBox().text, forms::Answer::Ok, onBox);
     app.start();
   }
-  void TearDown() override {
-    player.expectBox("¿Está seguro de salir y cerrar todo?", forms::Answer::Yes, onBox);
-    player.expectBox(falanges::informationBox().text, forms::Answer::Ok, onBox);
-    EXPECT_TRUE(player.closeWindow(app.frame));
-  }
-
-  // Everything with a text has the room that it needs, inside what it stands on.
-  static void expectTextsWhole(const QWidget& around) {
-    for (const QWidget* shown : around.findChildren<QWidget*>()) {
-      const auto* const label = qobject_cast<const QLabel*>(shown);
-      const auto* const button = qobject_cast<const QAbstractButton*>(shown);
-      const auto* const list = qobject_cast<const QComboBox*>(shown);
-      const QString text = label    ? label->text()
-                           : button ? button->text()
-                           : list   ? list->currentText()
-                                    : QString();
-      if (!shown->isVisible() || text.isEmpty())
-        continue;
-      QSize needed = shown->fontMetrics().size(Qt::TextShowMnemonic, text);
-      if (label && label->wordWrap())
-        needed = {0, label->heightForWidth(label->width())};
-      EXPECT_EQ(needed.boundedTo(shown->contentsRect().size()), needed) << text.toStdString();
-      EXPECT_TRUE(shown->parentWidget()->rect().contains(shown->geometry())) << text.toStdString();
-    }
-  }
-  static void expectDialogWhole() {
-    // What has changed its text since the layout came to rest may still wait for its place.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-    expectTextsWhole(*QApplication::activeModalWidget());
-  }
-  void expectNothingCut(const forms::Window& window) {
-    QWidget& form = *player.widget(window).findChild<QWidget*>(window.name().c_str());
-    expectTextsWhole(form);
-    for (const QWidget* shown : form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
-      EXPECT_TRUE(!shown->isVisible() || shown->testAttribute(Qt::WA_TransparentForMouseEvents) ||
-                  form.rect().contains(shown->geometry()))
-          << shown->objectName().toStdString();
-    const QPixmap seen = form.grab();
-    EXPECT_EQ(seen.size(), form.size() * seen.devicePixelRatio()) << window.name();
-  }
-
-  // Opens every window, and closes it.
-  void expectAllWhole() {
-    player.menu(app.frame.mnuOpciones);
-    expectNothingCut(app.opciones);
-    player.menu(app.frame.mnuNuevoJuego);
-    expectNothingCut(app.nuevoJuego);
-    player.expectModal("frmMsgBox", [&] {
-      expectNothingCut(app.msgBox);
-      EXPECT_TRUE(player.closeWindow(app.msgBox));
-    });
-    player.shortcut(app.nuevoJuego.Command1);
-    app.enJuego.open();
-    expectNothingCut(app.enJuego);
-    app.enJuego.close();
-    EXPECT_TRUE(player.closeWindow(app.nuevoJuego));
-  }
-
-  // Walks along a row and a column of device pixels through every square, and over the edges.
-  void expectEveryPixelOnItsSquare(const forms::Picture& board, int side) {
+  // Each pixel of the screen near the lines between the squares, along a row and along a column.
+  void expectPixelsOnTheirSquares(const forms::Picture& board, int side) {
     QWidget& widget = player.widget(board);
     const double scale = widget.devicePixelRatioF();
-    const auto hint = [&](double x, double y) {
+    const auto expectHint = [&](double x, double y, int row, int column) {
       const QPointF place(x + 1, y + 1); // behind the frame
       QMouseEvent move(QEvent::MouseMove, place, widget.mapToGlobal(place), Qt::NoButton,
                        Qt::NoButton, Qt::NoModifier);
       QCoreApplication::sendEvent(&widget, &move);
-      return widget.toolTip().toStdString();
+      const QString number = row * column == 0 ? "" : QString::number((row - 1) * side + column);
+      EXPECT_EQ(widget.toolTip(), QString("Cuadro: %1 (%2,%3)").arg(number).arg(row).arg(column));
     };
-    const int pixels = static_cast<int>((widget.width() - 2) * scale);
-    for (int device = 0; device < pixels; ++device) {
-      const double place = device / scale;
-      const int line = static_cast<int>(std::ceil(std::floor(place) * 15 / 1180));
-      const int across = 2 + device % 3; // 2 to 4
-      const double other = (across - 0.5) * 1180 / 15;
-      const auto expected = [&](int row, int column) {
-        const std::string number = line == 0 ? "" : std::to_string((row - 1) * side + column);
-        return "Cuadro: " + number + " (" + std::to_string(row) + "," + std::to_string(column) +
-               ")";
-      };
-      ASSERT_EQ(hint(place, other), expected(across, line)) << device;
-      ASSERT_EQ(hint(other, place), expected(line, across)) << device;
-    }
+    for (int line = 0; line < side; ++line)
+      for (int device = -2; device <= 2; ++device) {
+        const double place = (std::floor(line * 1180 / 15.0 * scale) + device) / scale;
+        const int square = static_cast<int>(std::ceil(std::floor(place) * 15 / 1180));
+        if (place < 0)
+          continue;
+        expectHint(place, 200, 3, square);
+        expectHint(200, place, square, 3);
+      }
   }
 
   Meanwhile onBox; // while a box is open
+  Scale set{GetParam()};
   QtPlayer player;
   falanges::App app{player};
 };
 
-TEST_F(Windows, ShowAllOfEveryBoardAndMeanTheRightSquares) {
-  expectAllWhole();
+TEST_P(Windows, MeanTheRightSquareUnderEachPixel) {
   player.menu(app.frame.mnuNuevoJuego);
   for (int side = 5; side <= 8; ++side) {
     player.choose(app.nuevoJuego.comTablero, side - 5);
-    EXPECT_EQ(app.principal.NumColumnas, side);
-    expectNothingCut(app.nuevoJuego);
-    expectEveryPixelOnItsSquare(app.nuevoJuego.picTablero, side);
-    for (const int n : {1, side * side}) {
-      app.principal.Casillas(n).Jugador = n == 1 ? 2 : 1;
-      app.principal.Casillas(n).TUnidad = falanges::GEN;
-    }
-    app.enJuego.open();
-    expectNothingCut(app.enJuego);
-    app.enJuego.close();
+    expectPixelsOnTheirSquares(app.nuevoJuego.picTablero, side);
   }
 }
 
-TEST_F(Windows, LeaveEverySquareInReachOfASmallFrame) {
+TEST_P(Windows, LeaveEverySquareInReachOfASmallFrame) {
   app.principal.OpcLimiteFilas = "1"; // units on any row
   player.menu(app.frame.mnuNuevoJuego);
   player.choose(app.nuevoJuego.comTablero, 3);
@@ -158,43 +92,53 @@ TEST_F(Windows, LeaveEverySquareInReachOfASmallFrame) {
   }
 }
 
+INSTANTIATE_TEST_SUITE_P(AtScale, Windows, testing::Values("1", "1.5", "2"));
+
+// Everything with a text has the room that it needs, inside what it stands on.
+void expectTextsWhole() {
+  // What has changed its text since the layout came to rest may still wait for its place.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  for (const QWidget* shown : QApplication::allWidgets()) {
+    const auto* const label = qobject_cast<const QLabel*>(shown);
+    const QString text =
+        shown->property("text").toString() + shown->property("currentText").toString();
+    if (!shown->isVisible() || shown->isWindow() || text.isEmpty())
+      continue;
+    QSize needed = shown->fontMetrics().size(Qt::TextShowMnemonic, text);
+    if (label && label->wordWrap())
+      needed = {0, label->heightForWidth(label->width())};
+    EXPECT_EQ(needed.boundedTo(shown->contentsRect().size()), needed) << text.toStdString();
+    EXPECT_TRUE(shown->parentWidget()->rect().contains(shown->geometry())) << text.toStdString();
+  }
+}
+
 // As a system may be set to large type, before the start or later.
 class WindowsInLargeType : public Windows {
 protected:
   WindowsInLargeType() {
     enlarge(1.5);
-    onBox = expectDialogWhole;
+    onBox = expectTextsWhole;
   }
   static void enlarge(double factor) {
     QFont font = QApplication::font();
     font.setPointSizeF(font.pointSizeF() * factor);
     QApplication::setFont(font);
   }
-  // A menu bar or a menu.
-  template <class Menu> static void expectEntriesWhole(Menu& menu) {
-    for (QAction* entry : menu.actions())
-      EXPECT_TRUE(!entry->isVisible() ||
-                  menu.actionGeometry(entry).width() >=
-                      menu.fontMetrics().size(Qt::TextShowMnemonic, entry->text()).width())
-          << entry->text().toStdString();
-  }
 };
 
-TEST_F(WindowsInLargeType, CutNoText) {
+INSTANTIATE_TEST_SUITE_P(AtScale, WindowsInLargeType, testing::Values("1"));
+
+TEST_P(WindowsInLargeType, CutNoText) {
   for (const double larger : {4.0 / 3, 1.0}) {
-    expectAllWhole();
-    auto& bar = *player.widget(app.frame).findChild<QMenuBar*>();
-    expectEntriesWhole(bar);
-    QMenu& menu = *bar.actions().constFirst()->menu();
-    menu.popup({});
-    expectEntriesWhole(menu);
-    menu.close();
-    player.expectFile("Cargar Juego", std::nullopt, [] {
-      expectDialogWhole();
-      const auto& header = *QApplication::activeModalWidget()->findChild<QHeaderView*>();
-      for (int column = 0; column < header.count(); ++column)
-        EXPECT_GE(header.sectionSize(column), header.sectionSizeHint(column)) << column;
-    });
+    player.menu(app.frame.mnuOpciones);
+    expectTextsWhole();
+    player.menu(app.frame.mnuNuevoJuego);
+    expectTextsWhole();
+    app.enJuego.open();
+    expectTextsWhole();
+    app.enJuego.close();
+    app.nuevoJuego.close();
+    player.expectFile("Cargar Juego", std::nullopt, expectTextsWhole);
     player.menu(app.frame.mnuCargarJuego);
     enlarge(larger);
   }

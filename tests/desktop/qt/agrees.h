@@ -1,0 +1,21 @@
+// One look at the whole screen: does it show what the program's windows and elements say?
+#pragma once
+
+#include <QImage>
+
+#include "forms/forms.h"
+
+namespace scripted {
+
+// Fails the running test for everything that the Qt screen shows otherwise than the open windows
+// and their elements say, or that belongs to none of them. Changes nothing on the screen. Looks no
+// further in a test that has failed already.
+void agrees(const forms::Forms& forms);
+
+// The pixels of a window on the screen: where they can be had as they were last painted, not anew.
+QImage onScreen(QWidget& window);
+
+// Whether no channel of the two colours differs by more than so many of its 256 levels.
+bool isNear(QRgb a, QRgb b, int levels);
+
+} // namespace scripted

@@ -1,0 +1,202 @@
+// What comes from the system past the elements: the pointer, where Qt finds out which element gets
+// it, the clock, the focus that Qt moves by itself, a screen reader's wishes.
+#include <QAccessible>
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+#include <QWindow>
+#include <gtest/gtest.h>
+
+#include "desktop/qt/agrees.h"
+#include "desktop/qt/qt_player.h"
+#include "scripted/test_windows.h"
+
+using namespace scripted;
+
+namespace {
+
+class Desktop : public testing::Test {
+protected:
+  QPoint middle(const forms::Element& element) {
+    QWidget& widget = player.widget(element);
+    return widget.mapTo(widget.window(), widget.rect().center());
+  }
+  QWindow* window() { return player.widget(program.frame).windowHandle(); }
+  void drag(const forms::Element& from, const forms::Element& to) {
+    QTest::mousePress(window(), Qt::LeftButton, {}, middle(from));
+    QTest::mouseMove(window(), middle(to));
+    QTest::mouseRelease(window(), Qt::LeftButton, {}, middle(to));
+  }
+  void doubleClick(const forms::Element& element) {
+    QTest::mouseDClick(window(), Qt::LeftButton, {}, middle(element));
+  }
+  // In front of the picture.
+  void loadUnit(int i) {
+    EXPECT_TRUE(one.picUnidad.Load(i));
+    one.picUnidad(i)->Top = one.pic.Top.get();
+    one.picUnidad(i)->ZOrder();
+    one.picUnidad(i)->Visible = true;
+  }
+
+  QtPlayer player;
+  TestProgram program{player};
+  Log& log = program.log;
+  TestWindow& one = program.one;
+};
+
+TEST_F(Desktop, ClicksWhereItIsPressedAndLetGo) {
+  one.chk.Width = 195;
+  one.pic.MouseMove = [&](float X, float Y) {
+    log.add(std::to_string(static_cast<int>(X)) + "," + std::to_string(static_cast<int>(Y)));
+  };
+  const forms::Element* const elements[] = {&one.pic, &one.lbl, &one.btn, &one.chk};
+  for (const auto* from : elements)
+    for (const auto* to : elements) {
+      drag(*from, *to);
+      EXPECT_EQ(log.take().find("_Click") != std::string::npos, from == to)
+          << from->name() << " " << to->name();
+    }
+  EXPECT_TRUE(one.txtA.SetFocus());
+  drag(one.pic, one.lbl);
+  EXPECT_EQ(log.take(), "chk_LostFocus 435,180 435,180 txtA_LostFocus pic_Left 435,1080 435,1080");
+  for (const auto* element : elements)
+    doubleClick(*element);
+  EXPECT_EQ(log.take(), "435,180 435,180 pic_Left 435,180 pic_Click 435,180 pic_Left 435,180 "
+                        "pic_Click lbl_Click lbl_Click "
+                        "pic_LostFocus btn_Click btn_Click btn_LostFocus chk_Click chk_Click");
+}
+
+TEST_F(Desktop, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
+  one.pic.LostFocus = {};
+  loadUnit(1);
+  one.picUnidad.MouseDown = [&](int i, forms::MouseButton) {
+    forms::passOver(one.picUnidad.Unload(i));
+  };
+  drag(*one.picUnidad(1), one.pic);
+  EXPECT_EQ(log.take(), "txtA_LostFocus");
+  one.picUnidad.MouseDown = {};
+  log.on["picUnidad_Click2"] = [&] { forms::passOver(one.picUnidad.Unload(2)); };
+  loadUnit(2);
+  doubleClick(*one.picUnidad(2));
+  EXPECT_EQ(log.take(), "picUnidad_Click2 pic_Left pic_Click");
+}
+
+TEST_F(Desktop, ClosesNoWindowBehindABox) {
+  log.on["btn_Click"] = [&] {
+    EXPECT_EQ(program.forms.messageBox("¿Sí?", forms::BoxStyle::InformationYesNo),
+              forms::Answer::Yes);
+    program.forms.fileDialog({true, "Guardar", "", "", ""});
+    program.own.showModal();
+  };
+  const auto close = [&] {
+    EXPECT_FALSE(player.closeWindow(program.frame) || player.closeWindow(one));
+  };
+  player.expectBox("¿Sí?", forms::Answer::Yes, close);
+  player.expectFile("Guardar", std::nullopt, close);
+  player.expectModal("frmPropia", [&] { close(), player.closeWindow(program.own); });
+  player.click(one.btn);
+  EXPECT_EQ(log.take(),
+            "txtA_LostFocus btn_Click frmPropia_Load frmPropia_QueryUnload frmPropia_Unload");
+}
+
+TEST_F(Desktop, TicksWhileTheTimerRuns) {
+  program.frame.tmr.Interval = 20;
+  QTest::qWait(60);
+  program.frame.tmr.Enabled = true;
+  QTest::qWait(110);
+  EXPECT_EQ(log.take().substr(0, 17), "tmr_Tick tmr_Tick");
+  program.frame.tmr.Enabled = false;
+  QTest::qWait(60);
+  EXPECT_EQ(log.take(), "");
+}
+
+TEST_F(Desktop, PutsTheFocusBackThatQtMoves) {
+  program.own.open();
+  QTest::keyClick(&player.widget(program.own.txtA), Qt::Key_Tab);
+  // Nobody wants the focus of the window behind moved.
+  for (TestWindow* behind : {&one, &program.own}) {
+    player.widget(behind->btn).setFocus();
+    player.widget(behind->btn).activateWindow();
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    agrees(program.forms);
+  }
+  EXPECT_EQ(log.take(), "frmPropia_Load txtA_LostFocus");
+}
+
+// As Ctrl and Tab do.
+TEST_F(Desktop, AsksBeforeAChildThatQtActivatesTakesOver) {
+  auto& area = *player.widget(program.frame).findChild<QMdiArea*>();
+  const auto activateSecond = [&] {
+    area.setActiveSubWindow(dynamic_cast<QMdiSubWindow*>(&player.widget(program.two)));
+    QCoreApplication::processEvents();
+    agrees(program.forms);
+    return log.take() + " " + program.forms.activeChild()->name();
+  };
+  log.on["txtA_LostFocus"] = [&] { EXPECT_TRUE(one.txtA.SetFocus()); };
+  EXPECT_EQ(activateSecond(), "txtA_LostFocus frmUno");
+  log.on.clear();
+  EXPECT_EQ(activateSecond(), "txtA_LostFocus frmUno_Deactivate frmDos");
+}
+
+TEST_F(Desktop, DoesAScreenReadersWishes) {
+  // A refusal puts the focus back.
+  log.on["com_LostFocus"] = [&] { EXPECT_TRUE(one.com.SetFocus()); };
+  const struct {
+    const forms::Element& element;
+    const QString& action;
+    const char* events;
+  } table[] = {
+      {one.txtB, QAccessibleActionInterface::setFocusAction(), "txtA_LostFocus"},
+      {one.pic, QAccessibleActionInterface::pressAction(), "txtB_LostFocus pic_Click"},
+      {one.chk, QAccessibleActionInterface::toggleAction(), "pic_LostFocus chk_Click"},
+      {one.com, QAccessibleActionInterface::increaseAction(), "chk_LostFocus com_Click"},
+      {one.com, QAccessibleActionInterface::increaseAction(), "com_Click"},
+      {one.com, QAccessibleActionInterface::increaseAction(), ""}, // behind the last
+      {one.com, QAccessibleActionInterface::decreaseAction(), "com_Click"},
+      {one.com, QAccessibleActionInterface::showMenuAction(), ""},
+      {one.com, QAccessibleActionInterface::showMenuAction(), ""},
+      {one.txtB, QAccessibleActionInterface::setFocusAction(), "com_LostFocus"},
+  };
+  std::string expanded;
+  for (const auto& [element, action, events] : table) {
+    auto* const said = QAccessible::queryAccessibleInterface(&player.widget(element));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(said->actionInterface()->actionNames().contains(action)) << element.name();
+    said->actionInterface()->doAction(action);
+    QCoreApplication::processEvents();
+    agrees(program.forms);
+    EXPECT_EQ(log.take(), events) << element.name() << " " << action.toStdString();
+    expanded += said->state().expandable ? said->state().expanded ? "+" : "-" : ".";
+  }
+  EXPECT_EQ(expanded, "...----+-.");
+  one.com.LostFocus = {};
+}
+
+TEST_F(Desktop, TurnsNoListByTheWheelAndMarksWhatTheKeyboardIsOn) {
+  QWidget& list = player.widget(one.com);
+  QWheelEvent turn({5, 5}, list.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                   Qt::NoModifier, Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&list, &turn);
+  std::string marked;
+  for (int i = 0; i < 6; ++i) {
+    player.tab();
+    for (const QWidget* child : list.parentWidget()->findChildren<QWidget*>())
+      if (child->isVisible() && child->testAttribute(Qt::WA_TransparentForMouseEvents))
+        marked += player.focused() + " ";
+  }
+  EXPECT_EQ(marked + std::to_string(one.com.ListIndex()), "chk pic -1");
+  player.click(one.chk);
+}
+
+TEST_F(Desktop, RunsUntilTheFrameHasClosed) {
+  QTimer::singleShot(0, [&] { EXPECT_TRUE(player.closeWindow(program.frame)); });
+  QTimer::singleShot(5000, [] { QCoreApplication::exit(1); });
+  EXPECT_EQ(player.run(), 0);
+  EXPECT_EQ(player.run(), 0) << "closed before it began";
+}
+
+} // namespace
