@@ -3,13 +3,32 @@
 
 #include <algorithm>
 
+#include <windows.h>
+
 #include <gtest/gtest.h>
 
-#include "windows/held_file.h"
+#include "scripted/temporary_folder.h"
 
 namespace {
 
 using namespace forms;
+
+// A file that another program has open, as long as this lives.
+class HeldFile {
+public:
+  // `sharing` is what others may do meanwhile: 0 for nothing, or FILE_SHARE_ flags.
+  HeldFile(const std::string& path, DWORD sharing)
+      : file_(CreateFileW(scripted::toPath(path).c_str(), GENERIC_READ, sharing, nullptr,
+                          OPEN_EXISTING, 0, nullptr)) {
+    EXPECT_NE(file_, INVALID_HANDLE_VALUE);
+  }
+  ~HeldFile() { CloseHandle(file_); }
+  HeldFile(const HeldFile&) = delete;
+  HeldFile& operator=(const HeldFile&) = delete;
+
+private:
+  HANDLE file_;
+};
 
 class TextFileWindowsTest : public testing::Test {
 protected:
@@ -22,7 +41,7 @@ protected:
 
 TEST_F(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
   {
-    const scripted::HeldFile closed(path, 0);
+    const HeldFile closed(path, 0);
     EXPECT_EQ(readTextFile(path, 100), std::nullopt);
     EXPECT_FALSE(writeTextFile(path, "x"));
     EXPECT_FALSE(appendTextFile(path, "x"));
@@ -30,7 +49,7 @@ TEST_F(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
   }
   EXPECT_EQ(bytes(), "partida\r\n");
   {
-    const scripted::HeldFile readersOnly(path, FILE_SHARE_READ);
+    const HeldFile readersOnly(path, FILE_SHARE_READ);
     EXPECT_EQ(bytes(), "partida\r\n");
     EXPECT_FALSE(writeTextFile(path, "x"));
     EXPECT_FALSE(replaceTextFile(path, "x"));
@@ -38,7 +57,7 @@ TEST_F(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
   EXPECT_EQ(bytes(), "partida\r\n");
   {
     // It may be written, but not change its name: in place.
-    const scripted::HeldFile reader(path, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    const HeldFile reader(path, FILE_SHARE_READ | FILE_SHARE_WRITE);
     EXPECT_TRUE(writeTextFile(path, "uno"));
     EXPECT_TRUE(replaceTextFile(path, "dos"));
   }
