@@ -39,12 +39,8 @@ struct PictureSize {
 };
 
 struct DateTime {
-  int year = 0;
-  int month = 0;
-  int day = 0;
-  int hour = 0; // 0 to 23
-  int minute = 0;
-  int second = 0;
+  int year = 0, month = 0, day = 0;
+  int hour = 0, minute = 0, second = 0; // hours 0 to 23
 };
 
 // A desktop shows what the elements' properties say and reports to Forms what the person did.

@@ -29,10 +29,8 @@ public:
 
   // Element n stands while the selected unit may move to square n; a click moves it there.
   forms::PictureArray picMovimientoPermitido{*this, "picMovimientoPermitido"};
-  forms::Label lblJ1{*this, "lblJ1"};
-  forms::Label lblJ1_Estado{*this, "lblJ1_Estado"};
-  forms::Label lblJ2{*this, "lblJ2"};
-  forms::Label lblJ2_Estado{*this, "lblJ2_Estado"};
+  forms::Label lblJ1{*this, "lblJ1"}, lblJ1_Estado{*this, "lblJ1_Estado"};
+  forms::Label lblJ2{*this, "lblJ2"}, lblJ2_Estado{*this, "lblJ2_Estado"};
 
 private:
   void Form_Load() override;
