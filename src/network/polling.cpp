@@ -91,6 +91,13 @@ void Polling::turnPassed() {
   position_ = gameText(principal_, enJuego_.JugadorActual);
 }
 
+bool Polling::winningMove() {
+  if (state_ != State::InTurn)
+    return false;
+  known_.clear();
+  return true;
+}
+
 std::optional<std::string> Polling::lastPosition(const std::string& path) const {
   return path == knownPath_ && !known_.empty() ? std::optional(known_) : std::nullopt;
 }

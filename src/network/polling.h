@@ -37,9 +37,9 @@ public:
 
   // A move has passed the turn on this copy's screen.
   void turnPassed();
-  // Whether a winning move on this copy's screen wins the game. A move made while the other player
-  // is in turn lives on the screen alone.
-  bool mayEndGame() const { return state_ == State::InTurn; }
+  // A winning move was made on this copy's screen. Whether it wins the game: one that is made while
+  // the other player is in turn lives on the screen alone.
+  bool winningMove();
   // The text of the last whole position that this run of the program has seen in the file or
   // written to it; nothing when it knows none, or the game there had ended.
   std::optional<std::string> lastPosition(const std::string& path) const;

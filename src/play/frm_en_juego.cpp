@@ -179,7 +179,7 @@ void frmEnJuego::picMovimientoPermitido_Click(int Index) {
   // The tests see the board as it stood before the move; the table is written last.
   const Victory victory = victoryOfMove(principal_, JugadorActual, CasillaDestino);
   const bool inNetwork = principal_.JuegoEnRed;
-  if (victory != Victory::None && (!inNetwork || !mayEndGame || mayEndGame())) {
+  if (victory != Victory::None && (!inNetwork || !winningMove || winningMove())) {
     closeWonGame(victory, CasillaOrigen, CasillaDestino);
     return;
   }

@@ -17,9 +17,9 @@ public:
   // a run of the program; 11 or 12 where a network game has been lost, so that no unit reacts.
   std::uint8_t JugadorActual = 0;
 
-  // In a network game: whether a winning move wins, and what hears of a turn that has passed. Set
-  // by the owner of the screens.
-  std::function<bool()> mayEndGame;
+  // In a network game: hears of a winning move and tells whether it wins; hears of a turn that has
+  // passed. Set by the owner of the screens.
+  std::function<bool()> winningMove;
   std::function<void()> turnPassed;
 
   // Texts behind the players' names, such as "En Turno".

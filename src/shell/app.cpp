@@ -12,7 +12,7 @@ App::App(forms::Desktop& desktop, std::unique_ptr<Runner> runner)
   frame.children = {&nuevoJuego, &enJuego, &opciones};
   frame.tmrRed.Tick = [this] { polling.tmrRed_Timer(); };
   frame.lastPosition = [this](const std::string& path) { return polling.lastPosition(path); };
-  enJuego.mayEndGame = [this] { return polling.mayEndGame(); };
+  enJuego.winningMove = [this] { return polling.winningMove(); };
   enJuego.turnPassed = [this] { polling.turnPassed(); };
   nuevoJuego.openPlay = [this] { enJuego.open(); };
   nuevoJuego.showDump = [this] { msgBox.showModal(); };

@@ -101,18 +101,21 @@ void frmPrincipal::showMenu(AppState state) {
     bool NuevoJuego, CargarJuego, GuardarJuego, CargarPlantilla, GuardarPlantilla;
   };
   constexpr bool S = true, H = false; // shown, hidden
-  for (const Row& row :
-       {Row{AppState::Idle, S, S, H, S, H}, Row{AppState::Deployment, H, S, H, S, S},
-        Row{AppState::LocalPlay, H, H, S, H, H}, Row{AppState::NetworkPlay, H, H, H, H, H},
-        Row{AppState::Finished, H, H, H, H, H}}) {
-    if (row.state != state)
-      continue;
-    mnuNuevoJuego.Visible = row.NuevoJuego;
-    mnuCargarJuego.Visible = row.CargarJuego;
-    mnuGuardarJuego.Visible = row.GuardarJuego;
-    mnuCargarPlantilla.Visible = row.CargarPlantilla;
-    mnuGuardarPlantilla.Visible = row.GuardarPlantilla;
-  }
+  // clang-format off
+  constexpr Row rows[] = {
+      {AppState::Idle,        S, S, H, S, H},
+      {AppState::Deployment,  H, S, H, S, S},
+      {AppState::LocalPlay,   H, H, S, H, H},
+      {AppState::NetworkPlay, H, H, H, H, H},
+      {AppState::Finished,    H, H, H, H, H}};
+  // clang-format on
+  const Row& row = *std::find_if(std::begin(rows), std::end(rows),
+                                 [state](const Row& entry) { return entry.state == state; });
+  mnuNuevoJuego.Visible = row.NuevoJuego;
+  mnuCargarJuego.Visible = row.CargarJuego;
+  mnuGuardarJuego.Visible = row.GuardarJuego;
+  mnuCargarPlantilla.Visible = row.CargarPlantilla;
+  mnuGuardarPlantilla.Visible = row.GuardarPlantilla;
 }
 
 void frmPrincipal::runTimer(bool running) {
