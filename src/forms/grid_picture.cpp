@@ -62,11 +62,11 @@ GridPicture::Point GridPicture::cornerOf(const Picture& picture) const {
 // What stands on the cursor's square, frontmost first; the picture itself where nothing does. It
 // need not reach the square's middle: its own lies on the square.
 Picture& GridPicture::target() {
-  const auto [left, top] = corner();
+  const Point square = corner();
   const auto standsHere = [&](const Picture& picture) {
     const auto [x, y] = cornerOf(picture);
-    const int middleX = x + picture.Width / 2 - left;
-    const int middleY = y + picture.Height / 2 - top;
+    const int middleX = x + picture.Width / 2 - square.x;
+    const int middleY = y + picture.Height / 2 - square.y;
     return middleX >= 0 && middleX < side_ && middleY >= 0 && middleY < side_;
   };
   Picture* front = this;
