@@ -148,10 +148,10 @@ void GridPicture::move(int columns, int rows) {
 
 // The hint of what stands there follows the cursor as it follows the pointer.
 void GridPicture::point(Picture& picture) {
-  const auto [x, y] = corner();
   const auto [left, top] = cornerOf(picture);
-  window().forms().point(picture, static_cast<float>(x - left + side_ / 2),
-                         static_cast<float>(y - top + side_ / 2));
+  const int x = corner().x + side_ / 2 - left;
+  const int y = corner().y + side_ / 2 - top;
+  window().forms().point(picture, static_cast<float>(x), static_cast<float>(y));
 }
 
 } // namespace forms

@@ -1,6 +1,7 @@
 #include "shell/frm_principal.h"
 
 #include <algorithm>
+#include <array>
 
 #include "deployment/frm_nuevo_juego.h"
 #include "forms/text_file.h"
@@ -102,14 +103,14 @@ void frmPrincipal::showMenu(AppState state) {
   };
   constexpr bool S = true, H = false; // shown, hidden
   // clang-format off
-  constexpr Row rows[] = {
+  constexpr std::array<Row, 5> rows{{
       {AppState::Idle,        S, S, H, S, H},
       {AppState::Deployment,  H, S, H, S, S},
       {AppState::LocalPlay,   H, H, S, H, H},
       {AppState::NetworkPlay, H, H, H, H, H},
-      {AppState::Finished,    H, H, H, H, H}};
+      {AppState::Finished,    H, H, H, H, H}}};
   // clang-format on
-  const Row& row = *std::find_if(std::begin(rows), std::end(rows),
+  const Row& row = *std::find_if(rows.begin(), rows.end(),
                                  [state](const Row& entry) { return entry.state == state; });
   mnuNuevoJuego.Visible = row.NuevoJuego;
   mnuCargarJuego.Visible = row.CargarJuego;
