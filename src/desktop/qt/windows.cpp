@@ -1,5 +1,6 @@
 #include "desktop/qt/windows.h"
 
+#include <memory>
 #include <utility>
 
 #include <QAction>
@@ -63,9 +64,9 @@ Form& WindowView::form() const {
 }
 
 void WindowView::waitUntilRemoved() {
-  QEventLoop loop;
-  waiting_ = &loop;
-  loop.exec();
+  const auto loop = std::make_unique<QEventLoop>();
+  waiting_ = loop.get();
+  loop->exec();
 }
 
 QSize WindowView::sizeAround(QSize decoration) const {
