@@ -42,7 +42,8 @@ private:
   // In memory where the system has such a folder: a disk makes who empties a file wait.
   static std::filesystem::path home() {
     const std::filesystem::path memory = "/dev/shm";
-    return exists(memory) ? memory : std::filesystem::temp_directory_path();
+    // Under Wine it exists too, but is no full path there.
+    return memory.is_absolute() && exists(memory) ? memory : std::filesystem::temp_directory_path();
   }
   static std::string fromPath(const std::filesystem::path& path) {
     const std::u8string utf8 = path.u8string();
