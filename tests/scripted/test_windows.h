@@ -97,6 +97,7 @@ public:
     mnu.Caption = std::string("&Menú");
     mnuHoja.Caption = std::string("&Hoja");
     log.each({{&mnuHoja.Click, "mnuHoja_Click"}, {&tmr.Tick, "tmr_Tick"}});
+    tmr.Interval = 3600000; // only the player's hand makes it tick
     made();
   }
 

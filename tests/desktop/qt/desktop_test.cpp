@@ -193,7 +193,7 @@ TEST_F(Desktop, TurnsNoListByTheWheelAndMarksWhatTheKeyboardIsOn) {
 }
 
 TEST_F(Desktop, RunsUntilTheFrameHasClosed) {
-  QTimer::singleShot(0, [&] { EXPECT_TRUE(player.closeWindow(program.frame)); });
+  QTimer::singleShot(0, [&] { EXPECT_TRUE(program.frame.close()); });
   QTimer::singleShot(5000, [] { QCoreApplication::exit(1); });
   EXPECT_EQ(player.run(), 0);
   EXPECT_EQ(player.run(), 0) << "closed before it began";
