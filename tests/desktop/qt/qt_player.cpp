@@ -222,8 +222,10 @@ void QtPlayer::doActivate(Window& window) {
 // Qt paints when a timer of five milliseconds has run out.
 void QtPlayer::afterAction() {
   settle();
-  if (std::exchange(stale_, false))
-    QTest::qWait(6);
+  if (std::exchange(stale_, false)) {
+    QTest::qSleep(6);
+    QCoreApplication::processEvents();
+  }
   if (forms_)
     agrees(*forms_);
 }
