@@ -22,6 +22,7 @@ struct MessageBox {
   std::string text; // lines end in CR LF
   BoxStyle style = BoxStyle::Information;
   std::string title;
+  std::string icon; // path of the file; empty: that of the frame
 };
 
 struct FileDialog {

@@ -59,7 +59,7 @@ void raise(const Handler& handler, Arguments... arguments) {
 // --- What the program asks ---------------------------------------------------------------------
 
 Answer Forms::messageBox(const std::string& text, BoxStyle style) {
-  return messageBox(MessageBox{text, style, applicationTitle});
+  return messageBox(MessageBox{text, style, applicationTitle, {}});
 }
 
 Answer Forms::messageBox(const MessageBox& box) {
@@ -366,6 +366,16 @@ void Forms::ticked(Timer& timer) {
     return;
   const EventScope event(*this);
   raise(timer.Tick);
+}
+
+bool Forms::sessionMayEnd() {
+  if (open_.empty())
+    return true;
+  Window& first = *open_.front();
+  if (boxes_ > 0 || first.closing_)
+    return false;
+  const EventScope event(*this);
+  return first.mayClose();
 }
 
 } // namespace forms

@@ -75,6 +75,10 @@ public:
   // The person asks to close the window.
   void closeRequested(Window& window);
   void ticked(Timer& timer);
+  // The system asks whether the person's session may end. Asks what the first window's closing
+  // asks, and closes nothing: another program may still hold the session up. False also while a
+  // box waits for its answer.
+  bool sessionMayEnd();
 
 private:
   friend class Element;

@@ -82,7 +82,9 @@ void frmPrincipal::Form_Load() {
 }
 
 void frmPrincipal::showInformation() {
-  forms().messageBox(informationBox());
+  forms::MessageBox box = informationBox();
+  box.icon = Icon; // the frame itself is not on the screen
+  forms().messageBox(box);
 }
 
 bool frmPrincipal::Form_QueryUnload() {

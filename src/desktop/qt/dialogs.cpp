@@ -52,8 +52,10 @@ void makeRoomForTitle(QMessageBox& shown) {
 
 } // namespace
 
-Answer showMessageBox(const MessageBox& box, QWidget* parent) {
+Answer showMessageBox(const MessageBox& box, const QIcon& icon, QWidget* parent) {
   QMessageBox shown(parent);
+  if (!icon.isNull())
+    shown.setWindowIcon(icon);
   shown.setWindowTitle(toQt(box.title));
   shown.setTextFormat(Qt::PlainText);
   shown.setText(toQt(box.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));

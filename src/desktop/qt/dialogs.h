@@ -7,12 +7,13 @@
 
 #include "forms/desktop.h"
 
+class QIcon;
 class QWidget;
 
 namespace forms::qt {
 
 // Both wait until the person has closed them. `parent` may be nullptr.
-Answer showMessageBox(const MessageBox& box, QWidget* parent);
+Answer showMessageBox(const MessageBox& box, const QIcon& icon, QWidget* parent);
 // The full path with the system's separators; nothing when cancelled.
 std::optional<std::string> showFileDialog(const FileDialog& dialog, QWidget* parent);
 

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QSessionManager>
 #include <QSettings>
 
 #include "desktop/qt/accessibility.h"
@@ -19,7 +20,27 @@ namespace forms::qt {
 
 // --- From start to end ---------------------------------------------------------------------------
 
-QtDesktop::QtDesktop(int& argc, char** argv) : application_(argc, argv) {
+Application::Application(int& argc, char** argv, Reporter& reporter) : QApplication(argc, argv) {
+  connect(this, &QGuiApplication::commitDataRequest, this, [&reporter](QSessionManager& session) {
+    session.setRestartHint(QSessionManager::RestartNever); // it would come back without its game
+    if (!session.allowsInteraction())
+      return;
+    if (reporter.report([](Forms& forms) { return forms.sessionMayEnd(); }))
+      session.release();
+    else
+      session.cancel();
+  });
+}
+
+// The session ends, and the person has agreed to that. Qt would ask each window to close once more.
+bool Application::event(QEvent* event) {
+  if (event->type() != QEvent::Quit)
+    return QApplication::event(event);
+  exit();
+  return true;
+}
+
+QtDesktop::QtDesktop(int& argc, char** argv) : application_(argc, argv, reporter_) {
   // Dialogs of the system would ask questions of their own, and a menu at the screen's edge is
   // none of the frame's.
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
@@ -112,7 +133,7 @@ QWidget* QtDesktop::front() const {
 }
 
 Answer QtDesktop::messageBox(const MessageBox& box) {
-  return showMessageBox(box, front());
+  return showMessageBox(box, pictures_.icon(toQt(box.icon)), front());
 }
 
 std::optional<std::string> QtDesktop::fileDialog(const FileDialog& dialog) {

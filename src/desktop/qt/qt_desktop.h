@@ -13,6 +13,15 @@ namespace forms::qt {
 
 class ElementView;
 
+// The application, which the system may ask whether the person's session may end.
+class Application final : public QApplication {
+public:
+  Application(int& argc, char** argv, Reporter& reporter);
+
+protected:
+  bool event(QEvent* event) override;
+};
+
 // One per process. First make it, then connect the forms layer to it, open the first window, and
 // run. Owns the views of all windows and elements that stand on the screen.
 class QtDesktop final : public Desktop {
@@ -61,9 +70,9 @@ private:
   // The window that a box belongs to; nullptr when there is none yet.
   QWidget* front() const;
 
-  QApplication application_;
-  PictureStore pictures_;
   Reporter reporter_;
+  Application application_;
+  PictureStore pictures_;
   FocusKeeper focus_{*this};
   QHash<const Element*, ElementView*> views_; // windows are elements too
   QWidget* frame_ = nullptr;
