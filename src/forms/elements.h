@@ -15,6 +15,7 @@ class Label : public Element {
 public:
   Label(Window& window, std::string_view name) : Element(Kind::Label, &window, name) {}
   Property<std::string> Caption{*this, {}};
+  bool Announced = false; // a screen reader says each new AccessibleName, wherever the focus is
   std::function<void()> Click;
 };
 

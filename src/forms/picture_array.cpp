@@ -19,10 +19,9 @@ bool PictureArray::Load(int i) {
   made->Height = pattern.Height.get();
   made->BackColor = pattern.BackColor;
   made->Border = pattern.Border;
-  made->Click = [this, i] {
-    if (Click)
-      Click(i);
-  };
+  // Only what can be clicked says so to a screen reader.
+  if (Click)
+    made->Click = [this, i] { Click(i); };
   made->MouseDown = [this, i](MouseButton button) {
     if (MouseDown)
       MouseDown(i, button);

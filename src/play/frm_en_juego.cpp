@@ -42,6 +42,7 @@ frmEnJuego::frmEnJuego(forms::Forms& forms, Principal& principal, MainWindow& ma
   makeLabel(lblJ1_Estado, "En Turno", 960, 1125, Blue);
   makeLabel(lblJ2, "Jugador 2", 2040, 1065, Red);
   makeLabel(lblJ2_Estado, "En Espera", 2760, 1125, Red);
+  lblJ1_Estado.Announced = lblJ2_Estado.Announced = true;
   made();
 }
 

@@ -24,4 +24,8 @@ void frmMsgBox::Form_Load() {
   Text1.Text = std::exchange(principal_.TextoVolcado, std::string());
 }
 
+bool frmMsgBox::Form_KeyDown(forms::Key key, int /*digit*/) {
+  return key == forms::Key::Escape && close();
+}
+
 } // namespace falanges

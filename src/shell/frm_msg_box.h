@@ -14,6 +14,7 @@ public:
 
 private:
   void Form_Load() override;
+  bool Form_KeyDown(forms::Key key, int digit) override;
 
   Principal& principal_;
 };

@@ -1,39 +1,42 @@
 #include "desktop/qt/accessibility.h"
 
+#include <utility>
+
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QComboBox>
+#include <QHash>
 
 #include "desktop/qt/form.h"
-#include "desktop/qt/picture.h"
 
 namespace forms::qt {
 
 namespace {
 
-class AccessiblePicture final : public QAccessibleWidget {
+class AccessiblePressable final : public QAccessibleWidget {
 public:
-  explicit AccessiblePicture(PictureWidget* widget)
-      : QAccessibleWidget(widget, QAccessible::Graphic) {}
+  AccessiblePressable(QWidget* widget, const Pressable& pressable)
+      : QAccessibleWidget(widget), pressable_(pressable) {}
 
-  QAccessible::Role role() const override {
-    return picture().isButton ? QAccessible::Button : QAccessible::Graphic;
-  }
+  QAccessible::Role role() const override { return pressable_.role; }
 
   QStringList actionNames() const override {
-    return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+    QStringList names = QAccessibleWidget::actionNames();
+    if (pressable_.press)
+      names.prepend(pressAction());
+    return names;
   }
 
   void doAction(const QString& name) override {
     if (name != pressAction())
       QAccessibleWidget::doAction(name);
-    else if (picture().isEnabled() && picture().press)
-      picture().press();
+    else if (widget()->isEnabled() && pressable_.press)
+      pressable_.press();
   }
 
 private:
-  PictureWidget& picture() const { return *static_cast<PictureWidget*>(widget()); }
+  const Pressable& pressable_;
 };
 
 // Qt's own would show hidden elements too, and in the order of stacking.
@@ -110,8 +113,8 @@ private:
 };
 
 QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
-  if (auto* const picture = dynamic_cast<PictureWidget*>(object))
-    return new AccessiblePicture(picture);
+  if (const auto* const pressable = dynamic_cast<Pressable*>(object))
+    return new AccessiblePressable(static_cast<QWidget*>(object), *pressable);
   if (auto* const form = dynamic_cast<Form*>(object))
     return new AccessibleForm(form);
   // File dialogs have lists too, and labels for them.
@@ -132,6 +135,20 @@ void tellSight(QWidget& element, bool inSight) {
     return;
   QAccessibleEvent event(&element,
                          inSight ? QAccessible::ObjectCreated : QAccessible::ObjectDestroyed);
+  QAccessible::updateAccessibility(&event);
+}
+
+void announce(QWidget& element, const QString& text) {
+  static QHash<QString, QString> said; // by the name of the element
+  if (std::exchange(said[element.objectName()], text) == text || !QAccessible::isActive())
+    return;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+  QAccessibleAnnouncementEvent event(&element, text);
+#else
+  QAccessible::State appeared;
+  appeared.invisible = true; // this part of its state has changed
+  QAccessibleStateChangeEvent event(&element, appeared);
+#endif
   QAccessible::updateAccessibility(&event);
 }
 

@@ -1,14 +1,31 @@
-// What screen readers find on a form: the elements that can be seen, and pictures to press.
+// What screen readers find on a form: the elements that can be seen, what can be pressed, and what
+// is told without being asked for.
 #pragma once
+
+#include <functional>
+
+#include <QAccessible>
 
 class QWidget;
 
 namespace forms::qt {
+
+// A widget that is no button by itself.
+struct Pressable {
+  // What a screen reader's press does; without it there is nothing to press.
+  std::function<void()> press;
+  QAccessible::Role role = QAccessible::NoRole; // what it is
+};
 
 // Once per run, before the first window.
 void installAccessibility();
 
 // Tells screen readers that the element has come into sight, or is about to go out of it.
 void tellSight(QWidget& element, bool inSight);
+
+// Has screen readers say the text, wherever the focus is, unless it is what they said last for an
+// element of this name. Before Qt 6.8 nothing is said on Windows; elsewhere the element counts as a
+// notification that appears, which the readers there say.
+void announce(QWidget& element, const QString& text);
 
 } // namespace forms::qt

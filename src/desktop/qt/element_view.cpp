@@ -4,7 +4,6 @@
 #include <QMouseEvent>
 #include <QToolTip>
 
-#include "desktop/qt/accessibility.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/focus_keeper.h"
 #include "desktop/qt/look.h"
@@ -42,8 +41,10 @@ WidgetView::WidgetView(Element& element, QtDesktop& desktop, QWidget* widget)
 
 void WidgetView::sync() {
   const auto quiet = reporter().quiet();
-  if (const QRect place = placeFor(pixelRect(*element())); widget_.geometry() != place)
+  if (const QRect place = placeFor(pixelRect(*element())); widget_.geometry() != place) {
     widget_.setGeometry(place);
+    desktop().focus().placed(widget_);
+  }
   syncNames();
   syncKind();
   syncReach();
@@ -121,7 +122,6 @@ bool WidgetView::eventFilter(QObject* /*watched*/, QEvent* event) {
 
 bool WidgetView::pressed(const QMouseEvent& event) {
   const MouseButton button = toForms(event.button());
-  desktop().focus().useKeyboard(false);
   const bool goesOn =
       reporter().report([&](Forms& forms) { return forms.pressed(*element(), button); });
   const bool usable = goesOn && element() && widget_.isVisible() && widget_.isEnabled();
@@ -139,6 +139,19 @@ void WidgetView::released(const QMouseEvent& event) {
 
 void WidgetView::click() {
   reportUse([this](Forms& forms) { forms.clicked(*element()); });
+}
+
+void WidgetView::offerPress(Pressable& shown, bool offered) {
+  if (offered == static_cast<bool>(shown.press))
+    return;
+  shown.press = {};
+  if (!offered)
+    return;
+  // Later, for the press may end in a message box, and the screen reader waits for its call's end.
+  shown.press = [this] {
+    QMetaObject::invokeMethod(
+        this, [this] { click(); }, Qt::QueuedConnection);
+  };
 }
 
 } // namespace forms::qt

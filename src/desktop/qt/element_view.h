@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+#include "desktop/qt/accessibility.h"
 #include "desktop/qt/reporter.h"
 #include "forms/element.h"
 
@@ -78,6 +79,8 @@ protected:
   }
   // Reports that the left button, a key or a screen reader clicked the element.
   void click();
+  // Whether a screen reader's press clicks the element, shown by this widget.
+  void offerPress(Pressable& shown, bool offered);
 
 private:
   void syncNames();

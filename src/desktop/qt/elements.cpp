@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
@@ -32,10 +34,17 @@ namespace {
 
 // --- Label ---------------------------------------------------------------------------------------
 
-class LabelView final : public ViewOf<Label, QLabel> {
+class LabelWidget final : public QLabel, public Pressable {
+public:
+  using QLabel::QLabel;
+};
+
+class LabelView final : public ViewOf<Label, LabelWidget> {
 public:
   LabelView(Label& label, QtDesktop& desktop, QWidget* form)
-      : ViewOf(label, desktop, new QLabel(form)) {
+      : ViewOf(label, desktop, new LabelWidget(form)) {
+    widget().role = label.Announced ? QAccessible::Notification : QAccessible::StaticText;
+    offerPress(widget(), static_cast<bool>(label.Click));
     widget().setTextFormat(Qt::PlainText);
     widget().setAlignment(Qt::AlignLeft | Qt::AlignTop);
     widget().setAutoFillBackground(label.BackColor.has_value());
@@ -48,6 +57,8 @@ protected:
     widget().setText(caption());
     // Where there is room for one line only, a wrapped word would vanish altogether.
     widget().setWordWrap(widget().height() >= 2 * widget().fontMetrics().lineSpacing());
+    if (shown().Announced)
+      announce(widget(), widget().accessibleName());
   }
   QString caption() const override { return toQt(shown().Caption); }
 };
@@ -202,8 +213,14 @@ public:
     if (isMenu(entry)) {
       menu_ = new QMenu(bar);
       action_ = menu_->menuAction();
-      if (entry.WindowList)
+      if (entry.WindowList) {
         connect(menu_, &QMenu::aboutToShow, this, [this] { listWindows(); });
+        // A screen reader looks into the menu while it is closed. Behind the change of windows.
+        const auto* const area = bar->window()->findChild<QMdiArea*>();
+        connect(
+            area, &QMdiArea::subWindowActivated, this, [this] { listWindows(); },
+            Qt::QueuedConnection);
+      }
     } else {
       action_ = new QAction(this);
       connect(action_, &QAction::triggered, this, [this] {

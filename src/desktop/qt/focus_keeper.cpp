@@ -13,6 +13,10 @@
 
 namespace forms::qt {
 
+FocusKeeper::FocusKeeper(QtDesktop& desktop) : desktop_(desktop) {
+  qApp->installEventFilter(this);
+}
+
 void FocusKeeper::watch(QMdiArea& area) {
   area_ = &area;
   // Later, for the area is in the middle of its own work when it signals.
@@ -31,10 +35,21 @@ void FocusKeeper::give(Element& element) {
   mark(view);
 }
 
-void FocusKeeper::useKeyboard(bool used) {
-  keyboard_ = used;
-  if (!used)
+bool FocusKeeper::eventFilter(QObject* /*watched*/, QEvent* event) {
+  switch (event->type()) {
+  case QEvent::KeyPress:
+  case QEvent::ShortcutOverride: // of a key that is a shortcut there is no press
+    keyboard_ = true;
+    break;
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonDblClick:
+    keyboard_ = false;
     delete mark_;
+    break;
+  default:
+    break;
+  }
+  return false;
 }
 
 void FocusKeeper::mark(const WidgetView& view) {
@@ -42,11 +57,16 @@ void FocusKeeper::mark(const WidgetView& view) {
   if (!keyboard_ || !view.needsMark())
     return;
   constexpr int Width = 1; // pixels
-  constexpr int Distance = 3;
   const QWidget& widget = view.widget();
   mark_ = new Mark(widget.parentWidget(), Width);
-  mark_->setGeometry(widget.geometry().adjusted(-Distance, -Distance, Distance, Distance));
+  placed(widget);
   mark_->show();
+}
+
+void FocusKeeper::placed(const QWidget& widget) {
+  constexpr int Distance = 3; // pixels
+  if (mark_ && widget.window()->focusWidget() == &widget)
+    mark_->setGeometry(widget.geometry().adjusted(-Distance, -Distance, Distance, Distance));
 }
 
 void FocusKeeper::activate(Window& child) {

@@ -18,7 +18,8 @@ class WidgetView;
 // back. Where it goes to another element by a screen reader's wish, the forms layer is asked.
 class FocusKeeper : public QObject {
 public:
-  explicit FocusKeeper(QtDesktop& desktop) : desktop_(desktop) {}
+  // To be made behind the application.
+  explicit FocusKeeper(QtDesktop& desktop);
 
   // The frame's area of child windows, from now on watched.
   void watch(QMdiArea& area);
@@ -27,18 +28,20 @@ public:
   void give(Element& element);
   void activate(Window& child);
 
-  // Whether the person went on with the keyboard or the mouse: the focus is marked for the
-  // keyboard.
-  void useKeyboard(bool used);
-
   // The widget is about to vanish: if it has the focus, that goes to the form meanwhile. Left to
   // itself Qt would hand it to any other element.
   void vanishes(QWidget& widget);
 
+  // The widget of an element has another place or size.
+  void placed(const QWidget& widget);
   // The widget of an element got the focus.
   void arrived(WidgetView& view);
   // A window of the program became active or inactive: Qt moves the focus on that occasion.
   void windowChanged();
+
+protected:
+  // Sees every event: keys and presses in menus and boxes count too.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   void childActivated();
@@ -55,6 +58,8 @@ private:
   QPointer<QMdiArea> area_;
   QPointer<WidgetView> arrived_;
   QPointer<QWidget> mark_;
+  // Whether the person went on with the keyboard or the mouse: for the keyboard the focus is
+  // marked.
   bool keyboard_ = false;
   bool looking_ = false;  // a look is on its way
   bool settling_ = false; // what moves now is moved by Qt

@@ -82,7 +82,6 @@ void Form::keyPressEvent(QKeyEvent* event) {
   // A key held down moves on and on, but presses once.
   if (event->isAutoRepeat() && !isArrow(*key))
     return;
-  desktop_.focus().useKeyboard(true);
   const int digit = *key == Key::Digit ? event->key() - Qt::Key_0 : 0;
   event->setAccepted(desktop_.reporter().report(
       [&](Forms& forms) { return forms.keyPressed(*window_, *key, digit); }));
@@ -92,7 +91,6 @@ void Form::keyPressEvent(QKeyEvent* event) {
 bool Form::focusNextPrevChild(bool next) {
   if (!window_ || desktop_.reporter().isQuiet())
     return true;
-  desktop_.focus().useKeyboard(true);
   desktop_.reporter().report([&](Forms& forms) { forms.tabbed(*window_, next); });
   return true;
 }

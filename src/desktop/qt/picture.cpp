@@ -130,12 +130,6 @@ public:
   PictureView(Picture& picture, QtDesktop& desktop, QWidget* form)
       : ViewOf(picture, desktop, new PictureWidget(desktop.pictures(), form)) {
     setClicks(Clicks::OfMouse);
-    // Later, for the press may end in a message box, and the screen reader waits for its call's
-    // end.
-    widget().press = [this] {
-      QMetaObject::invokeMethod(
-          this, [this] { click(); }, Qt::QueuedConnection);
-    };
   }
 
   void remove() override {
@@ -157,7 +151,8 @@ protected:
         shown().BackColor ? toQt(*shown().BackColor) : widget().palette().color(QPalette::Base);
     widget().setLooks(
         {toQt(shown().picturePath()), shown().Appearance == 1, shown().Border, background});
-    widget().isButton = static_cast<bool>(shown().Click);
+    offerPress(widget(), static_cast<bool>(shown().Click));
+    widget().role = shown().Click ? QAccessible::Button : QAccessible::Graphic;
     // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
     if (const int rank = shown().zOrderRank; std::exchange(shownRank_, rank) != rank)
       setStackingRank(widget(), rank);

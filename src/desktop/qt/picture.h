@@ -1,11 +1,10 @@
 // Pictures on a form, and the frames that mark a place in front of them.
 #pragma once
 
-#include <functional>
-
 #include <QColor>
 #include <QWidget>
 
+#include "desktop/qt/accessibility.h"
 #include "forms/picture.h"
 
 namespace forms::qt {
@@ -17,7 +16,7 @@ class QtDesktop;
 ElementView* makePictureView(Picture& picture, QtDesktop& desktop, QWidget* form);
 
 // Draws a picture element: picture, frame, raised look.
-class PictureWidget final : public QWidget {
+class PictureWidget final : public QWidget, public Pressable {
 public:
   PictureWidget(PictureStore& pictures, QWidget* form);
 
@@ -29,11 +28,6 @@ public:
     bool operator==(const Looks&) const = default;
   };
   void setLooks(Looks looks);
-
-  // Whether a screen reader finds a thing to press here.
-  bool isButton = false;
-  // What a screen reader's press does.
-  std::function<void()> press;
 
 protected:
   void paintEvent(QPaintEvent* event) override;

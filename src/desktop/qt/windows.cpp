@@ -7,12 +7,14 @@
 #include <QApplication>
 #include <QEvent>
 #include <QEventLoop>
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QTimer>
 
 #include "desktop/qt/conversions.h"
@@ -124,7 +126,10 @@ public:
     for (QScrollBar* bar : {area->horizontalScrollBar(), area->verticalScrollBar()})
       bar->setContextMenuPolicy(Qt::PreventContextMenu);
     frame.setCentralWidget(area);
-    frame.menuBar()->setContextMenuPolicy(Qt::PreventContextMenu);
+    QMenuBar& bar = *frame.menuBar();
+    bar.setContextMenuPolicy(Qt::PreventContextMenu);
+    connect(new QShortcut(Qt::Key_F10, &frame), &QShortcut::activated, this,
+            [&bar] { bar.setActiveAction(bar.actions().value(0)); });
     desktop.focus().watch(*area);
   }
 
@@ -169,6 +174,64 @@ QMdiArea& areaFor(const Window& child, QtDesktop& desktop) {
     qFatal("%s has no frame around it", child.name().c_str());
   return static_cast<QMdiArea&>(*frame->centralWidget());
 }
+
+// Moves a child window by the arrow keys, until Enter, or until Escape takes it back or a mouse
+// button is pressed. Qt's own way moves the pointer too, which not every system allows.
+class KeyboardMove final : public QObject {
+public:
+  explicit KeyboardMove(QMdiSubWindow& child) : QObject(&child), child_(child), from_(child.pos()) {
+    QApplication::setOverrideCursor(Qt::SizeAllCursor);
+    qApp->installEventFilter(this);
+  }
+  ~KeyboardMove() override { QApplication::restoreOverrideCursor(); }
+
+protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (QApplication::activeModalWidget()) { // it has opened meanwhile, and the keys are for it
+      deleteLater();
+      return false;
+    }
+    switch (event->type()) {
+    case QEvent::KeyPress:
+      pressed(static_cast<QKeyEvent*>(event)->key());
+      return true;
+    case QEvent::ShortcutOverride:
+      event->accept(); // no key is a shortcut meanwhile
+      return true;
+    case QEvent::MouseButtonPress:
+      deleteLater();
+      return false;
+    default:
+      return false;
+    }
+  }
+
+private:
+  void pressed(int key) {
+    constexpr int Step = 10; // pixels
+    switch (key) {
+    case Qt::Key_Left:
+      return child_.move(child_.pos() - QPoint(Step, 0));
+    case Qt::Key_Right:
+      return child_.move(child_.pos() + QPoint(Step, 0));
+    case Qt::Key_Up:
+      return child_.move(child_.pos() - QPoint(0, Step));
+    case Qt::Key_Down:
+      return child_.move(child_.pos() + QPoint(0, Step));
+    case Qt::Key_Escape:
+      child_.move(from_);
+      return deleteLater();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return deleteLater();
+    default:
+      return;
+    }
+  }
+
+  QMdiSubWindow& child_;
+  const QPoint from_;
+};
 
 class ChildView final : public WindowView {
 public:
@@ -244,12 +307,19 @@ private:
 
   void makeSystemMenu() {
     auto* const menu = new QMenu(&child());
+    QAction* const move =
+        menu->addAction(QStringLiteral("&Mover"), &child(), [this] { new KeyboardMove(child()); });
+    move->setShortcut(QKeySequence(QStringLiteral("Ctrl+F7")));
+    child().addAction(move);
     QAction* const close =
         menu->addAction(QStringLiteral("&Cerrar"), &child(), [this] { child().close(); });
     close->setShortcuts(
         {QKeySequence(QStringLiteral("Ctrl+F4")), QKeySequence(QKeySequence::Close)});
     child().addAction(close);
     child().setSystemMenu(menu);
+    connect(new QShortcut(QKeySequence(QStringLiteral("Alt+-")), &child(), nullptr, nullptr,
+                          Qt::WidgetWithChildrenShortcut),
+            &QShortcut::activated, &child(), &QMdiSubWindow::showSystemMenu);
   }
 
   void fit() {
