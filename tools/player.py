@@ -225,16 +225,19 @@ class Player:
     # --- Ears ---------------------------------------------------------------------------------------
 
     def listen(self):
-        """Keeps from now on what the program says on the bus: names that change or get the focus."""
+        """Keeps from now on what the program says on the bus: names that change, get the focus, or are
+        those of a notification that appears."""
         self.heard = []
         self.listener = Atspi.EventListener.new(self.hear)
         self.listener.register("object:property-change:accessible-name")
         self.listener.register("object:state-changed:focused")
+        self.listener.register("object:state-changed:showing")
 
     def hear(self, event):
-        lost = "focused" in event.type and not event.detail1
-        if not lost and shows(event.source):
-            self.heard.append(event.source.get_name())
+        lost = "state-changed" in event.type and not event.detail1
+        mute = "showing" in event.type and event.source.get_role() != Atspi.Role.NOTIFICATION
+        if not lost and not mute and shows(event.source):
+            self.heard.append(("! " if "showing" in event.type else "") + event.source.get_name())
 
     def hears(self, words):
         """Waits for the words and forgets what was said before them."""

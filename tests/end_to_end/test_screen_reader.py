@@ -89,7 +89,7 @@ def play(ana):
     ana.walk(12)
     ana.sits_at("Mover al cuadro 12, fila 3, columna 2")
     ana.key("space", "Infantería, Jugador 1, cuadro 12,*")
-    ana.sees("Jugador 1: En Espera", "Jugador 2: En Turno")
+    ana.hears("! Jugador 2: En Turno")
     for origin, target in (7, 12), (18, 12), (9, 14), (12, 6), (8, 12), (6, 2):
         ana.press(unit(origin))
         ana.press(marker(target))

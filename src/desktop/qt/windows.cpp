@@ -188,7 +188,7 @@ public:
 protected:
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     if (QApplication::activeModalWidget()) { // it has opened meanwhile, and the keys are for it
-      deleteLater();
+      end();
       return false;
     }
     switch (event->type()) {
@@ -199,7 +199,7 @@ protected:
       event->accept(); // no key is a shortcut meanwhile
       return true;
     case QEvent::MouseButtonPress:
-      deleteLater();
+      end();
       return false;
     default:
       return false;
@@ -207,6 +207,11 @@ protected:
   }
 
 private:
+  void end() {
+    qApp->removeEventFilter(this);
+    deleteLater();
+  }
+
   void pressed(int key) {
     constexpr int Step = 10; // pixels
     switch (key) {
@@ -220,10 +225,10 @@ private:
       return child_.move(child_.pos() + QPoint(0, Step));
     case Qt::Key_Escape:
       child_.move(from_);
-      return deleteLater();
+      return end();
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      return deleteLater();
+      return end();
     default:
       return;
     }

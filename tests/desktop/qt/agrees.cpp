@@ -222,11 +222,11 @@ QSize lookAtElements(const Window& window, QWidget& form) {
   return {needed.right() + 1, needed.bottom() + 1};
 }
 
-// The entries below one, or in the menu bar. The list of windows at a menu's foot has no names.
+// The entries below one, or in the menu bar. At the foot of a menu the child windows are listed.
 void lookAtMenu(const Window& window, const MenuEntry* above, const QList<QAction*>& actions) {
   QStringList expected, seen;
   for (const QAction* action : actions)
-    if (action->isVisible() && !(above && above->WindowList && action->objectName().isEmpty()))
+    if (action->isVisible() && !action->isSeparator())
       seen << action->objectName() << action->text() << (action->isEnabled() ? "" : "grey");
   for (const Element* element : window.elements()) {
     const auto* const wanted = dynamic_cast<const MenuEntry*>(element);
@@ -237,6 +237,11 @@ void lookAtMenu(const Window& window, const MenuEntry* above, const QList<QActio
       if (action->objectName() == text(wanted->name()) && action->menu())
         lookAtMenu(window, wanted, action->menu()->actions());
   }
+  int number = 0;
+  if (above && above->WindowList)
+    for (const Window* child : window.forms().openWindows())
+      if (child->windowKind() == WindowKind::Child)
+        expected << "" << QString("&%1 %2").arg(++number).arg(text(child->Caption)) << "";
   same(window, above ? above->name().c_str() : "menu bar", expected, seen);
 }
 

@@ -152,6 +152,7 @@ TEST_F(Desktop, DoesAScreenReadersWishes) {
   } table[] = {
       {one.txtB, QAccessibleActionInterface::setFocusAction(), "txtA_LostFocus"},
       {one.pic, QAccessibleActionInterface::pressAction(), "txtB_LostFocus pic_Click"},
+      {one.lbl, QAccessibleActionInterface::pressAction(), "lbl_Click"},
       {one.chk, QAccessibleActionInterface::toggleAction(), "pic_LostFocus chk_Click"},
       {one.com, QAccessibleActionInterface::increaseAction(), "chk_LostFocus com_Click"},
       {one.com, QAccessibleActionInterface::increaseAction(), "com_Click"},
@@ -172,7 +173,7 @@ TEST_F(Desktop, DoesAScreenReadersWishes) {
     EXPECT_EQ(log.take(), events) << element.name() << " " << action.toStdString();
     expanded += said->state().expandable ? said->state().expanded ? "+" : "-" : ".";
   }
-  EXPECT_EQ(expanded, "...----+-.");
+  EXPECT_EQ(expanded, "....----+-.");
   one.com.LostFocus = {};
 }
 
@@ -190,6 +191,22 @@ TEST_F(Desktop, TurnsNoListByTheWheelAndMarksWhatTheKeyboardIsOn) {
   }
   EXPECT_EQ(marked + std::to_string(one.com.ListIndex()), "chk pic -1");
   player.click(one.chk);
+}
+
+TEST_F(Desktop, MovesAChildByItsKeys) {
+  const auto keys = [&](std::initializer_list<Qt::Key> pressed) {
+    for (const Qt::Key key : pressed)
+      QTest::keyClick(&player.widget(one.txtA), key);
+    agrees(program.forms);
+    return std::pair(one.Left / 15, one.Top / 15);
+  };
+  const auto [left, top] = keys({});
+  for (const Qt::Key end : {Qt::Key_Escape, Qt::Key_Return}) {
+    QTest::keyClick(&player.widget(one.txtA), Qt::Key_F7, Qt::ControlModifier);
+    EXPECT_EQ(keys({Qt::Key_Right, Qt::Key_Down, Qt::Key_Right}), std::pair(left + 20, top + 10));
+    EXPECT_EQ(keys({end, Qt::Key_Up}).first, end == Qt::Key_Escape ? left : left + 20);
+  }
+  EXPECT_EQ(log.take(), "") << "no key is for the element with the focus";
 }
 
 TEST_F(Desktop, RunsUntilTheFrameHasClosed) {
