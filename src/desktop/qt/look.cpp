@@ -55,6 +55,10 @@ QPalette lightPalette() {
     palette.setColor(QPalette::Inactive, color.role, QColor::fromRgb(color.normal));
     palette.setColor(QPalette::Disabled, color.role, QColor::fromRgb(color.disabled));
   }
+#if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
+  for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+    palette.setBrush(group, QPalette::Accent, palette.brush(group, QPalette::Highlight));
+#endif
   return palette;
 }
 
