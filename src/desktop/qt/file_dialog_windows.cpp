@@ -4,6 +4,7 @@
 #include <system_error>
 #include <vector>
 
+#include <QTimer>
 #include <QWidget>
 #include <QWindow>
 
@@ -34,11 +35,20 @@ std::wstring wide(const std::string& text) {
   return toQt(text).toStdWString();
 }
 
+// Wine's dialog adds to the name of a file to be saved what the chosen pattern begins with, and
+// does not select the proposed name.
+bool isWine() {
+  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
 // From "Texts|*.txt|All|*.*".
 void setFilter(IFileDialog& shown, const std::string& filter) {
   std::vector<std::wstring> parts;
   for (const QString& part : toQt(filter).split(QLatin1Char('|')))
     parts.push_back(part.toStdWString());
+  const std::wstring nothing = isWine() ? L";" : L"";
+  for (std::size_t i = 1; i < parts.size(); i += 2)
+    parts[i].insert(0, nothing);
   std::vector<COMDLG_FILTERSPEC> types;
   for (std::size_t i = 0; i + 1 < parts.size(); i += 2)
     types.push_back({parts[i].c_str(), parts[i + 1].c_str()});
@@ -91,6 +101,8 @@ std::optional<std::string> ask(const FileDialog& dialog, QWidget* parent) {
     QObject::connect(parent->windowHandle(), &QWindow::visibleChanged, &watcher,
                      [&] { cancel(*shown.Get()); });
   }
+  if (isWine())
+    QTimer::singleShot(0, &watcher, [] { SendMessageW(GetFocus(), EM_SETSEL, 0, -1); });
   const HRESULT answer = shown->Show(owner);
   if (answer == HRESULT_FROM_WIN32(ERROR_CANCELLED))
     return std::nullopt;
