@@ -42,11 +42,19 @@ if(FALANGES_SANITIZE)
   target_link_options(falanges_settings INTERFACE ${sanitizers})
 endif()
 
+# What only one system can do stands in files of its own.
+if(WIN32)
+  set(other_systems_files "_posix(_test)?\\.cpp$")
+else()
+  set(other_systems_files "_windows(_test)?\\.cpp$")
+endif()
+
 # Gives <target> the sources and headers below the folders that follow, each relative to the current
 # folder. The headers are listed so that `all_verify_interface_header_sets` compiles each one alone.
 function(add_folders target)
   foreach(folder IN LISTS ARGN)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${folder}/*.cpp")
+    list(FILTER sources EXCLUDE REGEX "${other_systems_files}")
     file(GLOB_RECURSE headers CONFIGURE_DEPENDS "${folder}/*.h")
     target_sources(${target} PRIVATE ${sources})
     target_sources(${target} PUBLIC FILE_SET HEADERS

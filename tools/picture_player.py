@@ -57,8 +57,8 @@ class Program:
     """One running copy, from its start to its end."""
 
     def __init__(self, folder, name="falanges"):
-        windows = (folder / f"{name}.exe").exists()
-        command = [os.environ["WINE"], f"{name}.exe"] if windows else [f"./{name}"]
+        self.windows = (folder / f"{name}.exe").exists()
+        command = [os.environ["WINE"], f"{name}.exe"] if self.windows else [f"./{name}"]
         self.process = subprocess.Popen(
             command, cwd=folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL
         )
@@ -98,7 +98,7 @@ class Game(Program):
 
     def choose_file(self, title, file):
         self.window(title)
-        run("xdotool", "type", "--delay", "50", file)
+        run("xdotool", "type", "--delay", "50", file.replace("/", "\\") if self.windows else file)
         self.keys("Return")
 
     def see(self):

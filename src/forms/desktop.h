@@ -68,7 +68,7 @@ public:
   // Show the box and wait for the answer; closing it by other means is Ok or No. The timer goes on.
   virtual Answer messageBox(const MessageBox& box) = 0;
   // Ask for a file and wait. The full path; nothing when cancelled. The dialog adds no extension
-  // and asks or refuses nothing by itself. The timer goes on.
+  // and does not care whether the file exists. The timer goes on.
   virtual std::optional<std::string> fileDialog(const FileDialog& dialog) = 0;
   // Size of a picture or icon file; nothing when it cannot be shown.
   virtual std::optional<PictureSize> pictureSize(const std::string& path) = 0;

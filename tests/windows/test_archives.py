@@ -3,9 +3,11 @@
 
     test_archives.py FALANGES-win64.zip FALANGES-linux.tar.gz
 
-Each archive is unpacked into an empty folder, whose path has blanks and accents.
+Each archive is unpacked into an empty folder, whose path has blanks and accents. Nothing may be left
+behind in the registry or in the user's folder.
 """
 
+import os
 import shutil
 import sys
 import tempfile
@@ -32,10 +34,11 @@ def deploy_move_save(folder):
     for start, target in ((24, 18), (2, 8), (21, 16)):
         program.move(units, start, target)
         program.shows(units)
+    saved = folder / "jguardados" / "partida"  # to which nothing may be added
+    saved.write_bytes(b"replaced without a question")
     program.keys("alt+j", "g")
-    program.choose_file("Guardar Juego", "partida.txt")
-    saved = folder / "jguardados" / "partida.txt"
-    wait_for("saved game", lambda: saved.exists() and saved.read_bytes() == game_file(units, "2"))
+    program.choose_file("Guardar Juego", "partida")
+    wait_for("saved game", lambda: saved.read_bytes() == game_file(units, "2"))
     program.close()
 
 
@@ -71,6 +74,11 @@ def coordinate_tool_opens_and_closes(folder):
     program.ends()
 
 
+def traces():
+    keys = run(os.environ["WINE"], "reg", "query", r"HKCU\Software")
+    return keys, set(Path(os.environ["WINEPREFIX"], "drive_c", "users").rglob("*"))
+
+
 def main():
     windows, linux = (Path(name).resolve() for name in sys.argv[1:])
     with tempfile.TemporaryDirectory(prefix="José Núñez ") as home:
@@ -79,11 +87,13 @@ def main():
             shutil.unpack_archive(archive, Path(home) / name)
             folders.append(Path(home) / name / "falanges")
         one, two, three = folders
+        before = traces()
         for folder in (one, three):
             deploy_move_save(folder)
             coordinate_tool_opens_and_closes(folder)
         play_over_a_folder(one, two)
         play_over_a_folder(three, one)
+        assert traces() == before and b"QtProject" not in before[0]
 
 
 if __name__ == "__main__":

@@ -3,18 +3,14 @@
 #include <QDateTime>
 #include <QDir>
 #include <QSessionManager>
-#include <QSettings>
 
 #include "desktop/qt/accessibility.h"
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/dialogs.h"
 #include "desktop/qt/elements.h"
+#include "desktop/qt/file_dialog.h"
 #include "desktop/qt/look.h"
+#include "desktop/qt/message_box.h"
 #include "desktop/qt/windows.h"
-
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
 
 namespace forms::qt {
 
@@ -41,15 +37,11 @@ bool Application::event(QEvent* event) {
 }
 
 QtDesktop::QtDesktop(int& argc, char** argv) : application_(argc, argv, reporter_) {
-  // Dialogs of the system would ask questions of their own, and a menu at the screen's edge is
-  // none of the frame's.
+  // Boxes of the system would have its texts, and a menu at the screen's edge is none of the
+  // frame's.
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
   QApplication::setQuitOnLastWindowClosed(false);
-  // Qt's file dialog would read what other programs left behind, and keep its own state in the
-  // user's folders. No file can be below this path.
-  for (const QSettings::Scope scope : {QSettings::UserScope, QSettings::SystemScope})
-    QSettings::setPath(QSettings::NativeFormat, scope, QStringLiteral("/dev/null"));
   applyLook();
   speakSpanish();
   installAccessibility();
@@ -126,6 +118,22 @@ void QtDesktop::focusAsked(Element& element) {
 
 // --- Boxes ---------------------------------------------------------------------------------------
 
+namespace {
+
+// The folder itself or the nearest one above it that exists.
+std::string existingFolder(const std::string& wanted) {
+  QDir folder(QDir::fromNativeSeparators(toQt(wanted)));
+  while (!folder.exists()) {
+    const QString above = QFileInfo(folder.absolutePath()).path();
+    if (above == folder.absolutePath())
+      break;
+    folder.setPath(above);
+  }
+  return fromQt(QDir::toNativeSeparators(folder.absolutePath()));
+}
+
+} // namespace
+
 QWidget* QtDesktop::front() const {
   if (QWidget* const active = QApplication::activeModalWidget())
     return active;
@@ -137,13 +145,9 @@ Answer QtDesktop::messageBox(const MessageBox& box) {
 }
 
 std::optional<std::string> QtDesktop::fileDialog(const FileDialog& dialog) {
-  auto path = showFileDialog(dialog, front());
-#ifdef __GLIBC__
-  // The dialog leaves a megabyte of freed memory behind, which the C library would keep for a next
-  // one that may never come.
-  malloc_trim(0);
-#endif
-  return path;
+  FileDialog shown = dialog;
+  shown.folder = existingFolder(dialog.folder);
+  return showFileDialog(shown, front());
 }
 
 // --- The system ----------------------------------------------------------------------------------

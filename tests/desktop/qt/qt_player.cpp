@@ -17,6 +17,11 @@
 #include "desktop/qt/agrees.h"
 #include "desktop/qt/conversions.h"
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+#undef MessageBox // a macro
+#endif
+
 namespace scripted {
 
 using namespace forms;
@@ -112,15 +117,30 @@ Answer QtPlayer::messageBox(const MessageBox& box) {
 
 std::optional<std::string> QtPlayer::fileDialog(const FileDialog& dialog) {
   const Expected expected = next(dialog);
-  QTimer::singleShot(0, [&] {
+  const QString path = toQt(expected.path.value_or(""));
+  QTimer looking;
+  looking.callOnTimeout([&] {
+#ifdef Q_OS_WIN
+    const HWND shown = FindWindowW(L"#32770", toQt(dialog.title).toStdWString().c_str());
+    const HWND name = GetFocus();
+    if (!IsChild(shown, name))
+      return; // not all there yet
+    EXPECT_FALSE(IsWindowEnabled(GetWindow(shown, GW_OWNER)));
+#endif
+    looking.stop();
     afterAction();
     if (expected.meanwhile)
       expected.meanwhile();
-    QWidget* const shown = QApplication::activeModalWidget();
-    auto* const name = shown->findChild<QLineEdit*>();
-    name->setText(toQt(expected.path.value_or("")));
-    QTest::keyClick(name, name->text().isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+#ifdef Q_OS_WIN
+    SetWindowTextW(name, path.toStdWString().c_str());
+    PostMessageW(name, WM_KEYDOWN, path.isEmpty() ? VK_ESCAPE : VK_RETURN, 0);
+#else
+    auto* const name = QApplication::activeModalWidget()->findChild<QLineEdit*>();
+    name->setText(path);
+    QTest::keyClick(name, path.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+#endif
   });
+  looking.start();
   return qt_.fileDialog(dialog);
 }
 

@@ -1,22 +1,18 @@
-#include "desktop/qt/dialogs.h"
+#include "desktop/qt/file_dialog.h"
 
 #include <algorithm>
 #include <utility>
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QCompleter>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileSystemModel>
-#include <QFontMetrics>
-#include <QGridLayout>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QLocale>
-#include <QMessageBox>
-#include <QPushButton>
+#include <QSettings>
 #include <QSplitter>
 #include <QStyledItemDelegate>
 #include <QToolButton>
@@ -24,54 +20,11 @@
 
 #include "desktop/qt/conversions.h"
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace forms::qt {
-
-// --- Message box ---------------------------------------------------------------------------------
-
-namespace {
-
-void addYesAndNo(QMessageBox& shown) {
-  shown.addButton(QMessageBox::Yes)->setText(QStringLiteral("Sí"));
-  QPushButton* const no = shown.addButton(QMessageBox::No);
-  no->setText(QStringLiteral("No"));
-  shown.setDefaultButton(no);
-  shown.setEscapeButton(no);
-}
-
-// Window managers cut a title that is wider than its box.
-void makeRoomForTitle(QMessageBox& shown) {
-  constexpr int ButtonsAndIcon = 120;
-  auto* const grid = qobject_cast<QGridLayout*>(shown.layout());
-  if (!grid)
-    return;
-  const int width =
-      QFontMetrics(QApplication::font()).horizontalAdvance(shown.windowTitle()) * 5 / 4 +
-      ButtonsAndIcon;
-  grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
-}
-
-} // namespace
-
-Answer showMessageBox(const MessageBox& box, const QIcon& icon, QWidget* parent) {
-  QMessageBox shown(parent);
-  if (!icon.isNull())
-    shown.setWindowIcon(icon);
-  shown.setWindowTitle(toQt(box.title));
-  shown.setTextFormat(Qt::PlainText);
-  shown.setText(toQt(box.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
-  shown.setIcon(box.style == BoxStyle::WarningYesNo ? QMessageBox::Warning
-                                                    : QMessageBox::Information);
-  makeRoomForTitle(shown);
-  if (box.style == BoxStyle::Information) {
-    shown.addButton(QMessageBox::Ok)->setText(QStringLiteral("Aceptar"));
-    shown.exec();
-    return Answer::Ok;
-  }
-  addYesAndNo(shown);
-  return shown.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
-}
-
-// --- File dialog ---------------------------------------------------------------------------------
 
 namespace {
 
@@ -85,18 +38,6 @@ QStringList nameFilters(const std::string& filter) {
     filters.append(QStringLiteral("%1 (%2)").arg(parts[i], pattern));
   }
   return filters;
-}
-
-// The folder itself or the nearest one above it that exists.
-QString existingFolder(const QString& wanted) {
-  QDir folder(QDir::fromNativeSeparators(wanted));
-  while (!folder.exists()) {
-    const QString above = QFileInfo(folder.absolutePath()).path();
-    if (above == folder.absolutePath())
-      break;
-    folder.setPath(above);
-  }
-  return folder.absolutePath();
 }
 
 constexpr int NameColumn = 0;
@@ -178,9 +119,7 @@ void setSpanishTexts(QFileDialog& shown, bool save) {
     up->setToolTip(QStringLiteral("Ir a la carpeta superior"));
 }
 
-} // namespace
-
-std::optional<std::string> showFileDialog(const FileDialog& dialog, QWidget* parent) {
+std::optional<std::string> ask(const FileDialog& dialog, QWidget* parent) {
   Dialog shown(parent, toQt(dialog.title));
   shown.setOption(QFileDialog::DontUseNativeDialog);
   shown.setOption(QFileDialog::DontConfirmOverwrite);
@@ -190,7 +129,7 @@ std::optional<std::string> showFileDialog(const FileDialog& dialog, QWidget* par
   // Whether the file exists is the program's question.
   shown.setFileMode(QFileDialog::AnyFile);
   shown.setNameFilters(nameFilters(dialog.filter));
-  shown.setDirectory(existingFolder(toQt(dialog.folder)));
+  shown.setDirectory(toQt(dialog.folder));
   shown.selectFile(toQt(dialog.fileName));
   SpanishTypes types;
   shown.setIconProvider(&types);
@@ -199,6 +138,22 @@ std::optional<std::string> showFileDialog(const FileDialog& dialog, QWidget* par
   if (shown.exec() != QDialog::Accepted || shown.selectedFiles().isEmpty())
     return std::nullopt;
   return fromQt(QDir::toNativeSeparators(shown.selectedFiles().constFirst()));
+}
+
+} // namespace
+
+std::optional<std::string> showFileDialog(const FileDialog& dialog, QWidget* parent) {
+  // Qt's file dialog would read what other programs left behind, and keep its own state in the
+  // user's folders. No file can be below this path.
+  for (const QSettings::Scope scope : {QSettings::UserScope, QSettings::SystemScope})
+    QSettings::setPath(QSettings::NativeFormat, scope, QStringLiteral("/dev/null"));
+  auto path = ask(dialog, parent);
+#ifdef __GLIBC__
+  // The dialog leaves a megabyte of freed memory behind, which the C library would keep for a next
+  // one that may never come.
+  malloc_trim(0);
+#endif
+  return path;
 }
 
 } // namespace forms::qt

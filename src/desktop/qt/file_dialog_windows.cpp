@@ -1,0 +1,130 @@
+#include "desktop/qt/file_dialog.h"
+
+#include <memory>
+#include <system_error>
+#include <vector>
+
+#include <QIcon>
+#include <QTimer>
+#include <QWidget>
+#include <QWindow>
+
+#include "desktop/qt/conversions.h"
+#include "desktop/qt/message_box.h"
+
+// Behind the others, for they make a macro of MessageBox.
+#include <shobjidl.h>
+#include <wrl/client.h>
+
+namespace forms::qt {
+
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+// Whether the file exists is the program's question, and the name stays as it was typed: without a
+// default extension the dialog adds none.
+constexpr FILEOPENDIALOGOPTIONS Options =
+    FOS_FORCEFILESYSTEM | FOS_NOTESTFILECREATE | FOS_NOCHANGEDIR | FOS_DONTADDTORECENT;
+
+void check(HRESULT result) {
+  if (FAILED(result))
+    throw std::system_error(result, std::system_category());
+}
+
+std::wstring wide(const std::string& text) {
+  return toQt(text).toStdWString();
+}
+
+// Wine's dialog adds to the name of a file to be saved what the chosen pattern begins with, and
+// does not select the proposed name.
+bool isWine() {
+  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+// From "Texts|*.txt|All|*.*".
+void setFilter(IFileDialog& shown, const std::string& filter) {
+  std::vector<std::wstring> parts;
+  for (const QString& part : toQt(filter).split(QLatin1Char('|')))
+    parts.push_back(part.toStdWString());
+  const std::wstring nothing = isWine() ? L";" : L"";
+  for (std::size_t i = 1; i < parts.size(); i += 2)
+    parts[i].insert(0, nothing);
+  std::vector<COMDLG_FILTERSPEC> types;
+  for (std::size_t i = 0; i + 1 < parts.size(); i += 2)
+    types.push_back({parts[i].c_str(), parts[i + 1].c_str()});
+  if (!types.empty())
+    check(shown.SetFileTypes(static_cast<UINT>(types.size()), types.data()));
+}
+
+void prepare(IFileDialog& shown, const FileDialog& dialog) {
+  check(shown.SetOptions(Options));
+  check(shown.SetTitle(wide(dialog.title).c_str()));
+  check(shown.SetFileName(wide(dialog.fileName).c_str()));
+  setFilter(shown, dialog.filter);
+  // Not as a default: that gives way to the folder of the dialog before.
+  ComPtr<IShellItem> folder;
+  if (SUCCEEDED(SHCreateItemFromParsingName(wide(dialog.folder).c_str(), nullptr,
+                                            IID_PPV_ARGS(folder.GetAddressOf()))))
+    check(shown.SetFolder(folder.Get()));
+}
+
+// Ends the dialog as its Cancel does.
+void cancel(IFileDialog& shown) {
+  ComPtr<IOleWindow> window;
+  HWND handle = nullptr;
+  if (SUCCEEDED(shown.QueryInterface(IID_PPV_ARGS(window.GetAddressOf()))) &&
+      SUCCEEDED(window->GetWindow(&handle)))
+    PostMessageW(handle, WM_COMMAND, IDCANCEL, 0);
+}
+
+std::string chosenPath(IFileDialog& shown) {
+  ComPtr<IShellItem> file;
+  check(shown.GetResult(file.GetAddressOf()));
+  wchar_t* path = nullptr;
+  check(file->GetDisplayName(SIGDN_FILESYSPATH, &path));
+  const std::unique_ptr<wchar_t, decltype(&CoTaskMemFree)> owned(path, &CoTaskMemFree);
+  return fromQt(QString::fromWCharArray(path));
+}
+
+// The dialog waits in a loop of the system's, in which Qt's timers go on. It keeps the person from
+// the window that owns it, and gives that the keyboard back.
+std::optional<std::string> ask(const FileDialog& dialog, QWidget* parent) {
+  ComPtr<IFileDialog> shown;
+  check(CoCreateInstance(dialog.save ? CLSID_FileSaveDialog : CLSID_FileOpenDialog, nullptr,
+                         CLSCTX_INPROC_SERVER, IID_PPV_ARGS(shown.GetAddressOf())));
+  prepare(*shown.Get(), dialog);
+  QObject watcher;
+  HWND owner = nullptr;
+  if (parent) {
+    owner = reinterpret_cast<HWND>(parent->winId());
+    // An end of the program ends Qt's loops alone.
+    QObject::connect(parent->windowHandle(), &QWindow::visibleChanged, &watcher,
+                     [&] { cancel(*shown.Get()); });
+  }
+  if (isWine())
+    QTimer::singleShot(0, &watcher, [] { SendMessageW(GetFocus(), EM_SETSEL, 0, -1); });
+  const HRESULT answer = shown->Show(owner);
+  if (answer == HRESULT_FROM_WIN32(ERROR_CANCELLED))
+    return std::nullopt;
+  check(answer);
+  return chosenPath(*shown.Get());
+}
+
+} // namespace
+
+std::optional<std::string> showFileDialog(const FileDialog& dialog, QWidget* parent) {
+  try {
+    return ask(dialog, parent);
+  } catch (const std::system_error& error) {
+    const QString reason = qt_error_string(error.code().value());
+    showMessageBox({"No se puede elegir el archivo:\r\n" + fromQt(reason),
+                    BoxStyle::Information,
+                    dialog.title,
+                    {}},
+                   {}, parent);
+    return std::nullopt;
+  }
+}
+
+} // namespace forms::qt
