@@ -28,6 +28,10 @@ inline const std::map<std::string, std::string> Boxes = {
     {"seconds", "DEBE colocar un valor entre 5 y 300 segundos de actualización"},
     {"moves", "DEBE colocar un valor entre 1 y 5 Movimientos por Turno"}};
 
+// Around the path in the box of a file that cannot be loaded, and behind it where that is all.
+inline const std::string Invalid = "El archivo no contiene un juego guardado válido:\r\n",
+                         Incomplete = "\r\nEl archivo está incompleto";
+
 // The box of the player who wins by a move: "la Bandera", "TODAS las Banderas".
 std::string victory(const std::string& player, const std::string& how);
 
