@@ -39,7 +39,7 @@ TEST_F(Deployment, EachBoardTakesUnitsAndTheirMirrorsWhereTheRulesLetThem) {
         board[here] = 'E', board[mirror] = 'e';
       expectBoard(board);
       if (board != empty)
-        run("right " + std::to_string(n % 2 == 0 ? n : last + 1 - n));
+        run("right picUnidad(" + std::to_string(n % 2 == 0 ? n : last + 1 - n) + ")");
       expectBoard(empty);
     }
   }
@@ -61,7 +61,7 @@ TEST_F(Deployment, TheRefusalsComeInTheirOrder) {
         "menu Opciones, click lblLimiteFilas => ....b/...../...../...../B....",
         "expect flag, square 13, click picBAN => ....b/...../...../...../B....",
         "expect unit, square 21 50 => ....b/...../...../...../B....",
-        "right 5, click picGEN, click picBAN, square 6 => ...../B..../...../....b/.....",
+        "right picUnidad(5), click picGEN, click picBAN, square 6 => ...../B..../...../....b/.....",
         "menu Opciones, click lblBandera, square 7 => ...../BB.../...../...bb/....."},
        [&] { return pictures(); });
   expectBoard("...../BB.../...../...bb/.....");
@@ -92,7 +92,7 @@ TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoard) {
     text += "0;0;0;0;0;0;\r\n";
   layOut(text + "1;2;0;100;200;200;\r\n1\r\n");
   EXPECT_EQ(pictures(), "I..../...../..G../...../....g picUnidad(40)I");
-  run("right 40, right 13, right 1");
+  run("right picUnidad(40), right picUnidad(13), right picUnidad(1)");
   expectBoard(blank(5));
 }
 

@@ -54,6 +54,9 @@ public:
   Copy(char name, const std::string& file, HeldRunner* held = new HeldRunner)
       : Game(scripted::makePlayer(), std::unique_ptr<Runner>(held)),
         number(name == 'A' ? "1" : "2"), path(file), runner(*held) {
+    screen.verbs["join"] = screen.verbs["again"] = [this](auto&, auto&) { join(); };
+    screen.verbs["hold"] = [this](auto&, auto&) { runner.hold = true; };
+    screen.verbs["go"] = [this](auto&, auto&) { runner.letGo(); };
     configure("0;0;5;1;\r\n");
     start();
   }
@@ -100,7 +103,7 @@ protected:
   // The steps of a script, each behind the names of those that do it: "AB join, A move 23 18". Or
   // what becomes of the file: "file 12", "file empty"; its folder goes "away" and comes "back".
   void run(const std::string& script) {
-    for (const std::string& step : stepsOf(script)) {
+    for (const std::string& step : scripted::stepsOf(script)) {
       const std::string who = step.substr(0, step.find(' ')), what = step.substr(who.size() + 1);
       const auto here = scripted::toPath(folder.path()),
                  there = scripted::toPath(folder.path() + "x");
@@ -109,21 +112,13 @@ protected:
       else if (who == "file")
         put(what == "gone" ? std::nullopt : std::optional(what == "empty" ? "" : shared(what)));
       else
-        for (const char name : who)
-          act(name, name == 'A' ? a : b, what);
+        for (const char name : who) {
+          auto& copy = name == 'A' ? a : b;
+          if (what == "join")
+            copy = std::make_unique<Copy>(name, path);
+          copy->run(what);
+        }
     }
-  }
-  void act(char name, std::unique_ptr<Copy>& copy, const std::string& what) {
-    if (what == "join")
-      copy = std::make_unique<Copy>(name, path);
-    if (what == "join" || what == "again")
-      copy->join();
-    else if (what == "hold")
-      copy->runner.hold = true;
-    else if (what == "go")
-      copy->runner.letGo();
-    else
-      copy->run(what);
   }
   // Both have joined, B has written what it loaded, and A is in turn.
   void begin() { run("file 01, AB join, B look"); }
@@ -136,8 +131,7 @@ protected:
     return text + (a ? " " + a->all() : " -") + (b ? " " + b->all() : " -");
   }
   void follow(const std::vector<std::string>& rows) {
-    walk(
-        rows, [this](const std::string& script) { run(script); }, [this] { return all(); });
+    scripted::walk(rows, [this](const std::string& script) { return run(script), all(); });
   }
 
   scripted::TemporaryFolder folder;

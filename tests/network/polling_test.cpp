@@ -72,17 +72,17 @@ TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
 }
 
 TEST_F(Network, ACopyInTurnSeesTheMarkerTooWhateverItsDigit) {
-  for (const std::string row : {"1\r\n11 => 11 Victoria/Derrota", "1\r\n12 => 12 Derrota/Victoria",
-                                "2\r\n1x => 1 En Turno/En Espera", "12 => 12 Derrota/Victoria"}) {
-    const auto [last, seen] = halves(row);
-    begin();
-    put(shared("1" + last));
-    a->screen.expectBox(defeat(last.substr(last.size() - 1)));
-    run("A look");
-    EXPECT_EQ(std::to_string(a->play.JugadorActual) + " " + a->status(), seen);
-    EXPECT_EQ(a->play.Caption.get() + a->menus() + a->pictures(),
-              "Derrota - Juego finalizadoHHHHH" + Positions[1]);
-  }
+  scripted::walk({"1\r\n11 => 11 Victoria/Derrota", "1\r\n12 => 12 Derrota/Victoria",
+                  "2\r\n1x => 1 En Turno/En Espera", "12 => 12 Derrota/Victoria"},
+                 [&](const std::string& last) {
+                   begin();
+                   put(shared("1" + last));
+                   a->screen.expectBox(defeat(last.substr(last.size() - 1)));
+                   run("A look");
+                   EXPECT_EQ(a->play.Caption.get() + a->menus() + a->pictures(),
+                             "Derrota - Juego finalizadoHHHHH" + Positions[1]);
+                   return std::to_string(a->play.JugadorActual) + " " + a->status();
+                 });
 }
 
 TEST_F(Network, WhoLeavesKeepsThePlayerInTurnAndMayComeBack) {

@@ -44,28 +44,19 @@ std::string blank(int side);
 std::string gameFile(const std::string& drawing, const std::string& closing = "1\r\n");
 std::string bytesOf(const std::string& path);
 
-// Each row of a table is what is done, " => ", what is seen then.
-std::pair<std::string, std::string> halves(const std::string& row);
-void walk(const std::vector<std::string>& rows, const std::function<void(const std::string&)>& run,
-          const std::function<std::string()>& seen);
-// Each step of a script, without its comma.
-std::vector<std::string> stepsOf(const std::string& script);
-
 class Game : public testing::Test {
 public:
   explicit Game(std::unique_ptr<scripted::Player> before = scripted::makePlayer(),
-                std::unique_ptr<Runner> runner = std::make_unique<RunnerAtOnce>())
-      : player(std::move(before)), app(*player, std::move(runner)) {}
+                std::unique_ptr<Runner> runner = std::make_unique<RunnerAtOnce>());
   // Past the information box.
   void start();
   // Closes the program, whatever is open.
   void TearDown() override;
 
   // What a person does, step by step: "click picINF, square 25, menu Opciones, tab".
-  void run(const std::string& script);
+  void run(const std::string& script) { screen.run(script); }
   void walk(const std::vector<std::string>& rows, const std::function<std::string()>& seen) {
-    falanges::walk(
-        rows, [this](const std::string& script) { run(script); }, seen);
+    scripted::walk(rows, [&](const std::string& script) { return run(script), seen(); });
   }
   void move(int from, int to);
   // Through its menu entry and the file dialog: "CargarJuego".
@@ -79,10 +70,6 @@ public:
   std::string write(const std::string& name, const std::string& text);
   void configure(const std::string& text) { write("VornathFalangesZTEE.cfg", text); }
 
-  // The element or window of this name; a test without it cannot go on.
-  template <class T = forms::Element> T& get(const std::string& name) {
-    return dynamic_cast<T&>(find(name));
-  }
   // On whichever screen is open; nullptr when there is none.
   forms::Picture* unit(int n);
   // The board as its pictures show it: "0" stands for a unit without one; a unit that is hidden or
@@ -105,10 +92,6 @@ public:
   Principal& principal = app.principal;
   frmPrincipal& frame = app.frame;
   frmEnJuego& play = app.enJuego;
-
-private:
-  forms::Element& find(const std::string& name);
-  void act(const std::string& what, const std::string& on, const std::string& value);
 };
 
 } // namespace falanges

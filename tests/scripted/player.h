@@ -2,13 +2,15 @@
 // has no screen; the tests of the real one put it in its place.
 #pragma once
 
-#include <chrono>
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "forms/forms.h"
 #include "scripted/temporary_folder.h"
@@ -17,10 +19,17 @@ namespace scripted {
 
 using Meanwhile = std::function<void()>;
 
+// Each step of a script, without its comma.
+std::vector<std::string> stepsOf(const std::string& script);
+// Each row of a table is what is done, " => ", what is seen then.
+void walk(const std::vector<std::string>& rows,
+          const std::function<std::string(const std::string&)>& seenAfter);
+
 // Strict: a box that was not expected, an answer left over, and an action on what is hidden or
 // disabled each fail the running test.
 class Player : public forms::Desktop {
 public:
+  Player();
   ~Player() override { finish(); }
 
   // --- What the program will ask, in this order ------------------------------------------------
@@ -44,6 +53,24 @@ public:
   forms::FileDialog lastFile;
 
   // --- What the person does --------------------------------------------------------------------
+  // Step by step, each with its verb first: "click btn, type txtA 5, Up". A test may bring its own.
+  void run(const std::string& script);
+  using Verb = std::function<void(const std::string& on, const std::string& value)>;
+  std::map<std::string, Verb> verbs;
+  // The element or window on the screen whose name ends so, in the window that opened last: "btn",
+  // "frmUno.btn". A test without it cannot go on.
+  template <class T = forms::Element> T& get(const std::string& name) const {
+    const auto& open = forms_->openWindows();
+    for (auto window = open.rbegin(); window != open.rend(); ++window) {
+      std::vector<forms::Element*> all = (*window)->elements();
+      all.push_back(*window);
+      for (forms::Element* element : all)
+        if (T* const found = dynamic_cast<T*>(element);
+            found && ((*window)->name() + "." + element->name()).ends_with(name))
+          return *found;
+    }
+    throw std::runtime_error(name + " is not there");
+  }
   // Moves there, presses, lets go. False when the click was not carried out, as the press moved the
   // focus and that was refused, or took the element away.
   bool click(forms::Element& element) { return done(doClick(usable(element))); }
@@ -81,9 +108,6 @@ public:
   // Lets this many seconds pass, with a tick in each of every timer that runs.
   void tick(int seconds = 1);
 
-  // 9 March 2005, 08:05:07 at the start.
-  std::chrono::sys_seconds clock =
-      std::chrono::sys_days(std::chrono::year(2005) / 3 / 9) + std::chrono::seconds(29107);
   // A picture whose file name has this in it cannot be loaded.
   std::string missingPictures = "none";
 
@@ -93,10 +117,14 @@ public:
   void changed(forms::Element& element) override;
   void removed(forms::Element& element) override;
   void focusAsked(forms::Element& element) override;
-  forms::Answer messageBox(const forms::MessageBox& box) override;
-  std::optional<std::string> fileDialog(const forms::FileDialog& dialog) override;
+  forms::Answer messageBox(const forms::MessageBox& box) override {
+    return next(box).passed().answer;
+  }
+  std::optional<std::string> fileDialog(const forms::FileDialog& dialog) override {
+    return next(dialog).passed().path;
+  }
   std::optional<forms::PictureSize> pictureSize(const std::string& path) override;
-  forms::DateTime now() override;
+  forms::DateTime now() override { return {2005, 3, 9, 8, 5, 7}; }
   // A folder of its own with the program's pictures in it, or none.
   std::string programFolder() override { return folder_.path(); }
 
@@ -106,6 +134,10 @@ protected:
     forms::Answer answer{};
     std::optional<std::string> path;
     Meanwhile meanwhile;
+    const Expected& passed() const {
+      meanwhile ? meanwhile() : void();
+      return *this;
+    }
   };
   // What was expected now, if it is what the program asks.
   Expected next(const std::string& text);
@@ -114,13 +146,21 @@ protected:
 
   // Straight to the forms layer; another screen has its own ways.
   virtual bool doClick(forms::Element& element);
-  virtual void doRightClick(forms::Element& element);
+  virtual void doRightClick(forms::Element& element) {
+    forms_->pressed(element, forms::MouseButton::Right);
+  }
   virtual bool doClickOn(forms::Picture& picture, float X, float Y);
-  virtual void doMoveOver(forms::Picture& picture, float X, float Y);
+  virtual void doMoveOver(forms::Picture& picture, float X, float Y) {
+    forms_->moved(picture, X, Y);
+  }
   virtual void doType(forms::TextBox& box, std::string_view text);
-  virtual void doChoose(forms::DropList& list, int item);
-  virtual void doTab(bool forwards);
-  virtual void doKey(forms::Key key, int digit);
+  virtual void doChoose(forms::DropList& list, int item) {
+    press(list) ? forms_->chosen(list, item) : void();
+  }
+  virtual void doTab(bool forwards) { forms_->tabbed(keyboardWindow(), forwards); }
+  virtual void doKey(forms::Key key, int digit) {
+    forms_->keyPressed(keyboardWindow(), key, digit);
+  }
   virtual void doMenu(forms::MenuEntry& entry) { forms_->menuChosen(entry); }
   virtual void doShortcut(forms::Button& button) {
     if (button.Shortcut == "Ctrl+Shift+D")
@@ -140,13 +180,14 @@ private:
     return result;
   }
   template <class T> T& usable(T& element) {
-    requireReachable(element);
-    return element;
+    return element.isReachable() ? element
+                                 : throw std::runtime_error("Nobody could use " + element.name());
   }
-  static void requireReachable(const forms::Element& element);
   // True when the element has taken the press and still stands there.
   bool press(forms::Element& element);
-  forms::Window& keyboardWindow() const;
+  forms::Window& keyboardWindow() const {
+    return focus_ ? focus_->window() : *forms_->activeChild();
+  }
 
   const forms::Element* focus_ = nullptr;
   std::deque<Expected> expected_;

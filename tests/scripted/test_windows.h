@@ -22,9 +22,8 @@ struct Log {
     if (const auto handler = on[event])
       handler();
   }
-  void each(std::initializer_list<std::pair<std::function<void()>*, const char*>> handlers) {
-    for (const auto& [event, name] : handlers)
-      *event = [this, text = std::string(name)] { add(text); };
+  std::function<void()> adds(const std::string& event) {
+    return [this, event] { add(event); };
   }
   // The events since the last look.
   std::string take() { return std::exchange(events, {}); }
@@ -38,24 +37,20 @@ public:
     Width = Height = 6000;
     for (int placed = 0; forms::Element * element : elements()) {
       element->TabIndex = placed < 6 ? placed : -1;
+      if (placed < 6)
+        element->LostFocus = log.adds(element->name() + "_LostFocus");
       element->Top = 450 * placed++;
       element->Width = 900;
       element->Height = 375;
     }
     btn.Shortcut = "Ctrl+Shift+D";
-    log.each({{&txtA.LostFocus, "txtA_LostFocus"},
-              {&txtA.Change, "txtA_Change"},
-              {&txtB.LostFocus, "txtB_LostFocus"},
-              {&txtB.Change, "txtB_Change"},
-              {&chk.LostFocus, "chk_LostFocus"},
-              {&chk.Click, "chk_Click"},
-              {&com.LostFocus, "com_LostFocus"},
-              {&com.Click, "com_Click"},
-              {&btn.LostFocus, "btn_LostFocus"},
-              {&btn.Click, "btn_Click"},
-              {&pic.LostFocus, "pic_LostFocus"},
-              {&pic.Click, "pic_Click"},
-              {&lbl.Click, "lbl_Click"}});
+    txtA.Change = log.adds("txtA_Change");
+    txtB.Change = log.adds("txtB_Change");
+    chk.Click = log.adds("chk_Click");
+    com.Click = log.adds("com_Click");
+    btn.Click = log.adds("btn_Click");
+    pic.Click = log.adds("pic_Click");
+    lbl.Click = log.adds("lbl_Click");
     pic.MouseDown = [&log](forms::MouseButton button) {
       log.add(button == forms::MouseButton::Left ? "pic_Left" : "pic_Right");
     };
@@ -96,7 +91,8 @@ public:
     Maximized = true;
     mnu.Caption = std::string("&Menú");
     mnuHoja.Caption = std::string("&Hoja");
-    log.each({{&mnuHoja.Click, "mnuHoja_Click"}, {&tmr.Tick, "tmr_Tick"}});
+    mnuHoja.Click = log.adds("mnuHoja_Click");
+    tmr.Tick = log.adds("tmr_Tick");
     tmr.Interval = 3600000; // only the player's hand makes it tick
     made();
   }
