@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <fstream>
 
-#include "forms/text_file.h"
 #include "persistence/game_file.h"
 #include "scripted/game.h"
 
@@ -94,14 +93,15 @@ public:
 
 class Network : public testing::Test {
 protected:
-  void put(const std::optional<std::string>& text) const {
+  // "none": no file.
+  void put(const std::string& text) const {
     std::filesystem::remove(scripted::toPath(path)); // emptying a file would wait for the disk
-    if (text)
-      std::ofstream(path, std::ios::binary) << *text;
+    if (text != "none")
+      std::ofstream(path, std::ios::binary) << text;
   }
-  std::string file() const { return forms::readTextFile(path, 8000).value_or("none"); }
+  std::string file() const { return bytesOf(path); }
   // The steps of a script, each behind the names of those that do it: "AB join, A move 23 18". Or
-  // what becomes of the file: "file 12", "file empty"; its folder goes "away" and comes "back".
+  // what becomes of the file: "file 12", "file none"; its folder goes "away" and comes "back".
   void run(const std::string& script) {
     for (const std::string& step : scripted::stepsOf(script)) {
       const std::string who = step.substr(0, step.find(' ')), what = step.substr(who.size() + 1);
@@ -110,7 +110,7 @@ protected:
       if (what == "away" || what == "back")
         std::filesystem::rename(what == "away" ? here : there, what == "away" ? there : here);
       else if (who == "file")
-        put(what == "gone" ? std::nullopt : std::optional(what == "empty" ? "" : shared(what)));
+        put(what == "none" ? what : what == "empty" ? "" : shared(what));
       else
         for (const char name : who) {
           auto& copy = name == 'A' ? a : b;

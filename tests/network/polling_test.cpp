@@ -24,9 +24,7 @@ TEST_F(Network, ARefreshKeepsTheWindowsPlaceAndDropsWhatWasSelected) {
   run("B look"); // the value counts from the next poll on
   b->play.Top = 1500;
   b->play.Left = -315;
-  run("B click picUnidad(23)");
-  b->screen.key(forms::Key::Up); // back where the mouse was, and on
-  b->screen.key(forms::Key::Up);
+  run("B click picUnidad(23), B Up, B Up"); // back where the mouse was, and on
   b->principal.MovRealizados = 1;
   follow({"B tick 1 => 01 01= 01p7", "B tick 6 => 01 01= 01p1"});
   EXPECT_TRUE(b->play.picMovimientoPermitido(18));
@@ -44,8 +42,7 @@ TEST_F(Network, TheClosingLineSaysWhoBegins) {
 }
 
 TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
-  const std::string last = "b..../I..../...../...../....i";
-  const std::string text = gameFile(last, "2\r\n12\r\n");
+  const std::string last = "b..../I..../...../...../....i", text = gameFile(last, "2\r\n12\r\n");
   put(gameFile("b..../I..../...../....i/....B", "2\r\n"));
   run("AB join, AB tick");
   b->screen.expectBox(victory("2", "CONQUISTADO la Bandera"), Answer::Ok, [&] {
@@ -57,10 +54,10 @@ TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
   run("AB tick 20");
   for (Copy* copy : {a.get(), b.get()}) {
     const bool won = copy == b.get();
-    EXPECT_EQ(copy->play.Caption.get(),
-              won ? "Victoria - Juego finalizado" : "Derrota - Juego finalizado");
+    EXPECT_EQ(copy->play.Caption.get() + " " + copy->pictures() + copy->status(),
+              (won ? "Victoria" : "Derrota") +
+                  (" - Juego finalizado " + last + "Derrota/Victoria"));
     EXPECT_EQ(copy->position(), gameFile(last, won ? "2\r\n" : "12\r\n"));
-    EXPECT_EQ(copy->pictures() + copy->status(), last + "Derrota/Victoria");
     for (const int square : {6, 25})
       if (copy->unit(square)->Enabled)
         copy->screen.click(*copy->unit(square));

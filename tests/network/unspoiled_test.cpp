@@ -44,9 +44,8 @@ TEST_F(Unspoiled, TheLastPositionThatWasSeenSavesAGameWhoseFileIsTorn) {
   for (const std::string torn : {"", "none"})
     for (const bool goesOn : {false, true}) {
       begin();
-      run("A move 23 18, A look, B look, A close EnJuego, file gone, A menu Opciones");
-      if (torn.empty())
-        put(torn);
+      run("A move 23 18, A look, B look, A close EnJuego, A menu Opciones");
+      put(torn);
       a->screen.expectFile("Cargar Juego", path);
       a->screen.expectBox(
           "El archivo está incompleto. ¿Continuar desde la última posición conocida?",
@@ -63,7 +62,7 @@ TEST_F(Unspoiled, TheLastPositionThatWasSeenSavesAGameWhoseFileIsTorn) {
 
 TEST_F(Unspoiled, NobodyWaitsForAMoveThatNobodyMayMake) {
   // Both have joined out of turn, and the file is deleted before either has written.
-  follow({"file 02, A join, file 01, B join, file gone, AB look => ?? 02! 01!",
+  follow({"file 02, A join, file 01, B join, file none, AB look => ?? 02! 01!",
           "A tick 5 => ?? 02! 01!", "A tick 1 => 02 02p. 01!", "B tick 1 => 02 02p. 02."});
   // A closing line that names no player.
   run("file 07");

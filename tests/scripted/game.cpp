@@ -1,12 +1,8 @@
 #include "scripted/game.h"
 
-#include <algorithm>
-#include <cctype>
 #include <fstream>
 #include <sstream>
-#include <stdexcept>
 
-#include "forms/text_file.h"
 #include "persistence/game_file.h"
 #include "shell/information_box.h"
 
@@ -24,17 +20,13 @@ std::string blank(int side) {
 std::string gameFile(const std::string& drawing, const std::string& closing) {
   constexpr std::string_view units = ".BICEG.biceg";
   std::ostringstream text;
-  int row = 1, column = 0;
-  for (const char c : drawing) {
-    const std::size_t unit = units.find(c);
-    if (c == '/') {
-      ++row, column = 0;
-      continue;
-    }
-    ++column;
-    text << (c == '.' ? 0 : unit / 6 + 1) << ';' << unit % 6 << ';' << row * 1180 - 800 << ';'
-         << column * 1180 + 160 << ';' << row << ';' << column << ";\r\n";
-  }
+  int row = 1, column = 1;
+  for (const char c : drawing)
+    if (const std::size_t unit = units.find(c); unit == units.npos)
+      ++row, column = 1;
+    else
+      text << (c == '.' ? 0 : unit / 6 + 1) << ';' << unit % 6 << ';' << row * 1180 - 800 << ';'
+           << column * 1180 + 160 << ';' << row << ';' << column << ";\r\n", ++column;
   return text.str() + closing;
 }
 
@@ -43,20 +35,13 @@ std::string victory(const std::string& player, const std::string& how) {
          "- GANA\r\n\r\nCierre la ventana del Tablero para iniciar otro juego";
 }
 
-std::string bytesOf(const std::string& path) {
-  std::ifstream file(toPath(path), std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 // --- What the player does ------------------------------------------------------------------------
 
 Game::Game(std::unique_ptr<scripted::Player> before, std::unique_ptr<Runner> runner)
     : player(std::move(before)), app(*player, std::move(runner)) {
   auto& does = screen.verbs;
   does["expect"] = [this](auto& box, auto& answer) {
-    screen.expectBox(Boxes.at(box), answer == "yes"  ? Answer::Yes
-                                    : answer == "no" ? Answer::No
-                                                     : Answer::Ok);
+    screen.expectBox(Boxes.at(box), answer == "yes" ? Answer::Yes : Answer::Ok);
   };
   does["move"] = [this](auto& from, auto& to) { move(std::stoi(from), std::stoi(to)); };
   does["square"] = [this](auto& number, auto& inset) { // so many twips from its corner
@@ -127,7 +112,7 @@ std::string Game::pictures() {
       const std::string& path = picture->picturePath(); // it ends like "inf_j1.jpg"
       char kind = path.empty() ? '0' : path[path.size() - 10];
       if (path.ends_with("_j1.jpg"))
-        kind = static_cast<char>(std::toupper(kind));
+        kind = static_cast<char>(kind - 'a' + 'A');
       if (n <= side * side && picture->Visible && picture->Top == 380 + (n - 1) / side * 1180 &&
           picture->Left == 1340 + (n - 1) % side * 1180)
         drawing[place(n, side)] = kind;

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "forms/text_file.h"
 #include "scripted/player.h"
 #include "shell/app.h"
 
@@ -42,7 +43,9 @@ inline std::size_t place(int n, int side) {
 std::string blank(int side);
 // The text of a saved game with this board, worked out apart from the program.
 std::string gameFile(const std::string& drawing, const std::string& closing = "1\r\n");
-std::string bytesOf(const std::string& path);
+inline std::string bytesOf(const std::string& path) {
+  return forms::readTextFile(path, 100000).value_or("none");
+}
 
 class Game : public testing::Test {
 public:
