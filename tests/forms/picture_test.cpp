@@ -1,8 +1,6 @@
 // Pictures whose files cannot be loaded.
-#include "forms/text_file.h"
 #include "scripted/game.h"
 #include "scripted/test_windows.h"
-#include "shell/information_box.h"
 
 namespace falanges {
 

@@ -1,7 +1,6 @@
 // The whole program under a person who does anything at any moment, on files that change under it.
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <random>
 
 #include "scripted/game.h"

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <fstream>
 
-#include "persistence/game_file.h"
 #include "scripted/game.h"
 
 namespace falanges {

@@ -1,8 +1,6 @@
-#include <filesystem>
 #include <fstream>
 
 #include "persistence/configuration.h"
-#include "persistence/game_file.h"
 #include "scripted/game.h"
 
 namespace falanges {
@@ -28,6 +26,19 @@ TEST(Configuration, IsReadFieldByFieldFromTheFirstItem) {
                   "0;0;-7;-1; => 0|0|-7|1", " => 0|0|10|1", " \t\r\n  => 0|0|10|1",
                   "no file => 0|0|10|1"},
                  read);
+}
+
+using FilesAtTheStart = Game;
+
+TEST_F(FilesAtTheStart, AConfigurationThatCannotBeWrittenIsToldOnceAndTheGameGoesOn) {
+  const std::string path = file("VornathFalangesZTEE.cfg");
+  std::filesystem::create_directory(scripted::toPath(path)); // under the file's name
+  write("plantillas", "no folder");
+  start();
+  screen.expectBox("No se puede guardar el archivo:\r\n" + path, Answer::Ok,
+                   [&] { EXPECT_EQ(principal.OpcPermitirBanderas, "1"); });
+  run("menu Opciones, click chkPermitirBanderas, click lblLimiteFilas, close Opciones");
+  EXPECT_EQ(principal.OpcPermitirBanderas + principal.OpcLimiteFilas, "11");
 }
 
 class Files : public Game {

@@ -4,7 +4,6 @@
 #include <random>
 #include <set>
 
-#include "persistence/game_file.h"
 #include "scripted/game.h"
 
 namespace falanges {
@@ -76,9 +75,9 @@ class RulesModel : public Game {
 protected:
   RulesModel() { start(); }
   int below(int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); }
-  // The same as the screen shows it.
-  std::string reach() {
-    std::string drawing = blank(principal.NumFilas);
+  // Pictures as drawn, the markers, the records, the player in turn and the labels.
+  void expectScreen(Model& model, const std::string& drawn) {
+    std::string reach = blank(model.side);
     for (int n = 1; n <= principal.NumCasillas; ++n) {
       const auto *unit = play.picUnidad(n), *marker = play.picMovimientoPermitido(n);
       const bool selected = unit && unit->Appearance == 1;
@@ -86,14 +85,10 @@ protected:
       const Casilla& square = principal.Casillas(n);
       EXPECT_TRUE(!marker || (marker->Visible && marker->Top == square.PosXTwips &&
                               marker->Left == square.PosYTwips));
-      drawing[place(n, principal.NumFilas)] = selected ? 'S' : marker ? '*' : '.';
+      reach[place(n, model.side)] = selected ? 'S' : marker ? '*' : '.';
     }
-    return drawing;
-  }
-  // Pictures as drawn, the markers, the records, the player in turn and the labels.
-  void expectScreen(Model& model, const std::string& drawn) {
+    EXPECT_EQ(reach, model.reach()) << model.board;
     EXPECT_EQ(pictures(), drawn);
-    EXPECT_EQ(reach(), model.reach()) << model.board;
     EXPECT_EQ(gameText(principal, play.JugadorActual),
               gameFile(model.board, std::to_string(model.player) + "\r\n"));
     EXPECT_EQ(status(), model.player == 1 ? "En Turno/En Espera" : "En Espera/En Turno");
@@ -121,14 +116,12 @@ protected:
     for (; clicks > 0 && won.empty() && !HasFailure(); --clicks) {
       const std::string reach = model.reach();
       const bool moves = model.selected > 0 && below(3) > 0;
-      const auto fits = [&](int n) { // captures are likelier, so that games end
-        const bool empty = model.on(n) == '.';
-        return moves ? reach[place(n, model.side)] == '*' && (!empty || below(4) == 0) : !empty;
-      };
       int n = 0;
       do
         n = 1 + below(model.side * model.side);
-      while (!fits(n));
+      while (moves ? reach[place(n, model.side)] != '*' || // captures, so that games end
+                         (model.on(n) == '.' && below(4) > 0)
+                   : model.on(n) == '.');
       std::string drawn = model.board;
       if (moves) {
         drawn[place(n, model.side)] = std::exchange(drawn[reach.find('S')], '.');

@@ -1,7 +1,6 @@
 // What the forms layer makes of a person's and the program's actions, on whichever screen the test
 // program brings.
 #include <sstream>
-#include <vector>
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,6 @@
 #include <fstream>
 #include <sstream>
 
-#include "persistence/game_file.h"
-#include "shell/information_box.h"
-
 namespace falanges {
 
 using scripted::toPath;
@@ -26,7 +23,8 @@ std::string gameFile(const std::string& drawing, const std::string& closing) {
       ++row, column = 1;
     else
       text << (c == '.' ? 0 : unit / 6 + 1) << ';' << unit % 6 << ';' << row * 1180 - 800 << ';'
-           << column * 1180 + 160 << ';' << row << ';' << column << ";\r\n", ++column;
+           << column * 1180 + 160 << ';' << row << ';' << column << ";\r\n",
+          ++column;
   return text.str() + closing;
 }
 

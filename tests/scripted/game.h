@@ -4,15 +4,13 @@
 // elephants and general, in capitals those of player 1, and "." is an empty square.
 #pragma once
 
-#include <map>
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "forms/text_file.h"
+#include "persistence/game_file.h"
 #include "scripted/player.h"
 #include "shell/app.h"
+#include "shell/information_box.h"
 
 namespace falanges {
 

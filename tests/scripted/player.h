@@ -3,14 +3,9 @@
 #pragma once
 
 #include <deque>
-#include <functional>
 #include <map>
 #include <memory>
-#include <optional>
 #include <stdexcept>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "forms/forms.h"
 #include "scripted/temporary_folder.h"

@@ -1,10 +1,6 @@
 // A frame and windows with one element of each kind, which write down every event.
 #pragma once
 
-#include <map>
-#include <utility>
-
-#include "forms/forms.h"
 #include "forms/grid_picture.h"
 #include "forms/picture_array.h"
 #include "scripted/player.h"
