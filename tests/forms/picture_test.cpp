@@ -1,30 +1,23 @@
 // Pictures whose files cannot be loaded.
 #include "scripted/game.h"
-#include "scripted/test_windows.h"
 
 namespace falanges {
 
-TEST(MissingPictures, LeaveTheOldOneAndTheFirstIsNoted) {
-  scripted::Player screen;
-  scripted::TestProgram program(screen);
-  screen.missingPictures = "8";
-  EXPECT_TRUE(program.one.pic.LoadPicture("\\img\\6x6.jpg"));
-  EXPECT_FALSE(program.one.pic.LoadPicture("\\img\\8x8.jpg") ||
-               program.one.LoadIcon("\\ico\\8.ico"));
-  const std::string img = forms::programPath(screen.programFolder(), "\\img\\");
-  EXPECT_EQ(program.forms.failures.front().path, img + "8x8.jpg");
-  EXPECT_EQ(program.one.pic.picturePath() + program.one.Icon.get(), img + "6x6.jpg");
-}
+using MissingPictures = Game;
 
-using MissingPicturesInAGame = Game;
-
-TEST_F(MissingPicturesInAGame, AreToldOnceAndItGoesOn) {
-  screen.missingPictures = ".";
+TEST_F(MissingPictures, AreToldOnceAndItGoesOnWithTheOldOnes) {
+  screen.missingPictures = "tiempo";
   screen.expectBox(informationBox().text);
   screen.expectBox("No se puede cargar la imagen:\r\n" + file("ico\\tiempo.ico"), Answer::Ok,
                    [&] { EXPECT_TRUE(frame.isOpen()); });
   app.start();
-  run("menu NuevoJuego, choose comTablero 8x8, click picINF, square 64");
+  run("menu NuevoJuego");
+  auto& board = app.nuevoJuego.picTablero;
+  const std::string before = board.picturePath() + frame.Icon.get();
+  screen.missingPictures = ".";
+  EXPECT_FALSE(board.LoadPicture("\\img\\8x8.jpg") || frame.LoadIcon("\\ico\\8.ico"));
+  run("choose comTablero 8x8, click picINF, square 64");
+  EXPECT_EQ(board.picturePath() + frame.Icon.get(), before);
   EXPECT_EQ(pictures(), "0......./......../......../......../......../......../......../.......0");
   // They stand in the way of no move; a box would fail here.
   run("load g..../...../...../...../I...G 1, move 21 16");

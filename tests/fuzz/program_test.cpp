@@ -30,19 +30,19 @@ public:
   void act() {
     const auto& open = app.forms.openWindows();
     Window& window = *open[below(open.size())];
-    const unsigned what = below(20);
-    if (what == 0)
-      swapFile(Files[below(4)]);
-    else if (what == 1)
-      screen.tick(static_cast<int>(1 + below(30)));
-    else if (what < 4)
-      app.forms.keyPressed(window, Key(below(9)), static_cast<int>(below(10)));
-    else if (what < 6)
-      app.forms.tabbed(window, below(2) == 0);
-    else if (what < 8)
-      what == 6 ? app.forms.closeRequested(window) : passOver(app.forms.activated(window));
+    Window* const active = app.forms.activeChild();
+    const std::function<void()> acts[] = {
+        [&] { swapFile(Files[below(4)]); },
+        [&] { screen.tick(static_cast<int>(1 + below(30))); },
+        [&] { app.forms.keyPressed(window, Key(below(9)), static_cast<int>(below(10))); },
+        [&] { app.forms.tabbed(window, below(2) == 0); },
+        [&] { app.forms.closeRequested(window); },
+        [&] { passOver(app.forms.activated(window)); },
+        [&] { touchOne(window); }};
+    if (const unsigned what = below(18); what < std::size(acts))
+      acts[what]();
     else
-      touchOne(what < 10 || !app.forms.activeChild() ? window : *app.forms.activeChild());
+      touchOne(active ? *active : window);
     check();
   }
 
@@ -96,12 +96,11 @@ private:
       text = gameFile(board, below(4) ? "1\r\n" : below(4) ? "2\r\n" : "2\r\n12\r\n");
     }
     const unsigned kind = below(12);
-    const auto path = scripted::toPath(file(name));
-    std::filesystem::remove_all(path);
+    std::filesystem::remove_all(scripted::toPath(file(name)));
     if (kind == 0)
-      std::filesystem::create_directory(path);
+      std::filesystem::create_directory(scripted::toPath(file(name)));
     else if (kind > 1)
-      write(name, kind == 2 ? text.substr(0, text.find(';', below(text.size()))) : text);
+      write(name, text.substr(0, kind == 2 ? below(text.size()) : text.npos));
   }
 
   // Also what is hidden, disabled or behind a box: nothing must come of it.
