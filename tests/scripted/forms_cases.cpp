@@ -2,13 +2,9 @@
 // program brings.
 #include <sstream>
 
-#include <gtest/gtest.h>
-
 #include "scripted/test_windows.h"
 
 namespace scripted {
-
-using namespace forms;
 
 struct AtADesktop {
   std::unique_ptr<Player> player = makePlayer();

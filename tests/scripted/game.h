@@ -4,8 +4,6 @@
 // elephants and general, in capitals those of player 1, and "." is an empty square.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include "forms/text_file.h"
 #include "persistence/game_file.h"
 #include "scripted/player.h"

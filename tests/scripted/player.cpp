@@ -3,11 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include <gtest/gtest.h>
-
 namespace scripted {
-
-using namespace forms;
 
 std::vector<std::string> stepsOf(const std::string& script) {
   std::vector<std::string> all;
@@ -109,26 +105,6 @@ std::optional<PictureSize> Player::pictureSize(const std::string& path) {
   const int board = ((name[0] - '0') * 1180 + 14) / 15; // of "6x6.jpg"
   const int side = name[1] == 'x' ? board : name.ends_with(".ico") ? 32 : 62;
   return PictureSize{side, side};
-}
-
-void Player::windowClosed(Window& window) {
-  if (focus_ && &focus_->window() == &window)
-    focus_ = nullptr;
-}
-
-void Player::changed(Element& element) {
-  EXPECT_TRUE(element.window().isOpen()) << element.name();
-}
-
-void Player::removed(Element& element) {
-  changed(element);
-  if (focus_ == &element)
-    focus_ = nullptr;
-}
-
-void Player::focusAsked(Element& element) {
-  changed(element);
-  focus_ = element.kind() == Kind::Window ? nullptr : &element;
 }
 
 // --- What the person does ------------------------------------------------------------------------
