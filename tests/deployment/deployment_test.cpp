@@ -16,31 +16,26 @@ TEST_F(Deployment, EachBoardTakesUnitsAndTheirMirrorsWhereTheRulesLetThem) {
   run("click picELE");
   for (const int side : {8, 7, 6, 6, 5}) {
     const int last = side * side, refused = last - 2 * side;
-    const std::string empty = blank(side), name = std::to_string(side) + "x" + std::to_string(side);
+    const std::string name = std::to_string(side) + "x" + std::to_string(side);
     // A unit on the last square goes.
     run("square " + std::to_string(principal.NumCasillas) + ", choose comTablero " + name);
     EXPECT_TRUE(app.nuevoJuego.picTablero.picturePath().ends_with(name + ".jpg"));
     EXPECT_EQ(screen.focused(), "picTablero");
-    for (const auto& [option, n] : std::vector<std::pair<std::string, int>>{{"0", 1},
-                                                                            {"0", refused},
-                                                                            {"0", refused + 1},
-                                                                            {"0", last},
-                                                                            {"", side + 1},
-                                                                            {"1", side},
-                                                                            {"1", last / 2 + 1},
-                                                                            {"1", 1}}) {
-      SCOPED_TRACE(name + " " + option + " " + std::to_string(n));
-      principal.OpcLimiteFilas = option;
-      const std::string square = std::to_string(n);
-      run(option == "0" && n <= refused ? "expect rows, square " + square : "square " + square);
-      std::string board = empty;
+    expectBoard(blank(side));
+    // Those below zero with the limit of rows.
+    for (const int which : {-1, -refused, -refused - 1, -last, side + 1, side, last / 2 + 1, 1}) {
+      SCOPED_TRACE(name + " " + std::to_string(which));
+      const int n = std::abs(which);
+      principal.OpcLimiteFilas = which < 0 ? "0" : n == 1 ? "1" : "";
+      const bool taken = which > 0 || n > refused;
+      run((taken ? "square " : "expect rows, square ") + std::to_string(n));
+      std::string board = blank(side);
       const std::size_t here = place(n, side), mirror = board.size() - 1 - here;
-      if ((option != "0" || n > refused) && here != mirror)
+      if (taken && here != mirror)
         board[here] = 'E', board[mirror] = 'e';
       expectBoard(board);
-      if (board != empty)
-        run("right " + std::to_string(n % 2 == 0 ? n : last + 1 - n));
-      expectBoard(empty);
+      if (taken && here != mirror)
+        run("right picUnidad(" + std::to_string(n % 2 == 0 ? n : last + 1 - n) + ")");
     }
   }
 }
@@ -61,7 +56,7 @@ TEST_F(Deployment, TheRefusalsComeInTheirOrder) {
         "menu Opciones, click lblLimiteFilas => ....b/...../...../...../B....",
         "expect flag, square 13, click picBAN => ....b/...../...../...../B....",
         "expect unit, square 21 50 => ....b/...../...../...../B....",
-        "right 5, click picGEN, click picBAN, square 6 => ...../B..../...../....b/.....",
+        "right picUnidad(5), click picGEN, click picBAN, square 6 => ...../B..../...../....b/.....",
         "menu Opciones, click lblBandera, square 7 => ...../BB.../...../...bb/....."},
        [&] { return pictures(); });
   expectBoard("...../BB.../...../...bb/.....");
@@ -92,7 +87,7 @@ TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoard) {
     text += "0;0;0;0;0;0;\r\n";
   layOut(text + "1;2;0;100;200;200;\r\n1\r\n");
   EXPECT_EQ(pictures(), "I..../...../..G../...../....g picUnidad(40)I");
-  run("right 40, right 13, right 1");
+  run("right picUnidad(40), right picUnidad(13), right picUnidad(1)");
   expectBoard(blank(5));
 }
 
@@ -100,16 +95,17 @@ TEST_F(Deployment, AGameStartsWithAnArmy) {
   const std::string start = Boxes.at("start"), flag = "DEBE colocar al menos 1 Bandera\r\n",
                     noTypes = "DEBE colocar al menos 1 Unidad de cada tipo\r\n" + start;
   // Player 1's bottom row, and what is said.
-  for (const auto& [row, text] : std::map<std::string, std::string>{
-           {"BB..B", "DEBE colocar Unidades en el tablero"},
-           {"IB.GB", "DEBE colocar al menos 3 Unidades en el tablero"},
-           {"III..", flag + noTypes},
-           {"ICEG.", flag + start},
-           {"BCEGG", noTypes},
-           {"BIEGG", noTypes},
-           {"BICGG", noTypes},
-           {"BICEE", noTypes},
-           {"BICEG", start}}) {
+  const std::pair<std::string, std::string> table[] = {
+      {"BB..B", "DEBE colocar Unidades en el tablero"},
+      {"IB.GB", "DEBE colocar al menos 3 Unidades en el tablero"},
+      {"III..", flag + noTypes},
+      {"ICEG.", flag + start},
+      {"BCEGG", noTypes},
+      {"BIEGG", noTypes},
+      {"BICGG", noTypes},
+      {"BICEE", noTypes},
+      {"BICEG", start}};
+  for (const auto& [row, text] : table) {
     const std::string board = "gecib/iii../...../...../" + row;
     run("layOut " + board);
     screen.expectBox(text, text.ends_with(start) ? Answer::No : Answer::Ok);

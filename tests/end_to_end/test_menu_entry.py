@@ -8,9 +8,12 @@ import sys
 import tempfile
 from pathlib import Path
 
-from gi.repository import Gio, GLib
+from gi.repository import Gio
 
-SCRIPT = Path(__file__).resolve().parents[2] / "packaging" / "linux" / "menu.sh"
+ROOT = Path(__file__).resolve().parents[2]
+SCRIPT = ROOT / "packaging" / "linux" / "menu.sh"
+sys.path.insert(0, str(ROOT / "tools"))
+from player import wait_for  # noqa: E402
 
 with tempfile.TemporaryDirectory() as home:
     # All that an entry's own rules have a meaning for.
@@ -32,13 +35,6 @@ with tempfile.TemporaryDirectory() as home:
     assert Path(known.get_icon().get_file().get_path()).is_file()
     known.launch()
     started = Path(home, "started")
-    context = GLib.MainContext.default()
-    for _ in range(100):
-        if started.exists() and started.read_text() == "0\n":
-            break
-        GLib.usleep(100_000)
-        context.iteration(False)
-    else:
-        raise AssertionError(f"not started: {known.get_commandline()}")
+    wait_for(known.get_commandline(), lambda: started.exists() and started.read_text() == "0\n")
     assert menu("quitar") == 0 and menu("quitar") == 0
     assert not entry.exists() and menu("otra cosa") == 2

@@ -47,8 +47,8 @@ def change_options(ana):
     ana.sits_at("Permitir más de 1 Bandera")
     ana.key("Tab", "Permitir Unidades en cualquier fila")
     ana.keys("space")
-    ana.key("Tab", "Cargar Juego en Red")
-    ana.key("Tab", "Segundos de Actualización")
+    for words in "Cargar Juego en Red", "Segundos de Actualización":
+        ana.key("Tab", words)
     ana.keys("8")
     ana.key("Tab", "Jugador de Red")
     ana.key("Tab", "Movimientos por Turno")
@@ -60,10 +60,9 @@ def change_options(ana):
 def set_up(ana):
     ana.choose_by_keys("j", "n")
     ana.sits_at("Tablero 5x5")
-    ana.key("Tab", "Tablero")
-    ana.key("Down", "Tablero 6x6")
-    ana.key("Tab", "Tablero")
-    ana.key("Up", "Tablero 5x5")
+    for key, board in ("Down", "Tablero 6x6"), ("Up", "Tablero 5x5"):
+        ana.key("Tab", "Tablero")
+        ana.key(key, board)
     ana.sits_at_board()
     army = {17: "Infantería", 18: "Caballería", 19: "Elefantes", 20: "General", 24: "Bandera"}
     for digit, (square, name) in enumerate(army.items(), 1):

@@ -1,44 +1,27 @@
 // Pictures whose files cannot be loaded.
-#include "forms/text_file.h"
 #include "scripted/game.h"
-#include "scripted/test_windows.h"
-#include "shell/information_box.h"
 
 namespace falanges {
 
-TEST(MissingPictures, LeaveTheOldOneAndTheFirstIsNoted) {
-  scripted::Player screen;
-  scripted::TestProgram program(screen);
-  screen.missingPictures = "8";
-  EXPECT_TRUE(program.one.pic.LoadPicture("\\img\\6x6.jpg"));
-  EXPECT_FALSE(program.one.pic.LoadPicture("\\img\\8x8.jpg"));
-  EXPECT_FALSE(program.one.LoadIcon("\\ico\\8.ico"));
-  ASSERT_EQ(program.forms.failures.size(), 2U);
-  EXPECT_EQ(program.forms.failures.front().path,
-            forms::programPath(screen.programFolder(), "\\img\\8x8.jpg"));
-  EXPECT_EQ(program.one.pic.picturePath() + program.one.Icon.get(),
-            forms::programPath(screen.programFolder(), "\\img\\6x6.jpg"));
-}
+using MissingPictures = Game;
 
-using MissingPicturesInAGame = Game;
-
-TEST_F(MissingPicturesInAGame, AreToldOnceAndItGoesOn) {
-  screen.missingPictures = ".";
+TEST_F(MissingPictures, AreToldOnceAndItGoesOnWithTheOldOnes) {
+  screen.missingPictures = "tiempo";
   screen.expectBox(informationBox().text);
   screen.expectBox("No se puede cargar la imagen:\r\n" + file("ico\\tiempo.ico"), Answer::Ok,
                    [&] { EXPECT_TRUE(frame.isOpen()); });
   app.start();
-  run("menu NuevoJuego, choose comTablero 8x8, click picINF, square 64");
+  run("menu NuevoJuego");
+  auto& board = app.nuevoJuego.picTablero;
+  const std::string before = board.picturePath() + frame.Icon.get();
+  screen.missingPictures = ".";
+  EXPECT_FALSE(board.LoadPicture("\\img\\8x8.jpg") || frame.LoadIcon("\\ico\\8.ico"));
+  run("choose comTablero 8x8, click picINF, square 64");
+  EXPECT_EQ(board.picturePath() + frame.Icon.get(), before);
   EXPECT_EQ(pictures(), "0......./......../......../......../......../......../......../.......0");
-  run("load G......./......../......../......../......../......../......../....... 1, move 1 2");
-}
-
-TEST_F(MissingPicturesInAGame, StandInTheWayOfNoMove) {
-  start();
-  run("load g..../...../...../...../I...G 1");
-  screen.missingPictures = "inf_j1";
-  run("move 21 16"); // a box would fail here
-  EXPECT_EQ(pictures(), "g..../...../...../0..../....G");
+  // They stand in the way of no move; a box would fail here.
+  run("load g..../...../...../...../I...G 1, move 21 16");
+  EXPECT_EQ(pictures(), "0..../...../...../0..../....0");
   EXPECT_EQ(status(), "En Espera/En Turno");
 }
 

@@ -35,13 +35,13 @@ TEST_F(TextFileTest, WhatIsWrittenIsReadByteForByte) {
 }
 
 TEST_F(TextFileTest, WhatIsNoFileFailsAtOnce) {
-  EXPECT_TRUE(makeFolder(folder.file("carpeta")));
-  EXPECT_FALSE(makeFolder(folder.file("carpeta")) || makeFolder(folder.file("no/carpeta")));
-  for (const std::string& target :
-       {folder.file("carpeta"), folder.file("no/juego"), std::string()}) {
-    EXPECT_FALSE(writeTextFile(target, "x") || appendTextFile(target, "x")) << target;
-    EXPECT_FALSE(replaceTextFile(target, "x") || readTextFile(target, 10)) << target;
-  }
+  const std::string inside = folder.file("carpeta"), nowhere = folder.file("no/juego");
+  EXPECT_TRUE(makeFolder(inside));
+  EXPECT_FALSE(makeFolder(inside) || makeFolder(nowhere));
+  for (const std::string& target : {inside, nowhere, std::string()})
+    EXPECT_FALSE(writeTextFile(target, "x") || appendTextFile(target, "x") ||
+                 replaceTextFile(target, "x") || readTextFile(target, 10))
+        << target;
 }
 
 TEST(ItemReaderTest, ATextFallsIntoItems) {

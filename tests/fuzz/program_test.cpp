@@ -1,7 +1,6 @@
 // The whole program under a person who does anything at any moment, on files that change under it.
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <random>
 
 #include "scripted/game.h"
@@ -10,7 +9,9 @@ namespace falanges {
 
 namespace {
 
-using forms::Element, forms::Window;
+using namespace forms;
+
+constexpr const char* Files[] = {"VornathFalangesZTEE.cfg", "a", "b", "c"};
 
 class Anybody final : public Game {
 public:
@@ -19,8 +20,9 @@ public:
     for (const char* name : Files)
       swapFile(name);
     app.start();
-    Element* const ways[] = {&frame.mnuNuevoJuego, &frame.mnuCargarJuego, &frame.mnuOpciones};
-    touch(*ways[below(3)]);
+    touch(below(3) == 0   ? frame.mnuNuevoJuego
+          : below(2) == 0 ? frame.mnuCargarJuego
+                          : frame.mnuOpciones);
     if (app.opciones.isOpen())
       touch(app.opciones.btnCargarJuegoRed);
   }
@@ -28,19 +30,19 @@ public:
   void act() {
     const auto& open = app.forms.openWindows();
     Window& window = *open[below(open.size())];
-    const unsigned what = below(20);
-    if (what == 0)
-      swapFile(Files[below(4)]);
-    else if (what == 1)
-      screen.tick(static_cast<int>(1 + below(30)));
-    else if (what < 4)
-      app.forms.keyPressed(window, static_cast<forms::Key>(below(9)), static_cast<int>(below(10)));
-    else if (what < 6)
-      app.forms.tabbed(window, below(2) == 0);
-    else if (what < 8)
-      what == 6 ? app.forms.closeRequested(window) : forms::passOver(app.forms.activated(window));
+    Window* const active = app.forms.activeChild();
+    const std::function<void()> acts[] = {
+        [&] { swapFile(Files[below(4)]); },
+        [&] { screen.tick(static_cast<int>(1 + below(30))); },
+        [&] { app.forms.keyPressed(window, Key(below(9)), static_cast<int>(below(10))); },
+        [&] { app.forms.tabbed(window, below(2) == 0); },
+        [&] { app.forms.closeRequested(window); },
+        [&] { passOver(app.forms.activated(window)); },
+        [&] { touchOne(window); }};
+    if (const unsigned what = below(18); what < std::size(acts))
+      acts[what]();
     else
-      touchOne(what < 10 || !app.forms.activeChild() ? window : *app.forms.activeChild());
+      touchOne(active ? *active : window);
     check();
   }
 
@@ -49,20 +51,17 @@ private:
   class Screen final : public scripted::Player {
   public:
     explicit Screen(Anybody& before) : person(before) {}
-    Answer messageBox(const forms::MessageBox& box) override {
+    Answer messageBox(const MessageBox& box) override {
       person.over = person.over || box.text.find("Cierre la ventana del Tablero") != box.text.npos;
       person.meanwhile();
       // The frame stays open most of the time.
-      const unsigned yes = box.style == forms::BoxStyle::WarningYesNo ? 1 : 8;
-      return box.style == forms::BoxStyle::Information ? Answer::Ok
-             : person.below(16) < yes                  ? Answer::Yes
-                                                       : Answer::No;
+      const bool yes = person.below(16) < (box.style == BoxStyle::WarningYesNo ? 1 : 8);
+      return box.style == BoxStyle::Information ? Answer::Ok : yes ? Answer::Yes : Answer::No;
     }
-    std::optional<std::string> fileDialog(const forms::FileDialog&) override {
+    std::optional<std::string> fileDialog(const FileDialog&) override {
       person.meanwhile();
       const unsigned which = person.below(12);
-      return which == 0 ? std::nullopt
-                        : std::optional(person.file(which == 1 ? "no\\no" : Files[1 + which % 3]));
+      return which == 0 ? "" : person.file(which == 1 ? "no\\no" : Files[1 + which % 3]);
     }
     void waitModal(Window& window) override {
       for (int acts = 5; acts > 0 && window.isOpen(); --acts)
@@ -77,8 +76,6 @@ private:
   private:
     Anybody& person;
   };
-
-  static constexpr const char* Files[] = {"VornathFalangesZTEE.cfg", "a", "b", "c"};
 
   unsigned below(std::size_t bound) { return static_cast<unsigned>(random() % bound); }
   void meanwhile() {
@@ -99,12 +96,11 @@ private:
       text = gameFile(board, below(4) ? "1\r\n" : below(4) ? "2\r\n" : "2\r\n12\r\n");
     }
     const unsigned kind = below(12);
-    const auto path = scripted::toPath(file(name));
-    std::filesystem::remove_all(path);
+    std::filesystem::remove_all(scripted::toPath(file(name)));
     if (kind == 0)
-      std::filesystem::create_directory(path);
+      std::filesystem::create_directory(scripted::toPath(file(name)));
     else if (kind > 1)
-      write(name, kind == 2 ? text.substr(0, below(text.size())) : text);
+      write(name, text.substr(0, kind == 2 ? below(text.size()) : text.npos));
   }
 
   // Also what is hidden, disabled or behind a box: nothing must come of it.
@@ -116,26 +112,25 @@ private:
       touch(*all[from + below(all.size() - from)]);
   }
   void touch(Element& element) {
-    const Window& window = element.window();
+    const auto& standing = element.window().elements();
     const unsigned number = below(8);
-    const auto button = number < 2 ? forms::MouseButton::Right : forms::MouseButton::Left;
-    if (auto* const entry = dynamic_cast<forms::MenuEntry*>(&element))
+    if (auto* const entry = dynamic_cast<MenuEntry*>(&element))
       return app.forms.menuChosen(*entry);
-    if (auto* const developers = dynamic_cast<forms::Button*>(&element); developers && number < 2)
+    if (auto* const developers = dynamic_cast<Button*>(&element); developers && number < 2)
       return app.forms.shortcutPressed(*developers);
-    if (auto* const picture = dynamic_cast<forms::Picture*>(&element))
+    if (auto* const picture = dynamic_cast<Picture*>(&element))
       app.forms.moved(*picture, 40 * static_cast<float>(below(256)) - 300,
                       40 * static_cast<float>(below(256)) - 300);
-    const bool let =
-        number == 2 ? app.forms.focusMoved(element) : app.forms.pressed(element, button);
-    const auto& standing = window.elements();
-    if (!let || std::find(standing.begin(), standing.end(), &element) == standing.end())
+    if (!(number == 2
+              ? app.forms.focusMoved(element)
+              : app.forms.pressed(element, number < 2 ? MouseButton::Right : MouseButton::Left)) ||
+        std::ranges::count(standing, &element) == 0)
       return; // the press took it away
-    if (auto* const box = dynamic_cast<forms::TextBox*>(&element))
+    if (auto* const box = dynamic_cast<TextBox*>(&element))
       app.forms.typed(*box, number < 6 ? "5" : std::to_string(number));
-    else if (auto* const list = dynamic_cast<forms::DropList*>(&element))
+    else if (auto* const list = dynamic_cast<DropList*>(&element))
       app.forms.chosen(*list, static_cast<int>(number) - 1);
-    else if (button == forms::MouseButton::Left)
+    else if (number > 1)
       app.forms.clicked(element);
   }
 
@@ -148,29 +143,27 @@ private:
     EXPECT_TRUE(!principal.JuegoEnRed || play.isOpen());
     if (boxes > 0 || !frame.isOpen())
       return; // a box that tells of a move stands before its end
-    const std::string shown = deployment                     ? "HSHSS"
-                              : !play.isOpen()               ? "SSHSH"
-                              : over || principal.JuegoEnRed ? "HHHHH"
-                                                             : "HHSHH";
-    EXPECT_EQ(menus().substr(0, 5), shown);
+    EXPECT_EQ(menus().substr(0, 5), deployment                     ? "HSHSS"
+                                    : !play.isOpen()               ? "SSHSH"
+                                    : over || principal.JuegoEnRed ? "HHHHH"
+                                                                   : "HHSHH");
     const bool leftAsItWas = over && play.Caption == "En Juego"; // by a local win
-    if (below(8) == 0 && (play.isOpen() || deployment) && !leftAsItWas)
-      checkPictures();
-  }
-  // Records and pictures agree, and the markers are those of the one selected unit.
-  void checkPictures() {
+    if (below(8) > 0 || !(play.isOpen() || deployment) || leftAsItWas)
+      return;
+    // Records and pictures agree, and the markers are those of the one selected unit.
     int selected = 0;
     for (int n = 1; n <= 64; ++n)
       selected += unit(n) && unit(n)->Appearance == 1;
-    const int side = principal.NumFilas;
-    const std::string seen = side > 0 ? pictures() : " ";
-    std::string board = blank(std::max(side, 1));
-    for (int n = 1; n <= side * side; ++n)
-      if (const Casilla& square = principal.Casillas(n); square.Jugador > 0)
-        board[place(n, side)] = ".BICEG.biceg"[square.Jugador * 6 + square.TUnidad - 6];
-    // A torn file may leave units astray or without a type.
-    EXPECT_TRUE(seen == board || seen.find_first_of(" 0") != seen.npos) << seen << "\n" << board;
     EXPECT_EQ(selected, play.picMovimientoPermitido.count() > 1 ? 1 : 0);
+    const std::string seen = principal.NumFilas > 0 ? pictures() : " ";
+    if (seen.find_first_of(" 0") != seen.npos)
+      return; // a torn file may leave units astray or without a type
+    for (int n = 1; n <= principal.NumCasillas; ++n) {
+      const Casilla& square = principal.Casillas(n);
+      EXPECT_EQ(seen[place(n, principal.NumFilas)],
+                square.Jugador == 0 ? '.'
+                                    : ".BICEG.biceg"[square.Jugador * 6 + square.TUnidad - 6]);
+    }
   }
 
   std::mt19937 random;

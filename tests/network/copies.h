@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <fstream>
 
-#include "forms/text_file.h"
-#include "persistence/game_file.h"
 #include "scripted/game.h"
 
 namespace falanges {
@@ -14,10 +12,10 @@ namespace falanges {
 inline const std::string Positions[] = {"b.i../...../...../...../..I.B",
                                         "b.i../...../...../..I../....B",
                                         "b..../..i../...../..I../....B"};
-inline const std::string Lost = "Sin acceso al archivo - Reintentando...";
 
-inline std::string shared(int board, const std::string& closing = "1\r\n") {
-  return gameFile(Positions[board], closing);
+// By the number of its board and the player in turn, "12".
+inline std::string shared(const std::string& game, const std::string& end = "\r\n") {
+  return gameFile(Positions[game[0] - '0'], game.substr(1) + end);
 }
 
 // The box of the copy that has not won.
@@ -31,12 +29,8 @@ class HeldRunner final : public Runner {
 public:
   void start(std::function<void()> operation) override {
     EXPECT_FALSE(held_) << "one operation at a time";
-    if (const auto act = std::exchange(beforeNext, std::exchange(beforeTheOneAfter, {})))
-      act();
-    if (hold)
-      held_ = std::move(operation);
-    else
-      operation();
+    held_ = std::move(operation);
+    hold ? void() : letGo();
   }
   bool finished(std::chrono::milliseconds patience) override {
     EXPECT_LE(patience.count(), 100);
@@ -44,11 +38,9 @@ public:
   }
   void letGo() {
     hold = false;
-    if (const auto operation = std::exchange(held_, {}))
-      operation();
+    std::exchange(held_, [] {})(), held_ = {};
   }
   bool hold = false;
-  std::function<void()> beforeNext, beforeTheOneAfter; // run once, when an operation starts
 
 private:
   std::function<void()> held_;
@@ -57,11 +49,13 @@ private:
 // One copy, with its player before it. Destroying it is killing the process: nothing is closed.
 class Copy final : public Game {
 public:
-  Copy(char name, const std::string& file, const std::string& options = "0;0;5;1;\r\n",
-       HeldRunner* held = new HeldRunner)
+  Copy(char name, const std::string& file, HeldRunner* held = new HeldRunner)
       : Game(scripted::makePlayer(), std::unique_ptr<Runner>(held)),
         number(name == 'A' ? "1" : "2"), path(file), runner(*held) {
-    configure(options);
+    screen.verbs["join"] = screen.verbs["again"] = [this](auto&, auto&) { join(); };
+    screen.verbs["hold"] = [this](auto&, auto&) { runner.hold = true; };
+    screen.verbs["go"] = [this](auto&, auto&) { runner.letGo(); };
+    configure("0;0;5;1;\r\n");
     start();
   }
   void TestBody() override {}
@@ -69,73 +63,74 @@ public:
   HeldRunner& runner;
 
   void join() {
-    screen.expectFile("Cargar Juego", path);
-    run("menu Opciones, choose comJugadorActualRed " + number + ", click btnCargarJuegoRed");
+    run("menu Opciones, choose comJugadorActualRed " + number);
+    joinBy(path);
+  }
+  // In the options, with a box if it is refused.
+  void joinBy(const std::optional<std::string>& file, const std::string& box = "") {
+    screen.expectFile("Cargar Juego", file);
+    if (!box.empty())
+      screen.expectBox(box);
+    run("click btnCargarJuegoRed");
   }
   std::string position() { return gameText(principal, play.JugadorActual); }
-  std::string caption() { return play.Caption; }
   // In short: the number of the board, the player in turn, "p" where the turn is published, and for
   // the caption "=" as opened, the seconds to go, "." at a poll, "!" without the file.
   std::string all() {
     const std::string board = pictures(), turn = std::to_string(play.JugadorActual);
     EXPECT_EQ(position(), gameFile(board, turn + "\r\n"));
     EXPECT_EQ(status(), turn == "1" ? "En Turno/En Espera" : "En Espera/En Turno");
-    std::map<std::string, std::string> signs = {
-        {"En Juego", "="}, {"Actualizando...", "."}, {Lost, "!"}};
-    for (const std::string seconds : {"1", "2", "3", "4", "5", "6", "7"})
+    std::map<std::string, char> signs = {{"En Juego", '='},
+                                         {"Actualizando...", '.'},
+                                         {"Sin acceso al archivo - Reintentando...", '!'}};
+    for (const char seconds : std::string("1234567"))
       signs["Jugador -" + number + "- Actualización en: -" + seconds + "- segundos"] = seconds;
     return std::to_string(std::find(Positions, Positions + 3, board) - Positions) + turn +
-           (principal.TurnoPublicado ? "p" : "") + signs[caption()];
+           (principal.TurnoPublicado ? "p" : "") + signs[play.Caption];
   }
 };
 
 class Network : public testing::Test {
 protected:
-  Network() { put(shared(0)); }
-
-  void put(const std::optional<std::string>& text) const {
+  // "none": no file.
+  void put(const std::string& text) const {
     std::filesystem::remove(scripted::toPath(path)); // emptying a file would wait for the disk
-    if (text)
-      std::ofstream(path, std::ios::binary) << *text;
+    if (text != "none")
+      std::ofstream(path, std::ios::binary) << text;
   }
-  std::string file() const { return forms::readTextFile(path, 8000).value_or("none"); }
-  void away(bool gone) const {
-    const auto place = scripted::toPath(folder.path());
-    const auto other = scripted::toPath(folder.path() + " (lejos)");
-    gone ? std::filesystem::rename(place, other) : std::filesystem::rename(other, place);
-  }
-  // The steps of a script, each behind the names of those that do it: "AB join, A move 23 18".
+  std::string file() const { return bytesOf(path); }
+  // The steps of a script, each behind the names of those that do it: "AB join, A move 23 18". Or
+  // what becomes of the file: "file 12", "file none"; its folder goes "away" and comes "back".
   void run(const std::string& script) {
-    for (const std::string& step : stepsOf(script)) {
-      const std::size_t blank = step.find(' ');
-      for (const char name : step.substr(0, blank)) {
-        auto& copy = name == 'A' ? a : b;
-        if (step.ends_with(" join"))
-          copy = std::make_unique<Copy>(name, path);
-        if (step.ends_with(" join") || step.ends_with(" again"))
-          copy->join();
-        else
-          copy->run(step.substr(blank + 1));
-      }
+    for (const std::string& step : scripted::stepsOf(script)) {
+      const std::string who = step.substr(0, step.find(' ')), what = step.substr(who.size() + 1);
+      const auto here = scripted::toPath(folder.path()),
+                 there = scripted::toPath(folder.path() + "x");
+      if (what == "away" || what == "back")
+        std::filesystem::rename(what == "away" ? here : there, what == "away" ? there : here);
+      else if (who == "file")
+        put(what == "none" ? what : what == "empty" ? "" : shared(what));
+      else
+        for (const char name : who) {
+          auto& copy = name == 'A' ? a : b;
+          if (what == "join")
+            copy = std::make_unique<Copy>(name, path);
+          copy->run(what);
+        }
     }
   }
   // Both have joined, B has written what it loaded, and A is in turn.
-  void begin() {
-    put(shared(0));
-    run("AB join, B look");
-  }
+  void begin() { run("file 01, AB join, B look"); }
   // Board and closing line of the file, then both copies.
   std::string all() {
     std::string text = "??";
-    for (const int board : {0, 1, 2})
-      for (const std::string closing : {"1", "2"})
-        if (file() == shared(board, closing + "\r\n"))
-          text = std::to_string(board) + closing;
+    for (const std::string game : {"01", "02", "11", "12", "21", "22"})
+      if (file() == shared(game))
+        text = game;
     return text + (a ? " " + a->all() : " -") + (b ? " " + b->all() : " -");
   }
   void follow(const std::vector<std::string>& rows) {
-    walk(
-        rows, [this](const std::string& script) { run(script); }, [this] { return all(); });
+    scripted::walk(rows, [this](const std::string& script) { return run(script), all(); });
   }
 
   scripted::TemporaryFolder folder;

@@ -1,18 +1,36 @@
 // What the forms layer makes of a person's and the program's actions, on whichever screen the test
 // program brings.
 #include <sstream>
-#include <vector>
-
-#include <gtest/gtest.h>
 
 #include "scripted/test_windows.h"
 
 namespace scripted {
 
-using namespace forms;
+struct AtADesktop {
+  std::unique_ptr<Player> player = makePlayer();
+};
 
-class FormsCases : public testing::Test {
+class FormsCases : public testing::Test, protected AtADesktop, protected TestProgram {
 protected:
+  FormsCases() : TestProgram(*player) {
+    const auto plain = [this](const std::string& verb, const std::function<void(Element&)>& does) {
+      player->verbs[verb] = [=, this](auto& on, auto&) { does(player->get(on)); };
+    };
+    plain("focus", [](Element& element) { passOver(element.SetFocus()); });
+    plain("hide", [](Element& element) { element.Visible = false; });
+    plain("disable", [](Element& element) { element.Enabled = false; });
+    // Another program's text, dropped or pasted.
+    plain("drop", [this](Element& box) { forms.typed(dynamic_cast<TextBox&>(box), "x"); });
+    // The first box insists on a value: it tells what is wrong and takes the focus back.
+    player->verbs["insist"] = [this](auto&, auto&) {
+      for (TextBox* box : {&one.txtA, &one.txtB})
+        log.on[box->name() + "_LostFocus"] = [this, box] {
+          forms.messageBox("Falta " + box->name());
+          EXPECT_TRUE(box->SetFocus());
+        };
+      player->expectBox("Falta txtA");
+    };
+  }
   // Both child windows as they were made, the focus on the first one's first element.
   void startAnew() {
     log.on.clear();
@@ -22,8 +40,13 @@ protected:
   // The events since the last look, and where the focus is: "pic_Left pic_Click @pic".
   std::string seen() {
     const std::string events = log.take();
-    return events + (events.empty() ? "@" : " @") + (layer.activeChild() == &two ? "two." : "") +
+    return events + (events.empty() ? "@" : " @") + (forms.activeChild() == &two ? "two." : "") +
            player->focused();
+  }
+  void logMoves(Picture& picture) {
+    picture.MouseMove = [this](float X, float Y) {
+      log.add(std::to_string(static_cast<int>(X)) + "," + std::to_string(static_cast<int>(Y)));
+    };
   }
   // Unit i stands beside the column of the other elements.
   Picture& loadUnit(int i) {
@@ -32,166 +55,110 @@ protected:
     one.picUnidad(i)->Visible = true;
     return *one.picUnidad(i);
   }
-  static std::function<void(float, float)> logPlace(Log& log) {
-    return [&log](float X, float Y) {
-      log.add(std::to_string(static_cast<int>(X)) + "," + std::to_string(static_cast<int>(Y)));
-    };
-  }
-
-  std::unique_ptr<Player> player = makePlayer();
-  TestProgram program{*player};
-  Log& log = program.log;
-  Forms& layer = program.forms;
-  FrameWindow& frame = program.frame;
-  TestWindow& one = program.one;
-  TestWindow& two = program.two;
-  TestWindow& own = program.own;
-};
-
-struct Row {
-  std::string seen;
-  std::function<void()> act;
 };
 
 // What each action raises, in order, and where it leaves the focus.
-class FormsActions : public FormsCases {
-protected:
-  std::function<void()> click(Element& element) {
-    return [this, &element] { player->click(element); };
-  }
-  // The first box insists on a value: it tells what is wrong and takes the focus back.
-  std::function<void()> insisting(const std::function<void()>& depart) {
-    return [this, depart] {
-      for (TextBox* box : {&one.txtA, &one.txtB})
-        log.on[box->name() + "_LostFocus"] = [this, box] {
-          layer.messageBox("Falta " + box->name());
-          EXPECT_TRUE(box->SetFocus());
-        };
-      player->expectBox("Falta txtA");
-      depart();
-    };
-  }
-  void unitGoes(const std::function<void()>& going) {
-    loadUnit(1);
-    log.on["picUnidad_Click1"] = going;
-    const auto hearing = std::exchange(one.pic.LostFocus, {}); // the others would act
-    player->click(*one.picUnidad(1));
-    one.pic.LostFocus = hearing;
-  }
-  void boxes() {
-    passOver(one.com.SetFocus());
-    log.on["mnuHoja_Click"] = [&] {
-      EXPECT_EQ(layer.messageBox("¿Sí?", BoxStyle::WarningYesNo), Answer::Yes);
-      EXPECT_EQ(layer.fileDialog({false, "Abrir", "", "", ""}), std::nullopt);
-    };
-    player->expectBox("¿Sí?", Answer::Yes);
-    player->expectFile("Abrir", ""); // without a name: as good as cancelled
-    player->menu(frame.mnuHoja);
-  }
+const std::vector<std::string> Persons = {
+    "click btn => txtA_LostFocus btn_Click @btn",
+    "click pic => txtA_LostFocus pic_Left pic_Click @pic",
+    "click chk => txtA_LostFocus chk_Click @chk",
+    "click lbl => lbl_Click @txtA",
+    "right pic => pic_Right @txtA",
+    "right txtB => txtA_LostFocus @txtB", // its menu could paste
+    "choose com dos => txtA_LostFocus com_Click @com",
+    "type txtA x => txtA_Change @txtA",
+    "menu Hoja => mnuHoja_Click @txtA",
+    "shortcut btn => btn_Click @txtA",
+    "focus btn, Space => txtA_LostFocus btn_Click @btn",
+    "tab => txtA_LostFocus @txtB",
+    "activate Dos => txtA_LostFocus frmUno_Deactivate @two.txtA",
+    "click Dos.btn => txtA_LostFocus frmUno_Deactivate txtA_LostFocus btn_Click @two.btn",
+    "close Uno => frmUno_QueryUnload frmUno_Unload @two.txtA"};
 
-  const std::vector<Row> persons = {
-      {"txtA_LostFocus btn_Click @btn", click(one.btn)},
-      {"txtA_LostFocus pic_Left pic_Click @pic", click(one.pic)},
-      {"txtA_LostFocus chk_Click @chk", click(one.chk)},
-      {"lbl_Click @txtA", click(one.lbl)},
-      {"pic_Right @txtA", [&] { player->rightClick(one.pic); }},
-      {"txtA_LostFocus @txtB", [&] { player->rightClick(one.txtB); }}, // its menu could paste
-      {"txtA_LostFocus com_Click @com", [&] { player->choose(one.com, 1); }},
-      {"txtA_Change @txtA", [&] { player->type(one.txtA, "x"); }},
-      {"mnuHoja_Click @txtA", [&] { player->menu(frame.mnuHoja); }},
-      {"btn_Click @txtA", [&] { player->shortcut(one.btn); }},
-      {"txtA_LostFocus btn_Click @btn",
-       [&] { passOver(one.btn.SetFocus()), player->key(Key::Space); }},
-      {"txtA_LostFocus @txtB", [&] { player->tab(); }},
-      {"txtA_LostFocus frmUno_Deactivate @two.txtA", [&] { player->activate(two); }},
-      {"txtA_LostFocus frmUno_Deactivate txtA_LostFocus btn_Click @two.btn", click(two.btn)},
-      {"frmUno_QueryUnload frmUno_Unload @two.txtA", [&] { player->closeWindow(one); }},
+TEST_F(FormsCases, RaiseTheirEventsInOrderAndLeaveTheFocusWhereItBelongs) {
+  const auto after = [&](const std::string& script) {
+    startAnew();
+    player->run(script);
+    return seen();
   };
-  const std::vector<Row> others = {
-      // A screen reader, or another program's text, dropped or pasted.
-      {"txtA_LostFocus txtB_Change @txtB", [&] { layer.typed(one.txtB, "x"); }},
-      {"btn_Click @txtA", [&] { one.btn.Visible = false, player->shortcut(one.btn); }},
-      {"txtA_LostFocus com_Click com_Click @com",
-       [&] { player->choose(one.com, 1), player->choose(one.com, 1); }},
-      {"txtA_Change txtA_Change txtA_Change txtA_Change @txtA",
-       [&] { player->type(one.txtA, "ñáéíó"), player->type(one.txtA, ""); }},
-      {"@txtA", [&] { frame.tmr.Enabled = false, player->tick(); }},
-      {"tmr_Tick tmr_Tick @txtA", [&] { frame.tmr.Enabled = true, player->tick(2); }},
-      {"txtA_LostFocus mnuHoja_Click @com", [&] { boxes(); }},
-      // The Tab key goes round past what cannot be reached; from outside the order to either end.
-      {"txtA_LostFocus txtB_LostFocus btn_LostFocus pic_LostFocus txtA_LostFocus @pic",
-       [&] {
-         one.chk.Visible = one.com.Enabled = false;
-         player->tab(), player->tab(), player->tab(), player->tab(), player->tab(false);
-       }},
-      {"txtA_LostFocus @txtA", [&] { passOver(loadUnit(1).SetFocus()), player->tab(); }},
-      {"txtA_LostFocus @pic", [&] { passOver(loadUnit(1).SetFocus()), player->tab(false); }},
-      // A focus put back is no departure and ends the action.
-      {"txtA_LostFocus @txtA", insisting(click(one.btn))},
-      {"txtA_LostFocus @txtA", insisting(click(one.txtB))},
-      {"txtA_LostFocus @txtA", insisting([&] { player->choose(one.com, 0); })},
-      {"txtA_LostFocus @txtA", insisting([&] { player->tab(); })},
-      {"txtA_LostFocus @txtA", insisting([&] { EXPECT_FALSE(player->activate(two)); })},
-      {"txtA_LostFocus @txtA", insisting(click(two.pic))},
-      {"txtA_LostFocus chk_LostFocus frmUno_Deactivate txtA_LostFocus frmDos_Deactivate @chk",
-       [&] { passOver(one.chk.SetFocus()), player->activate(two), player->activate(one); }},
-      // An element may vanish in its own event, or in the one that hands it the focus.
-      {"txtA_LostFocus picUnidad_Click1 @pic",
-       [&] { unitGoes([&] { passOver(one.picUnidad.Unload(1)); }); }},
-      {"txtA_LostFocus picUnidad_Click1 @txtA",
-       [&] { unitGoes([&] { one.picUnidad(1)->Visible = false; }), player->click(one.txtA); }},
-      {"txtA_LostFocus picUnidad_Click1 txtA_LostFocus @pic",
-       [&] {
-         unitGoes([&] {
-           log.on["txtA_LostFocus"] = [&] { one.chk.Enabled = false; };
-           EXPECT_FALSE(!one.txtA.SetFocus() || one.chk.SetFocus());
-         });
-       }},
-      // The program's own.
-      {"txtA_Change @txtA",
-       [&] { EXPECT_EQ((one.txtA.Text = std::string("ñandú")).get(), "ñan"); }},
-      {"chk_Click chk_Click @txtA", [&] { one.chk.Value = 1, one.chk.Value = 0; }},
-      {"@txtA", [&] { one.chk.Value = 0; }},
-      {"txtB_Change @txtA",
-       [&] { one.txtB.Text = std::string("7"), one.txtB.Text = std::string("7"); }},
-      {"com_Click com_Click @txtA",
-       [&] { EXPECT_TRUE(one.com.setText("uno") && one.com.select(0)); }},
-      {"@txtA",
-       [&] { EXPECT_FALSE(one.com.setText("UNO") || one.com.select(-1) || one.com.select(2)); }},
-      {"txtA_LostFocus @txtB", [&] { EXPECT_TRUE(one.txtB.SetFocus() && one.txtB.SetFocus()); }},
-      {"@txtA", [&] { EXPECT_FALSE(one.lbl.SetFocus() || one.picUnidad.pattern.SetFocus()); }},
-  };
-};
-
-TEST_F(FormsActions, RaiseTheirEventsInOrderAndLeaveTheFocusWhereItBelongs) {
+  walk(Persons, after);
   one.txtA.MaxLength = 3; // characters
-  for (const std::vector<Row>* rows : {&persons, &others})
-    for (const auto& [events, act] : *rows) {
-      startAnew();
-      act();
-      EXPECT_EQ(seen(), events);
-    }
+  walk({"drop txtB => txtA_LostFocus txtB_Change @txtB",
+        "hide btn, shortcut btn => btn_Click @txtA",
+        "choose com dos, choose com dos => txtA_LostFocus com_Click com_Click @com",
+        "type txtA ñáéíó, type txtA => txtA_Change txtA_Change txtA_Change txtA_Change @txtA",
+        // The Tab key goes round past what cannot be reached.
+        "hide chk, disable com, tab, tab, tab, tab, tab back => txtA_LostFocus txtB_LostFocus "
+        "btn_LostFocus pic_LostFocus txtA_LostFocus @pic",
+        // A focus put back is no departure and ends the action.
+        "insist, click btn => txtA_LostFocus @txtA", "insist, click txtB => txtA_LostFocus @txtA",
+        "insist, choose com uno => txtA_LostFocus @txtA", "insist, tab => txtA_LostFocus @txtA",
+        "insist, activate Dos => txtA_LostFocus @txtA",
+        "insist, click Dos.pic => txtA_LostFocus @txtA",
+        "focus chk, activate Dos, activate Uno => txtA_LostFocus chk_LostFocus frmUno_Deactivate "
+        "txtA_LostFocus frmDos_Deactivate @chk"},
+       after);
 }
 
-TEST_F(FormsActions, MayCloseTheirWindowBehindABoxInAnyOfTheirEvents) {
+TEST_F(FormsCases, TheProgramsOwnActionsRaiseEventsToo) {
+  one.txtA.MaxLength = 3; // characters
+  EXPECT_EQ((one.txtA.Text = std::string("ñandú")).get(), "ñan");
+  for (const int value : {0, 1, 1, 0})
+    one.chk.Value = value;
+  one.txtB.Text = std::string("7"), one.txtB.Text = std::string("7");
+  EXPECT_TRUE(one.com.setText("uno") && one.com.select(0));
+  EXPECT_FALSE(one.com.setText("UNO") || one.com.select(-1) || one.com.select(2));
+  EXPECT_FALSE(one.lbl.SetFocus() || one.picUnidad.pattern.SetFocus());
+  EXPECT_EQ(seen(), "txtA_Change chk_Click chk_Click txtB_Change com_Click com_Click @txtA");
+  log.on["mnuHoja_Click"] = [&] {
+    EXPECT_EQ(forms.messageBox("¿Sí?", BoxStyle::WarningYesNo), Answer::Yes);
+    EXPECT_EQ(forms.fileDialog({false, "Abrir", "", "", ""}), std::nullopt);
+  };
+  player->expectBox("¿Sí?", Answer::Yes);
+  player->expectFile("Abrir", ""); // without a name: as good as cancelled
+  player->tick();
+  frame.tmr.Enabled = true;
+  player->tick(2);
+  EXPECT_TRUE(one.com.SetFocus() && one.com.SetFocus());
+  player->menu(frame.mnuHoja);
+  EXPECT_EQ(seen(), "tmr_Tick tmr_Tick txtA_LostFocus mnuHoja_Click @com");
+}
+
+TEST_F(FormsCases, AnElementMayVanishInItsOwnEventOrInTheOneThatHandsItTheFocus) {
+  one.pic.LostFocus = {}; // the others would act
+  log.on["picUnidad_Click1"] = [&] { passOver(one.picUnidad.Unload(1)); };
+  player->click(loadUnit(1));
+  EXPECT_EQ(seen(), "txtA_LostFocus picUnidad_Click1 @pic");
+  log.on["picUnidad_Click1"] = [&] { one.picUnidad(1)->Visible = false; };
+  log.on["txtA_LostFocus"] = [&] { one.chk.Enabled = false; };
+  player->click(loadUnit(1));
+  EXPECT_FALSE(!one.txtA.SetFocus() || one.chk.SetFocus());
+  EXPECT_EQ(seen(), "picUnidad_Click1 txtA_LostFocus @pic");
+  // From outside the order the Tab key leads to either end.
+  loadUnit(2);
+  player->run("focus picUnidad(2), tab, focus picUnidad(2), tab back");
+  EXPECT_EQ(seen(), "txtA_LostFocus @pic");
+}
+
+TEST_F(FormsCases, AWindowMayCloseBehindABoxInAnyEventOfAnAction) {
   one.pic.MouseMove = [&](float, float) { log.add("pic_MouseMove"); };
-  layer.afterEvent = [&] { log.add("after"); };
+  forms.afterEvent = [&] { log.add("after"); };
   int closed = 0;
-  for (const auto& [events, act] : persons)
-    for (std::istringstream all(events + " pic_MouseMove"); all.good();) {
+  for (const std::string& row : Persons)
+    for (std::istringstream all(row.substr(row.find(" => ") + 4) + " pic_MouseMove"); all.good();) {
       std::string event;
       all >> event;
-      SCOPED_TRACE(events + ": " + event);
+      SCOPED_TRACE(row + ": " + event);
       startAnew();
       bool raised = false;
       log.on[event] = [&] {
         if (std::exchange(raised, true))
           return;
         player->expectBox("¡Alto!", Answer::Ok, [&] { one.close(); });
-        layer.messageBox("¡Alto!");
+        forms.messageBox("¡Alto!");
         one.lbl.Caption = std::string("nadie la ve");
       };
-      act();
+      player->run(row.substr(0, row.find(" => ")));
       EXPECT_FALSE(raised && one.isOpen());
       EXPECT_TRUE(log.take().ends_with("after"));
       closed += raised;
@@ -201,35 +168,33 @@ TEST_F(FormsActions, MayCloseTheirWindowBehindABoxInAnyOfTheirEvents) {
 
 // A screen may still report what was under way when a box opened.
 TEST_F(FormsCases, WhatAPersonCannotReachHearsNothing) {
-  Element* const all[] = {&one.pic, &one.chk, &one.lbl, &one.txtB, &one.com, &frame.mnuHoja};
   const auto onElements = [&] {
-    layer.pressed(one.pic, MouseButton::Right);
-    layer.moved(one.pic, 1, 1);
-    for (Element* element : all)
-      layer.clicked(*element);
-    layer.typed(one.txtB, "x");
-    layer.chosen(one.com, 0);
-    layer.focusMoved(one.txtB);
-    layer.menuChosen(frame.mnuHoja);
+    forms.pressed(one.pic, MouseButton::Right);
+    forms.moved(one.pic, 1, 1);
+    for (Element* element : one.elements())
+      forms.clicked(*element), passOver(forms.focusMoved(*element));
+    forms.typed(one.txtB, "x");
+    forms.chosen(one.com, 0);
+    forms.menuChosen(frame.mnuHoja);
   };
   const auto onWindows = [&] {
-    layer.shortcutPressed(one.btn);
-    layer.tabbed(one, true);
-    layer.closeRequested(one), layer.closeRequested(frame);
-    EXPECT_FALSE(layer.activated(two) || layer.keyPressed(one, Key::Space));
+    forms.shortcutPressed(one.btn);
+    forms.tabbed(one, true);
+    forms.closeRequested(one), forms.closeRequested(frame);
+    EXPECT_FALSE(forms.activated(two) || forms.keyPressed(one, Key::Space));
   };
-  one.pic.MouseMove = logPlace(log);
-  for (Property<bool> Element::*what : {&Element::Visible, &Element::Enabled}) {
-    for (Element* element : all)
-      element->*what = false;
-    onElements();
-    for (Element* element : all)
-      element->*what = true;
-  }
+  logMoves(one.pic);
+  for (Property<bool> Element::*what : {&Element::Visible, &Element::Enabled})
+    for (const bool can : {false, true}) {
+      for (Element* element : one.elements())
+        element->*what = can;
+      frame.mnuHoja.*what = can;
+      can ? void() : onElements();
+    }
   one.txtA.ReadOnly = true;
-  layer.typed(one.txtA, "x");
+  forms.typed(one.txtA, "x");
   player->expectBox("Hola", Answer::Ok, [&] { onElements(), onWindows(); });
-  layer.messageBox("Hola");
+  forms.messageBox("Hola");
   frame.tmr.Enabled = true;
   player->expectModal("frmPropia", [&] {
     onElements(), onWindows();
@@ -241,15 +206,14 @@ TEST_F(FormsCases, WhatAPersonCannotReachHearsNothing) {
   EXPECT_EQ(log.take(), "frmPropia_Load tmr_Tick txtA_LostFocus btn_Click frmPropia_QueryUnload "
                         "frmPropia_Unload");
   onElements();
-  EXPECT_EQ(log.take(), "pic_Right 1,1 txtA_LostFocus pic_Click pic_LostFocus chk_Click lbl_Click "
-                        "chk_LostFocus txtB_LostFocus com_LostFocus txtB_Change txtB_LostFocus "
-                        "com_Click com_LostFocus "
-                        "mnuHoja_Click");
+  EXPECT_EQ(log.take(), "pic_Right 1,1 txtA_LostFocus txtB_LostFocus chk_Click chk_LostFocus "
+                        "com_LostFocus btn_Click btn_LostFocus pic_Click pic_LostFocus lbl_Click "
+                        "txtB_Change txtB_LostFocus com_Click mnuHoja_Click");
   one.close();
   log.take();
   onElements();
-  layer.shortcutPressed(one.btn);
-  EXPECT_FALSE(layer.activated(one));
+  forms.shortcutPressed(one.btn);
+  EXPECT_FALSE(forms.activated(one));
   EXPECT_EQ(log.take(), "mnuHoja_Click");
 }
 
@@ -283,7 +247,7 @@ TEST_F(FormsCases, AHandlerOutlivesItsWindowWhichOpensAsItWasMade) {
 
 TEST_F(FormsCases, WhatWaitsForTheEndOfAnEventRunsOnceBehindTheOutermost) {
   frame.tmr.Enabled = true;
-  layer.afterEvent = [&] { log.add("after"), layer.messageBox("después"); };
+  forms.afterEvent = [&] { log.add("after"), forms.messageBox("después"); };
   player->expectBox("después", Answer::Ok, [&] { player->tick(); });
   player->menu(frame.mnuHoja);
   EXPECT_EQ(log.take(), "mnuHoja_Click after tmr_Tick");
@@ -306,21 +270,21 @@ TEST_F(FormsCases, ArrayElementsComeAndGoByIndex) {
 TEST_F(FormsCases, TheFrameAsksAllItsChildrenBeforeAnyCloses) {
   for (TestWindow* refuses : std::initializer_list<TestWindow*>{&frame, &one}) {
     refuses->letClose = false;
-    EXPECT_FALSE(layer.sessionMayEnd() || player->closeWindow(frame));
+    EXPECT_FALSE(forms.sessionMayEnd() || player->closeWindow(frame));
     EXPECT_TRUE(two.isOpen());
     refuses->letClose = true;
   }
-  EXPECT_TRUE(layer.sessionMayEnd() && one.isOpen());
+  EXPECT_TRUE(forms.sessionMayEnd() && one.isOpen());
   log.take();
   // A second wish to close, from a tick behind the question, changes nothing.
-  log.on["frmMarco_QueryUnload"] = [&] { layer.messageBox("¿Salir?", BoxStyle::WarningYesNo); };
-  log.on["tmr_Tick"] = [&] { EXPECT_FALSE(frame.close() || layer.sessionMayEnd()); };
+  log.on["frmMarco_QueryUnload"] = [&] { forms.messageBox("¿Salir?", BoxStyle::WarningYesNo); };
+  log.on["tmr_Tick"] = [&] { EXPECT_FALSE(frame.close() || forms.sessionMayEnd()); };
   frame.tmr.Enabled = true;
   player->expectBox("¿Salir?", Answer::Yes, [&] { player->tick(); });
   EXPECT_TRUE(player->closeWindow(frame));
   EXPECT_EQ(log.take(), "frmMarco_QueryUnload tmr_Tick frmDos_QueryUnload frmUno_QueryUnload "
                         "frmDos_Unload frmUno_Unload frmMarco_Unload");
-  EXPECT_TRUE(layer.openWindows().empty());
+  EXPECT_TRUE(forms.openWindows().empty());
 }
 
 TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
@@ -337,7 +301,7 @@ TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
   unit.AccessibleName = std::string("Unidad");
   unit.ZOrder();
   board.LostFocus = {};
-  board.MouseMove = unit.MouseMove = logPlace(log);
+  logMoves(board), logMoves(unit);
   one.picUnidad.MouseDown = [&](int i, MouseButton button) {
     log.add(button == MouseButton::Left ? "unit_Left" : "unit_Right");
     if (button == MouseButton::Right)
@@ -345,39 +309,27 @@ TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
   };
   EXPECT_TRUE(board.SetFocus());
   log.take();
-  const struct {
-    std::vector<Key> keys;
-    int square;
-    const char *name, *seen;
-  } table[] = {
-      {{Key::Enter}, 0, "Tablero", "@pic"}, // no square is pointed at yet
-      {{Key::Right, Key::Left, Key::Down}, 7, "vacío 7", "300,1500 300,1500 300,1500 @pic"},
-      {{Key::Up, Key::Space}, 4, "vacío 4", "300,900 300,900 pic_Left pic_Click @pic"},
-      {{Key::Right}, 5, "Unidad", "240,240 @pic"},
-      {{Key::Enter}, 5, "Unidad", "240,240 unit_Left picUnidad_Click5 @picUnidad(5)"},
-      {{Key::Right, Key::Left}, 5, "Unidad", "1500,900 240,240 @pic"},
-      {{Key::Delete}, 5, "vacío 5", "240,240 unit_Right @pic"},
-      {{Key::Up, Key::Up}, 2, "vacío 2", "900,300 900,300 @pic"},
-      {{Key::Right, Key::Right}, 3, "vacío 3", "1500,300 1500,300 @pic"},
+  const auto after = [&](const std::string& keys) {
+    player->run(keys);
+    return seen() + " " + std::to_string(board.cursorSquare) + " " + board.AccessibleName.get();
   };
-  for (const auto& row : table) {
-    for (const Key key : row.keys)
-      player->key(key);
-    EXPECT_EQ(seen(), row.seen);
-    EXPECT_EQ(board.AccessibleName.get(), row.name);
-    EXPECT_EQ(board.cursorSquare, row.square) << "is marked";
-  }
+  walk({"Enter => @pic 0 Tablero", // no square is pointed at yet
+        "Right, Left, Down => 300,1500 300,1500 300,1500 @pic 7 vacío 7",
+        "Up, Space => 300,900 300,900 pic_Left pic_Click @pic 4 vacío 4",
+        "Right => 240,240 @pic 5 Unidad",
+        "Enter => 240,240 unit_Left picUnidad_Click5 @picUnidad(5) 5 Unidad",
+        "Right, Left => 1500,900 240,240 @pic 5 Unidad",
+        "Delete => 240,240 unit_Right @pic 5 vacío 5", "Up, Up => 900,300 900,300 @pic 2 vacío 2",
+        "Right, Right => 1500,300 1500,300 @pic 3 vacío 3"},
+       after);
   // The mouse hides it; the next arrow key brings it back where the mouse last pointed.
   player->clickOn(board, 900, 1500); // square 8
-  EXPECT_EQ(board.cursorSquare, 0);
-  EXPECT_EQ(board.AccessibleName.get(), "Tablero");
+  log.take();
+  EXPECT_EQ(after(""), "@pic 0 Tablero");
   player->moveOver(board, 300, 900); // square 4
   log.take();
-  for (const auto& [key, square] : {std::pair(Key::Enter, 0), {Key::Up, 4}, {Key::Up, 1}}) {
-    player->key(key);
-    EXPECT_EQ(board.cursorSquare, square);
-  }
-  EXPECT_EQ(log.take(), "300,900 300,300");
+  walk({"Enter => @pic 0 Tablero", "Up => 300,900 @pic 4 vacío 4", "Up => 300,300 @pic 1 vacío 1"},
+       after);
   board.setGrid(3, 600);
   EXPECT_EQ(board.cursorSquare, 0) << "another board has none";
 }

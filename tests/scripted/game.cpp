@@ -1,14 +1,7 @@
 #include "scripted/game.h"
 
-#include <algorithm>
-#include <cctype>
 #include <fstream>
 #include <sstream>
-#include <stdexcept>
-
-#include "forms/text_file.h"
-#include "persistence/game_file.h"
-#include "shell/information_box.h"
 
 namespace falanges {
 
@@ -24,17 +17,14 @@ std::string blank(int side) {
 std::string gameFile(const std::string& drawing, const std::string& closing) {
   constexpr std::string_view units = ".BICEG.biceg";
   std::ostringstream text;
-  int row = 1, column = 0;
-  for (const char c : drawing) {
-    const std::size_t unit = units.find(c);
-    if (c == '/') {
-      ++row, column = 0;
-      continue;
-    }
-    ++column;
-    text << (c == '.' ? 0 : unit / 6 + 1) << ';' << unit % 6 << ';' << row * 1180 - 800 << ';'
-         << column * 1180 + 160 << ';' << row << ';' << column << ";\r\n";
-  }
+  int row = 1, column = 1;
+  for (const char c : drawing)
+    if (const std::size_t unit = units.find(c); unit == units.npos)
+      ++row, column = 1;
+    else
+      text << (c == '.' ? 0 : unit / 6 + 1) << ';' << unit % 6 << ';' << row * 1180 - 800 << ';'
+           << column * 1180 + 160 << ';' << row << ';' << column << ";\r\n",
+          ++column;
   return text.str() + closing;
 }
 
@@ -43,34 +33,31 @@ std::string victory(const std::string& player, const std::string& how) {
          "- GANA\r\n\r\nCierre la ventana del Tablero para iniciar otro juego";
 }
 
-std::string bytesOf(const std::string& path) {
-  std::ifstream file(toPath(path), std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::pair<std::string, std::string> halves(const std::string& row) {
-  const std::size_t end = row.find(" => ");
-  return {row.substr(0, end), row.substr(end + 4)};
-}
-
-void walk(const std::vector<std::string>& rows, const std::function<void(const std::string&)>& run,
-          const std::function<std::string()>& seen) {
-  for (const std::string& row : rows) {
-    SCOPED_TRACE(row);
-    run(halves(row).first);
-    EXPECT_EQ(seen(), halves(row).second);
-  }
-}
-
-std::vector<std::string> stepsOf(const std::string& script) {
-  std::vector<std::string> all;
-  std::istringstream steps(script);
-  for (std::string step; std::getline(steps >> std::ws, step, ',');)
-    all.push_back(step);
-  return all;
-}
-
 // --- What the player does ------------------------------------------------------------------------
+
+Game::Game(std::unique_ptr<scripted::Player> before, std::unique_ptr<Runner> runner)
+    : player(std::move(before)), app(*player, std::move(runner)) {
+  auto& does = screen.verbs;
+  does["expect"] = [this](auto& box, auto& answer) {
+    screen.expectBox(Boxes.at(box), answer == "yes" ? Answer::Yes : Answer::Ok);
+  };
+  does["move"] = [this](auto& from, auto& to) { move(std::stoi(from), std::stoi(to)); };
+  does["square"] = [this](auto& number, auto& inset) { // so many twips from its corner
+    const int n = std::stoi(number) - 1, side = principal.NumFilas;
+    const int in = inset.empty() ? 590 : std::stoi(inset);
+    screen.clickOn(screen.get<forms::Picture>("picTablero"),
+                   static_cast<float>(n % side * 1180 + in),
+                   static_cast<float>(n / side * 1180 + in));
+  };
+  does["load"] = [this](auto& board, auto& turn) { load(gameFile(board, turn + "\r\n")); };
+  does["layOut"] = [this](auto& board, auto&) { layOut(gameFile(board)); };
+  does["save"] = [this](auto& kind, auto& name) { choose("Guardar" + kind, file(name)); };
+  // From poll to poll, or so many seconds; a poll at once.
+  does["tick"] = [this](auto& seconds, auto&) {
+    screen.tick(seconds.empty() ? principal.SegundosActualizacion + 1 : std::stoi(seconds));
+  };
+  does["look"] = [this](auto&, auto&) { principal.SegundosRestantes = 0, screen.tick(); };
+}
 
 void Game::start() {
   screen.expectBox(informationBox().text);
@@ -86,58 +73,9 @@ void Game::TearDown() {
   EXPECT_TRUE(screen.closeWindow(frame));
 }
 
-void Game::run(const std::string& script) {
-  for (const std::string& step : stepsOf(script)) {
-    SCOPED_TRACE(step);
-    std::string what, on, value;
-    std::istringstream(step) >> what >> on >> value;
-    act(what, on, value);
-  }
-}
-
-void Game::act(const std::string& what, const std::string& on, const std::string& value) {
-  const auto number = [](const std::string& text, int otherwise = 0) {
-    return text.empty() ? otherwise : std::stoi(text);
-  };
-  const auto square = [&] { // so many twips from its corner
-    const int n = number(on) - 1, side = principal.NumFilas, inset = number(value, 590);
-    screen.clickOn(get<forms::Picture>("picTablero"), static_cast<float>(n % side * 1180 + inset),
-                   static_cast<float>(n / side * 1180 + inset));
-  };
-  const auto item = [&] {
-    const auto& items = get<forms::DropList>(on).items();
-    return static_cast<int>(std::find(items.begin(), items.end(), value) - items.begin());
-  };
-  const std::map<std::string, std::function<void()>> does = {
-      {"expect",
-       [&] {
-         screen.expectBox(Boxes.at(on), value == "yes"  ? Answer::Yes
-                                        : value == "no" ? Answer::No
-                                                        : Answer::Ok);
-       }},
-      {"menu", [&] { screen.menu(get<forms::MenuEntry>("mnu" + on)); }},
-      {"click", [&] { screen.click(get(on)); }},
-      {"right", [&] { screen.rightClick(get("picUnidad(" + on + ")")); }},
-      {"move", [&] { move(number(on), number(value)); }},
-      {"square", square},
-      {"choose", [&] { screen.choose(get<forms::DropList>(on), item()); }},
-      {"type", [&] { screen.type(get<forms::TextBox>(on), value); }},
-      {"tab", [&] { screen.tab(on.empty()); }},
-      {"activate", [&] { screen.activate(get<forms::Window>("frm" + on)); }},
-      {"close", [&] { screen.closeWindow(get<forms::Window>("frm" + on)); }},
-      {"load", [&] { load(gameFile(on, value + "\r\n")); }},
-      {"layOut", [&] { layOut(gameFile(on)); }},
-      {"save", [&] { choose("Guardar" + on, file(value)); }},
-      // From poll to poll, or so many seconds; a poll at once.
-      {"tick", [&] { screen.tick(number(on, principal.SegundosActualizacion + 1)); }},
-      {"look", [&] { principal.SegundosRestantes = 0, screen.tick(); }},
-  };
-  does.at(what)();
-}
-
 void Game::move(int from, int to) {
-  screen.click(get("picUnidad(" + std::to_string(from) + ")"));
-  screen.click(get("picMovimientoPermitido(" + std::to_string(to) + ")"));
+  run("click picUnidad(" + std::to_string(from) + "), click picMovimientoPermitido(" +
+      std::to_string(to) + ")");
 }
 
 void Game::choose(const std::string& entry, const std::optional<std::string>& path,
@@ -146,7 +84,7 @@ void Game::choose(const std::string& entry, const std::optional<std::string>& pa
   screen.expectFile(title.insert(title.find_first_of("JP", 1), " "), path, meanwhile);
   if (!box.empty())
     screen.expectBox(box);
-  run("menu " + entry);
+  run("menu mnu" + entry);
 }
 
 std::string Game::file(const std::string& name) {
@@ -160,17 +98,6 @@ std::string Game::write(const std::string& name, const std::string& text) {
 
 // --- What the player sees ------------------------------------------------------------------------
 
-forms::Element& Game::find(const std::string& name) {
-  for (forms::Window* window : app.forms.openWindows()) {
-    if (window->name() == name)
-      return *window;
-    for (forms::Element* element : window->elements())
-      if (name.starts_with(element->arrayName()) && element->name() == name)
-        return *element;
-  }
-  throw std::runtime_error(name + " is not there");
-}
-
 forms::Picture* Game::unit(int n) {
   return (play.isOpen() ? play.picUnidad : app.nuevoJuego.picUnidad)(n);
 }
@@ -183,7 +110,7 @@ std::string Game::pictures() {
       const std::string& path = picture->picturePath(); // it ends like "inf_j1.jpg"
       char kind = path.empty() ? '0' : path[path.size() - 10];
       if (path.ends_with("_j1.jpg"))
-        kind = static_cast<char>(std::toupper(kind));
+        kind = static_cast<char>(kind - 'a' + 'A');
       if (n <= side * side && picture->Visible && picture->Top == 380 + (n - 1) / side * 1180 &&
           picture->Left == 1340 + (n - 1) % side * 1180)
         drawing[place(n, side)] = kind;
@@ -220,7 +147,7 @@ std::string Game::status() {
 }
 
 std::string Game::hint(const std::string& picture, float X, float Y) {
-  auto& under = get<forms::Picture>(picture);
+  auto& under = screen.get<forms::Picture>(picture);
   screen.moveOver(under, X, Y);
   return under.ToolTipText;
 }

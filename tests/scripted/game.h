@@ -4,14 +4,11 @@
 // elephants and general, in capitals those of player 1, and "." is an empty square.
 #pragma once
 
-#include <map>
-#include <string>
-#include <vector>
-
-#include <gtest/gtest.h>
-
+#include "forms/text_file.h"
+#include "persistence/game_file.h"
 #include "scripted/player.h"
 #include "shell/app.h"
+#include "shell/information_box.h"
 
 namespace falanges {
 
@@ -28,6 +25,10 @@ inline const std::map<std::string, std::string> Boxes = {
     {"seconds", "DEBE colocar un valor entre 5 y 300 segundos de actualización"},
     {"moves", "DEBE colocar un valor entre 1 y 5 Movimientos por Turno"}};
 
+// Around the path in the box of a file that cannot be loaded, and behind it where that is all.
+inline const std::string Invalid = "El archivo no contiene un juego guardado válido:\r\n",
+                         Incomplete = "\r\nEl archivo está incompleto";
+
 // The box of the player who wins by a move: "la Bandera", "TODAS las Banderas".
 std::string victory(const std::string& player, const std::string& how);
 
@@ -38,30 +39,23 @@ inline std::size_t place(int n, int side) {
 std::string blank(int side);
 // The text of a saved game with this board, worked out apart from the program.
 std::string gameFile(const std::string& drawing, const std::string& closing = "1\r\n");
-std::string bytesOf(const std::string& path);
-
-// Each row of a table is what is done, " => ", what is seen then.
-std::pair<std::string, std::string> halves(const std::string& row);
-void walk(const std::vector<std::string>& rows, const std::function<void(const std::string&)>& run,
-          const std::function<std::string()>& seen);
-// Each step of a script, without its comma.
-std::vector<std::string> stepsOf(const std::string& script);
+inline std::string bytesOf(const std::string& path) {
+  return forms::readTextFile(path, 100000).value_or("none");
+}
 
 class Game : public testing::Test {
 public:
   explicit Game(std::unique_ptr<scripted::Player> before = scripted::makePlayer(),
-                std::unique_ptr<Runner> runner = std::make_unique<RunnerAtOnce>())
-      : player(std::move(before)), app(*player, std::move(runner)) {}
+                std::unique_ptr<Runner> runner = std::make_unique<RunnerAtOnce>());
   // Past the information box.
   void start();
   // Closes the program, whatever is open.
   void TearDown() override;
 
   // What a person does, step by step: "click picINF, square 25, menu Opciones, tab".
-  void run(const std::string& script);
+  void run(const std::string& script) { screen.run(script); }
   void walk(const std::vector<std::string>& rows, const std::function<std::string()>& seen) {
-    falanges::walk(
-        rows, [this](const std::string& script) { run(script); }, seen);
+    scripted::walk(rows, [&](const std::string& script) { return run(script), seen(); });
   }
   void move(int from, int to);
   // Through its menu entry and the file dialog: "CargarJuego".
@@ -75,10 +69,6 @@ public:
   std::string write(const std::string& name, const std::string& text);
   void configure(const std::string& text) { write("VornathFalangesZTEE.cfg", text); }
 
-  // The element or window of this name; a test without it cannot go on.
-  template <class T = forms::Element> T& get(const std::string& name) {
-    return dynamic_cast<T&>(find(name));
-  }
   // On whichever screen is open; nullptr when there is none.
   forms::Picture* unit(int n);
   // The board as its pictures show it: "0" stands for a unit without one; a unit that is hidden or
@@ -101,10 +91,6 @@ public:
   Principal& principal = app.principal;
   frmPrincipal& frame = app.frame;
   frmEnJuego& play = app.enJuego;
-
-private:
-  forms::Element& find(const std::string& name);
-  void act(const std::string& what, const std::string& on, const std::string& value);
 };
 
 } // namespace falanges

@@ -1,18 +1,56 @@
 #include "scripted/player.h"
 
 #include <algorithm>
-#include <stdexcept>
-
-#include <gtest/gtest.h>
+#include <sstream>
 
 namespace scripted {
 
-using namespace forms;
-using namespace std::chrono;
+std::vector<std::string> stepsOf(const std::string& script) {
+  std::vector<std::string> all;
+  std::istringstream steps(script);
+  for (std::string step; std::getline(steps >> std::ws, step, ',');)
+    all.push_back(step);
+  return all;
+}
 
-void Player::requireReachable(const Element& element) {
-  if (!element.isReachable())
-    throw std::runtime_error("Nobody could use " + element.name());
+void walk(const std::vector<std::string>& rows,
+          const std::function<std::string(const std::string&)>& seenAfter) {
+  for (const std::string& row : rows) {
+    SCOPED_TRACE(row);
+    const std::size_t end = row.find(" => ");
+    EXPECT_EQ(seenAfter(row.substr(0, end)), row.substr(end + 4));
+  }
+}
+
+Player::Player() {
+  verbs = {
+      {"click", [this](auto& on, auto&) { click(get(on)); }},
+      {"right", [this](auto& on, auto&) { rightClick(get(on)); }},
+      {"type", [this](auto& on, auto& text) { type(get<TextBox>(on), text); }},
+      {"tab", [this](auto& back, auto&) { tab(back.empty()); }},
+      {"menu", [this](auto& on, auto&) { menu(get<MenuEntry>(on)); }},
+      {"shortcut", [this](auto& on, auto&) { shortcut(get<Button>(on)); }},
+      {"activate", [this](auto& on, auto&) { activate(get<Window>(on)); }},
+      {"close", [this](auto& on, auto&) { closeWindow(get<Window>(on)); }},
+      {"tick", [this](auto& seconds, auto&) { tick(std::stoi(seconds)); }},
+      {"choose",
+       [this](auto& on, auto& item) {
+         const auto& all = get<DropList>(on).items();
+         choose(get<DropList>(on), static_cast<int>(std::ranges::find(all, item) - all.begin()));
+       }},
+  };
+  int next = 0; // in the order of forms::Key
+  for (const char* name : {"Left", "Right", "Up", "Down", "Enter", "Space", "Delete", "Escape"})
+    verbs[name] = [this, which = Key(next++)](auto&, auto&) { key(which); };
+}
+
+void Player::run(const std::string& script) {
+  for (const std::string& step : stepsOf(script)) {
+    SCOPED_TRACE(step);
+    std::string what, on, value;
+    std::istringstream(step) >> what >> on >> value;
+    verbs.at(what)(on, value);
+  }
 }
 
 void Player::finish() {
@@ -40,7 +78,6 @@ Player::Expected Player::next(const MessageBox& box) {
 // Which timers run is the forms layer's knowledge: those of the screen would go by real time.
 void Player::tick(int seconds) {
   for (; seconds > 0; --seconds) {
-    clock += 1s;
     std::vector<Timer*> timers;
     for (const Window* window : forms_->openWindows())
       for (Element* element : window->elements())
@@ -54,23 +91,8 @@ void Player::tick(int seconds) {
 
 // --- What the program asks -----------------------------------------------------------------------
 
-Answer Player::messageBox(const MessageBox& box) {
-  const Expected expected = next(box);
-  if (expected.meanwhile)
-    expected.meanwhile();
-  return expected.answer;
-}
-
-std::optional<std::string> Player::fileDialog(const FileDialog& dialog) {
-  const Expected expected = next(dialog);
-  if (expected.meanwhile)
-    expected.meanwhile();
-  return expected.path;
-}
-
 void Player::waitModal(Window& window) {
-  if (const Expected expected = next(window.name()); expected.meanwhile)
-    expected.meanwhile();
+  next(window.name()).passed();
   EXPECT_FALSE(window.isOpen()) << "The modal window was not closed.";
 }
 
@@ -85,73 +107,24 @@ std::optional<PictureSize> Player::pictureSize(const std::string& path) {
   return PictureSize{side, side};
 }
 
-void Player::windowClosed(Window& window) {
-  if (focus_ && &focus_->window() == &window)
-    focus_ = nullptr;
-}
-
-void Player::changed(Element& element) {
-  EXPECT_TRUE(element.window().isOpen()) << element.name();
-}
-
-void Player::removed(Element& element) {
-  changed(element);
-  if (focus_ == &element)
-    focus_ = nullptr;
-}
-
-void Player::focusAsked(Element& element) {
-  changed(element);
-  focus_ = element.kind() == Kind::Window ? nullptr : &element;
-}
-
-DateTime Player::now() {
-  const auto today = floor<days>(clock);
-  const year_month_day date(today);
-  const hh_mm_ss time(clock - today);
-  const auto whole = [](auto part) { return static_cast<int>(part.count()); };
-  return {static_cast<int>(date.year()),
-          static_cast<int>(static_cast<unsigned>(date.month())),
-          static_cast<int>(static_cast<unsigned>(date.day())),
-          whole(time.hours()),
-          whole(time.minutes()),
-          whole(time.seconds())};
-}
-
 // --- What the person does ------------------------------------------------------------------------
 
 bool Player::press(Element& element) {
   const Window& home = element.window();
-  const bool let = forms_->pressed(element, MouseButton::Left);
-  const auto& standing = home.elements();
-  return let && std::find(standing.begin(), standing.end(), &element) != standing.end() &&
-         element.isReachable();
+  return forms_->pressed(element, MouseButton::Left) &&
+         std::ranges::count(home.elements(), &element) > 0 && element.isReachable();
 }
 
 bool Player::doClick(Element& element) {
   if (auto* const picture = dynamic_cast<Picture*>(&element))
     return doClickOn(*picture, static_cast<float>(picture->Width) / 2,
                      static_cast<float>(picture->Height) / 2);
-  const bool let = press(element);
-  if (let)
-    forms_->clicked(element);
-  return let;
-}
-
-void Player::doRightClick(Element& element) {
-  forms_->pressed(element, MouseButton::Right);
+  return press(element) && (forms_->clicked(element), true);
 }
 
 bool Player::doClickOn(Picture& picture, float X, float Y) {
   forms_->moved(picture, X, Y);
-  const bool let = press(picture);
-  if (let)
-    forms_->clicked(picture);
-  return let;
-}
-
-void Player::doMoveOver(Picture& picture, float X, float Y) {
-  forms_->moved(picture, X, Y);
+  return press(picture) && (forms_->clicked(picture), true);
 }
 
 void Player::doType(TextBox& box, std::string_view text) {
@@ -164,23 +137,6 @@ void Player::doType(TextBox& box, std::string_view text) {
     while (end < text.size() && (text[end] & 0xC0) == 0x80); // the character has more bytes
     forms_->typed(box, box.Text.get() + std::string(text.substr(start, end - start)));
   }
-}
-
-void Player::doChoose(DropList& list, int item) {
-  if (press(list))
-    forms_->chosen(list, item);
-}
-
-Window& Player::keyboardWindow() const {
-  return focus_ ? focus_->window() : *forms_->activeChild();
-}
-
-void Player::doTab(bool forwards) {
-  forms_->tabbed(keyboardWindow(), forwards);
-}
-
-void Player::doKey(Key key, int digit) {
-  forms_->keyPressed(keyboardWindow(), key, digit);
 }
 
 } // namespace scripted

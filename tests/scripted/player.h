@@ -2,32 +2,39 @@
 // has no screen; the tests of the real one put it in its place.
 #pragma once
 
-#include <chrono>
 #include <deque>
-#include <functional>
+#include <map>
 #include <memory>
-#include <optional>
-#include <string>
-#include <string_view>
+#include <stdexcept>
+
+#include <gtest/gtest.h>
 
 #include "forms/forms.h"
 #include "scripted/temporary_folder.h"
 
 namespace scripted {
 
+using namespace forms;
+
 using Meanwhile = std::function<void()>;
+
+// Each step of a script, without its comma.
+std::vector<std::string> stepsOf(const std::string& script);
+// Each row of a table is what is done, " => ", what is seen then.
+void walk(const std::vector<std::string>& rows,
+          const std::function<std::string(const std::string&)>& seenAfter);
 
 // Strict: a box that was not expected, an answer left over, and an action on what is hidden or
 // disabled each fail the running test.
-class Player : public forms::Desktop {
+class Player : public Desktop {
 public:
+  Player();
   ~Player() override { finish(); }
 
   // --- What the program will ask, in this order ------------------------------------------------
   // A box with this text, to the letter: a question unless the answer is Ok. `meanwhile` runs while
   // it is open.
-  void expectBox(std::string text, forms::Answer answer = forms::Answer::Ok,
-                 Meanwhile meanwhile = {}) {
+  void expectBox(std::string text, Answer answer = Answer::Ok, Meanwhile meanwhile = {}) {
     expected_.push_back({std::move(text), answer, {}, std::move(meanwhile)});
   }
   // By its title. Path nullopt: cancelled.
@@ -40,39 +47,55 @@ public:
   }
   // Fails for each answer that was not asked for, and forgets it.
   void finish();
-  forms::MessageBox lastBox;
-  forms::FileDialog lastFile;
+  MessageBox lastBox;
+  FileDialog lastFile;
 
   // --- What the person does --------------------------------------------------------------------
+  // Step by step, each with its verb first: "click btn, type txtA 5, Up". A test may bring its own.
+  void run(const std::string& script);
+  using Verb = std::function<void(const std::string& on, const std::string& value)>;
+  std::map<std::string, Verb> verbs;
+  // The element or window on the screen whose name ends so, in the window that opened last: "btn",
+  // "frmUno.btn". A test without it cannot go on.
+  template <class T = Element> T& get(const std::string& name) const {
+    const auto& open = forms_->openWindows();
+    for (auto window = open.rbegin(); window != open.rend(); ++window) {
+      std::vector<Element*> all = (*window)->elements();
+      all.push_back(*window);
+      for (Element* element : all)
+        if (T* const found = dynamic_cast<T*>(element);
+            found && ((*window)->name() + "." + element->name()).ends_with(name))
+          return *found;
+    }
+    throw std::runtime_error(name + " is not there");
+  }
   // Moves there, presses, lets go. False when the click was not carried out, as the press moved the
   // focus and that was refused, or took the element away.
-  bool click(forms::Element& element) { return done(doClick(usable(element))); }
-  void rightClick(forms::Element& element) { doRightClick(usable(element)), afterAction(); }
+  bool click(Element& element) { return done(doClick(usable(element))); }
+  void rightClick(Element& element) { doRightClick(usable(element)), afterAction(); }
   // At X, Y of the picture, twips from its inner corner.
-  bool clickOn(forms::Picture& picture, float X, float Y) {
+  bool clickOn(Picture& picture, float X, float Y) {
     return done(doClickOn(usable(picture), X, Y));
   }
-  void moveOver(forms::Picture& picture, float X, float Y) {
+  void moveOver(Picture& picture, float X, float Y) {
     doMoveOver(usable(picture), X, Y), afterAction();
   }
   // Replaces what the text box holds, key by key.
-  void type(forms::TextBox& box, std::string_view text) {
-    doType(usable(box), text), afterAction();
-  }
-  void choose(forms::DropList& list, int item) { doChoose(usable(list), item), afterAction(); }
+  void type(TextBox& box, std::string_view text) { doType(usable(box), text), afterAction(); }
+  void choose(DropList& list, int item) { doChoose(usable(list), item), afterAction(); }
   void tab(bool forwards = true) { doTab(forwards), afterAction(); }
   // Any other key; `digit` with Key::Digit.
-  void key(forms::Key key, int digit = 0) { doKey(key, digit), afterAction(); }
-  void menu(forms::MenuEntry& entry) { doMenu(usable(entry)), afterAction(); }
+  void key(Key key, int digit = 0) { doKey(key, digit), afterAction(); }
+  void menu(MenuEntry& entry) { doMenu(usable(entry)), afterAction(); }
   // Also of a button that is hidden.
-  void shortcut(forms::Button& button) { doShortcut(button), afterAction(); }
+  void shortcut(Button& button) { doShortcut(button), afterAction(); }
   // Asks the window to close; true when it has.
-  bool closeWindow(forms::Window& window) {
+  bool closeWindow(Window& window) {
     doClose(usable(window));
     return done(!window.isOpen());
   }
   // Turns to another child window; true when that became the active one.
-  bool activate(forms::Window& window) {
+  bool activate(Window& window) {
     doActivate(usable(window));
     return done(forms_->activeChild() == &window);
   }
@@ -81,58 +104,71 @@ public:
   // Lets this many seconds pass, with a tick in each of every timer that runs.
   void tick(int seconds = 1);
 
-  // 9 March 2005, 08:05:07 at the start.
-  std::chrono::sys_seconds clock =
-      std::chrono::sys_days(std::chrono::year(2005) / 3 / 9) + std::chrono::seconds(29107);
   // A picture whose file name has this in it cannot be loaded.
   std::string missingPictures = "none";
 
-  void windowOpened(forms::Window& window) override { forms_ = &window.forms(); }
-  void windowClosed(forms::Window& window) override;
-  void waitModal(forms::Window& window) override;
-  void changed(forms::Element& element) override;
-  void removed(forms::Element& element) override;
-  void focusAsked(forms::Element& element) override;
-  forms::Answer messageBox(const forms::MessageBox& box) override;
-  std::optional<std::string> fileDialog(const forms::FileDialog& dialog) override;
-  std::optional<forms::PictureSize> pictureSize(const std::string& path) override;
-  forms::DateTime now() override;
+  void windowOpened(Window& window) override { forms_ = &window.forms(); }
+  void windowClosed(Window& window) override {
+    focus_ = focus_ && &focus_->window() == &window ? nullptr : focus_;
+  }
+  void waitModal(Window& window) override;
+  void changed(Element& element) override {
+    EXPECT_TRUE(element.window().isOpen()) << element.name();
+  }
+  void removed(Element& element) override {
+    changed(element), focus_ = focus_ == &element ? nullptr : focus_;
+  }
+  void focusAsked(Element& element) override {
+    changed(element), focus_ = element.kind() == Kind::Window ? nullptr : &element;
+  }
+  Answer messageBox(const MessageBox& box) override { return next(box).passed().answer; }
+  std::optional<std::string> fileDialog(const FileDialog& dialog) override {
+    return next(dialog).passed().path;
+  }
+  std::optional<PictureSize> pictureSize(const std::string& path) override;
+  DateTime now() override { return {2005, 3, 9, 8, 5, 7}; }
   // A folder of its own with the program's pictures in it, or none.
   std::string programFolder() override { return folder_.path(); }
 
 protected:
   struct Expected {
     std::string text;
-    forms::Answer answer{};
+    Answer answer{};
     std::optional<std::string> path;
     Meanwhile meanwhile;
+    const Expected& passed() const {
+      meanwhile ? meanwhile() : void();
+      return *this;
+    }
   };
   // What was expected now, if it is what the program asks.
   Expected next(const std::string& text);
-  Expected next(const forms::MessageBox& box);
-  Expected next(const forms::FileDialog& dialog) { return next((lastFile = dialog).title); }
+  Expected next(const MessageBox& box);
+  Expected next(const FileDialog& dialog) { return next((lastFile = dialog).title); }
 
   // Straight to the forms layer; another screen has its own ways.
-  virtual bool doClick(forms::Element& element);
-  virtual void doRightClick(forms::Element& element);
-  virtual bool doClickOn(forms::Picture& picture, float X, float Y);
-  virtual void doMoveOver(forms::Picture& picture, float X, float Y);
-  virtual void doType(forms::TextBox& box, std::string_view text);
-  virtual void doChoose(forms::DropList& list, int item);
-  virtual void doTab(bool forwards);
-  virtual void doKey(forms::Key key, int digit);
-  virtual void doMenu(forms::MenuEntry& entry) { forms_->menuChosen(entry); }
-  virtual void doShortcut(forms::Button& button) {
+  virtual bool doClick(Element& element);
+  virtual void doRightClick(Element& element) { forms_->pressed(element, MouseButton::Right); }
+  virtual bool doClickOn(Picture& picture, float X, float Y);
+  virtual void doMoveOver(Picture& picture, float X, float Y) { forms_->moved(picture, X, Y); }
+  virtual void doType(TextBox& box, std::string_view text);
+  virtual void doChoose(DropList& list, int item) {
+    press(list) ? forms_->chosen(list, item) : void();
+  }
+  virtual void doTab(bool forwards) { forms_->tabbed(keyboardWindow(), forwards); }
+  virtual void doKey(Key key, int digit) { forms_->keyPressed(keyboardWindow(), key, digit); }
+  virtual void doMenu(MenuEntry& entry) { forms_->menuChosen(entry); }
+  virtual void doShortcut(Button& button) {
     if (button.Shortcut == "Ctrl+Shift+D")
       forms_->shortcutPressed(button);
   }
-  virtual void doClose(forms::Window& window) { forms_->closeRequested(window); }
-  virtual void doActivate(forms::Window& window) { forms::passOver(forms_->activated(window)); }
+  virtual void doClose(Window& window) { forms_->closeRequested(window); }
+  virtual void doActivate(Window& window) { passOver(forms_->activated(window)); }
   // Runs behind each of them and after each tick: what the screen shows may be looked at.
   virtual void afterAction() {}
 
   TemporaryFolder folder_;
-  forms::Forms* forms_ = nullptr; // known from the first window on
+  Forms* forms_ = nullptr; // known from the first window on
 
 private:
   bool done(bool result) {
@@ -140,15 +176,14 @@ private:
     return result;
   }
   template <class T> T& usable(T& element) {
-    requireReachable(element);
-    return element;
+    return element.isReachable() ? element
+                                 : throw std::runtime_error("Nobody could use " + element.name());
   }
-  static void requireReachable(const forms::Element& element);
   // True when the element has taken the press and still stands there.
-  bool press(forms::Element& element);
-  forms::Window& keyboardWindow() const;
+  bool press(Element& element);
+  Window& keyboardWindow() const { return focus_ ? focus_->window() : *forms_->activeChild(); }
 
-  const forms::Element* focus_ = nullptr;
+  const Element* focus_ = nullptr;
   std::deque<Expected> expected_;
 };
 

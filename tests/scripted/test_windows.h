@@ -1,10 +1,6 @@
 // A frame and windows with one element of each kind, which write down every event.
 #pragma once
 
-#include <map>
-#include <utility>
-
-#include "forms/forms.h"
 #include "forms/grid_picture.h"
 #include "forms/picture_array.h"
 #include "scripted/player.h"
@@ -22,55 +18,50 @@ struct Log {
     if (const auto handler = on[event])
       handler();
   }
-  void each(std::initializer_list<std::pair<std::function<void()>*, const char*>> handlers) {
-    for (const auto& [event, name] : handlers)
-      *event = [this, text = std::string(name)] { add(text); };
+  std::function<void()> adds(const std::string& event) {
+    return [this, event] { add(event); };
   }
   // The events since the last look.
   std::string take() { return std::exchange(events, {}); }
 };
 
 // Its elements stand one below the other, in the tab order but for the last two.
-class TestWindow : public forms::Window {
+class TestWindow : public Window {
 public:
-  TestWindow(forms::Forms& forms, forms::WindowKind kind, const char* name, Log& log)
+  TestWindow(Forms& forms, WindowKind kind, const char* name, Log& log)
       : Window(forms, kind, name), log_(log) {
     Width = Height = 6000;
-    for (int placed = 0; forms::Element * element : elements()) {
+    for (int placed = 0; Element * element : elements()) {
       element->TabIndex = placed < 6 ? placed : -1;
+      if (placed < 6)
+        element->LostFocus = log.adds(element->name() + "_LostFocus");
       element->Top = 450 * placed++;
       element->Width = 900;
       element->Height = 375;
     }
     btn.Shortcut = "Ctrl+Shift+D";
-    log.each({{&txtA.LostFocus, "txtA_LostFocus"},
-              {&txtA.Change, "txtA_Change"},
-              {&txtB.LostFocus, "txtB_LostFocus"},
-              {&txtB.Change, "txtB_Change"},
-              {&chk.LostFocus, "chk_LostFocus"},
-              {&chk.Click, "chk_Click"},
-              {&com.LostFocus, "com_LostFocus"},
-              {&com.Click, "com_Click"},
-              {&btn.LostFocus, "btn_LostFocus"},
-              {&btn.Click, "btn_Click"},
-              {&pic.LostFocus, "pic_LostFocus"},
-              {&pic.Click, "pic_Click"},
-              {&lbl.Click, "lbl_Click"}});
-    pic.MouseDown = [&log](forms::MouseButton button) {
-      log.add(button == forms::MouseButton::Left ? "pic_Left" : "pic_Right");
+    txtA.Change = log.adds("txtA_Change");
+    txtB.Change = log.adds("txtB_Change");
+    chk.Click = log.adds("chk_Click");
+    com.Click = log.adds("com_Click");
+    btn.Click = log.adds("btn_Click");
+    pic.Click = log.adds("pic_Click");
+    lbl.Click = log.adds("lbl_Click");
+    pic.MouseDown = [&log](MouseButton button) {
+      log.add(button == MouseButton::Left ? "pic_Left" : "pic_Right");
     };
     picUnidad.Click = [&log](int Index) { log.add("picUnidad_Click" + std::to_string(Index)); };
     made();
   }
   bool letClose = true; // what the closing check answers
 
-  forms::TextBox txtA{*this, "txtA"}, txtB{*this, "txtB"};
-  forms::CheckBox chk{*this, "chk"};
-  forms::DropList com{*this, "com"};
-  forms::Button btn{*this, "btn"};
-  forms::GridPicture pic{*this, "pic"};
-  forms::PictureArray picUnidad{*this, "picUnidad"};
-  forms::Label lbl{*this, "lbl"};
+  TextBox txtA{*this, "txtA"}, txtB{*this, "txtB"};
+  CheckBox chk{*this, "chk"};
+  DropList com{*this, "com"};
+  Button btn{*this, "btn"};
+  GridPicture pic{*this, "pic"};
+  PictureArray picUnidad{*this, "picUnidad"};
+  Label lbl{*this, "lbl"};
 
 private:
   void Form_Load() override {
@@ -91,23 +82,23 @@ private:
 // Its elements but menu and timer have no place to stand.
 class FrameWindow final : public TestWindow {
 public:
-  FrameWindow(forms::Forms& forms, Log& log)
-      : TestWindow(forms, forms::WindowKind::Frame, "frmMarco", log) {
+  FrameWindow(Forms& forms, Log& log) : TestWindow(forms, WindowKind::Frame, "frmMarco", log) {
     Maximized = true;
     mnu.Caption = std::string("&Menú");
     mnuHoja.Caption = std::string("&Hoja");
-    log.each({{&mnuHoja.Click, "mnuHoja_Click"}, {&tmr.Tick, "tmr_Tick"}});
+    mnuHoja.Click = log.adds("mnuHoja_Click");
+    tmr.Tick = log.adds("tmr_Tick");
     tmr.Interval = 3600000; // only the player's hand makes it tick
     made();
   }
 
-  forms::MenuEntry mnu{*this, "mnu"}, mnuHoja{*this, "mnuHoja", &mnu};
-  forms::Timer tmr{*this, "tmr"};
+  MenuEntry mnu{*this, "mnu"}, mnuHoja{*this, "mnuHoja", &mnu};
+  Timer tmr{*this, "tmr"};
 };
 
 // The frame with two open child windows, the first one active with the focus on its first element.
 struct TestProgram {
-  explicit TestProgram(forms::Desktop& desktop) : forms(desktop) {
+  explicit TestProgram(Desktop& desktop) : forms(desktop) {
     forms.startUp(frame);
     two.open();
     one.open();
@@ -123,11 +114,11 @@ struct TestProgram {
   }
 
   Log log;
-  forms::Forms forms;
+  Forms forms;
   FrameWindow frame{forms, log};
-  TestWindow one{forms, forms::WindowKind::Child, "frmUno", log};
-  TestWindow two{forms, forms::WindowKind::Child, "frmDos", log};
-  TestWindow own{forms, forms::WindowKind::Own, "frmPropia", log};
+  TestWindow one{forms, WindowKind::Child, "frmUno", log};
+  TestWindow two{forms, WindowKind::Child, "frmDos", log};
+  TestWindow own{forms, WindowKind::Own, "frmPropia", log};
 };
 
 } // namespace scripted

@@ -1,7 +1,5 @@
-#include <filesystem>
-
 #include "scripted/game.h"
-#include "shell/information_box.h"
+#include "shell/form1.h"
 
 namespace falanges {
 
@@ -101,6 +99,18 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
   refused("moves", "txtMovPorTurno", "click btnCargarJuegoRed");
   run("type txtMovPorTurno 5, tab, type txtMovPorTurno 1, tab, activate NuevoJuego");
   EXPECT_EQ(state(), "HSHSS NuevoJuego");
+}
+
+TEST(Coordinates, FollowThePointerOverTheLargestPicture) {
+  const auto player = scripted::makePlayer();
+  forms::Forms forms(*player);
+  Form1 form(forms);
+  forms.startUp(form);
+  player->moveOver(form.Picture1, 1500, 30);
+  EXPECT_EQ(form.Picture1.ToolTipText.get(), "X: 1500 - Y: 30");
+  player->click(form.Picture3);
+  EXPECT_EQ(form.Picture3.Appearance, 1);
+  EXPECT_TRUE(player->closeWindow(form));
 }
 
 } // namespace falanges
