@@ -29,6 +29,22 @@ void FocusKeeper::give(Element& element) {
   // A text that the keyboard comes to is selected: typing replaces it.
   widget.setFocus(keyboard_ ? Qt::TabFocusReason : Qt::OtherFocusReason);
   mark(view);
+  showInSight(view);
+}
+
+void FocusKeeper::laidOut(Window& window) {
+  if (!window.focused())
+    return;
+  const auto& view = desktop_.viewOf<WidgetView>(*window.focused());
+  if (mark_ && mark_->parentWidget() == view.widget().parentWidget())
+    mark(view);
+  showInSight(view);
+}
+
+// The mouse is at what it clicks, and that must not go away from under it.
+void FocusKeeper::showInSight(const WidgetView& view) {
+  if (keyboard_)
+    desktop_.viewOf<WindowView>(view.element()->window()).showInSight(view.focusPlace());
 }
 
 void FocusKeeper::useKeyboard(bool used) {
@@ -44,9 +60,8 @@ void FocusKeeper::mark(const WidgetView& view) {
   constexpr int Width = 1; // pixels
   constexpr int Distance = 3;
   const QWidget& widget = view.widget();
-  mark_ = new Mark(widget.parentWidget(), Width);
-  mark_->setGeometry(widget.geometry().adjusted(-Distance, -Distance, Distance, Distance));
-  mark_->show();
+  mark_ = new Mark(widget.parentWidget());
+  mark_->showAt(widget.geometry().adjusted(-Distance, -Distance, Distance, Distance), Width);
 }
 
 void FocusKeeper::activate(Window& child) {

@@ -11,6 +11,7 @@ class QWidget;
 
 namespace forms::qt {
 
+class Mark;
 class QtDesktop;
 class WidgetView;
 
@@ -22,6 +23,10 @@ public:
 
   // The frame's area of child windows, from now on watched.
   void watch(QMdiArea& area);
+
+  // The window was laid out anew: what is marked for the keyboard keeps its mark and stays in
+  // sight.
+  void laidOut(Window& window);
 
   // What the forms layer asks for.
   void give(Element& element);
@@ -50,11 +55,12 @@ private:
   void realign();
   void focus(Window& window);
   void mark(const WidgetView& view);
+  void showInSight(const WidgetView& view);
 
   QtDesktop& desktop_;
   QPointer<QMdiArea> area_;
   QPointer<WidgetView> arrived_;
-  QPointer<QWidget> mark_;
+  QPointer<Mark> mark_;
   bool keyboard_ = false;
   bool looking_ = false;  // a look is on its way
   bool settling_ = false; // what moves now is moved by Qt

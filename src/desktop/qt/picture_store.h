@@ -21,6 +21,8 @@ public:
   // The picture in `size` logical pixels on a screen with `ratio` device pixels to one of them.
   // Null when the file cannot be loaded.
   QPixmap pixmap(const QString& path, QSize size, qreal ratio);
+  // Drops all pictures that are kept: they will be wanted in other sizes.
+  void forgetPixmaps() { pixmaps_.clear(); }
   // A window's icon; without a path none.
   QIcon icon(const QString& path);
 

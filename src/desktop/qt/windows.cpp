@@ -1,5 +1,7 @@
 #include "desktop/qt/windows.h"
 
+#include <algorithm>
+#include <array>
 #include <memory>
 #include <utility>
 
@@ -13,7 +15,9 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/form.h"
@@ -69,18 +73,20 @@ void WindowView::waitUntilRemoved() {
   loop->exec();
 }
 
-QSize WindowView::sizeAround(QSize decoration) const {
+// The decoration is of the same size at every scale.
+QSize WindowView::sizeAround(QSize decoration, const Scale& scale) const {
   const QSize inner(pixels(window().ClientWidth), pixels(window().ClientHeight));
   const QSize outer(pixels(window().Width), pixels(window().Height));
-  return (inner.isEmpty() ? outer : inner + decoration).expandedTo(neededSize() + decoration);
+  const QSize wanted = scale.length(inner.isEmpty() ? outer - decoration : inner);
+  return wanted.expandedTo(neededSize(scale)) + decoration;
 }
 
 // What comes and goes at run time, such as the units of a board, never stretches the window.
-QSize WindowView::neededSize() const {
+QSize WindowView::neededSize(const Scale& scale) const {
   QRect needed;
   for (const Element* element : window().elements())
     if (element->Visible && element->index() < 0)
-      needed |= desktop().viewOf<WidgetView>(*element).widget().geometry();
+      needed |= desktop().viewOf<WidgetView>(*element).placeAt(scale);
   return {needed.right() + 1, needed.bottom() + 1};
 }
 
@@ -170,6 +176,30 @@ QMdiArea& areaFor(const Window& child, QtDesktop& desktop) {
   return static_cast<QMdiArea&>(*frame->centralWidget());
 }
 
+// Percent of the size at 96 dpi, in which a window with a board can be shown.
+constexpr std::array Steps{50, 55,  60,  65,  70,  75,  80,  85,  90,
+                           95, 100, 110, 125, 150, 175, 200, 250, 300};
+
+// The nearest larger or smaller one; the last one itself.
+int stepBeside(int percent, bool larger) {
+  const auto* const step = std::lower_bound(Steps.begin(), Steps.end(), percent);
+  if (larger)
+    return step + 1 == Steps.end() ? percent : *(step + 1);
+  return step == Steps.begin() ? percent : *(step - 1);
+}
+
+// How far a stretch must move for `room` to hold it; where it is longer, to fill the room.
+int moveInto(int room, int start, int length) {
+  const int toStart = -start;
+  const int toEnd = room - start - length;
+  return std::clamp(0, std::min(toStart, toEnd), std::max(toStart, toEnd));
+}
+
+// One with a board is shown smaller where the frame has no room for it, and in the size that the
+// person has chosen: the whole window is, but for its decoration. Its place is never scaled. What
+// fits depends on the size of the frame alone, not on the place: a window that is pushed aside
+// keeps its size. When the frame or the size changes, the window is moved back into the frame, as
+// if the person had done it.
 class ChildView final : public WindowView {
 public:
   ChildView(Window& window, QtDesktop& desktop)
@@ -182,6 +212,8 @@ public:
     makeSystemMenu();
     // A press on the title would move the focus past the forms layer.
     child().setFocusPolicy(Qt::NoFocus);
+    if (window.grid())
+      makeScalable();
   }
 
   void appear() override {
@@ -200,6 +232,16 @@ public:
     tellPlace();
   }
 
+  void showInSight(const QRect& place) override {
+    if (!child().isVisible())
+      return;
+    const QSize room = area_.viewport()->size();
+    const QPoint at = form().mapTo(area_.viewport(), place.topLeft());
+    scroll(*area_.horizontalScrollBar(), moveInto(room.width(), at.x(), place.width()));
+    scroll(*area_.verticalScrollBar(), moveInto(room.height(), at.y(), place.height()));
+    tellPlace();
+  }
+
   void remove() override {
     const auto quiet = reporter().quiet();
     detach();
@@ -212,13 +254,24 @@ protected:
   void syncPlace() override {
     if (!child().isVisible())
       return;
-    fit();
+    const bool resized = fit();
     if (!tellingPlace_)
       moveToPlace();
+    if (!resized || !window().grid())
+      return;
+    moveIntoFrame();
+    tellPlace();
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched != &child()) {
+      if (event->type() == QEvent::Resize && element() && child().isVisible())
+        layOut();
+      return false;
+    }
     switch (event->type()) {
+    case QEvent::Wheel:
+      return turned(*static_cast<QWheelEvent*>(event));
     case QEvent::ContextMenu:
       // Qt's own would wait in a loop of its own, in which the window may close.
       event->accept();
@@ -252,12 +305,91 @@ private:
     child().setSystemMenu(menu);
   }
 
-  void fit() {
-    const QMargins frame = child().contentsMargins();
-    const QSize size = sizeAround({frame.left() + frame.right(), frame.top() + frame.bottom()});
-    if (size != child().minimumSize() || size != child().maximumSize())
-      child().setFixedSize(size);
+  void makeScalable() {
+    const auto onKeys = [this](const QList<QKeySequence>& keys, auto choose) {
+      auto* const shortcut = new QShortcut(&form());
+      shortcut->setKeys(keys);
+      connect(shortcut, &QShortcut::activated, this, choose);
+    };
+    onKeys({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)},
+           [this] { chooseBeside(true); });
+    onKeys({QKeySequence(Qt::CTRL | Qt::Key_Minus)}, [this] { chooseBeside(false); });
+    onKeys({QKeySequence(Qt::CTRL | Qt::Key_0)}, [this] { choose(Fitting); });
+    area_.viewport()->installEventFilter(this);
   }
+
+  bool turned(const QWheelEvent& event) {
+    if (!element() || !window().grid() || !event.modifiers().testFlag(Qt::ControlModifier))
+      return false;
+    turned_ += event.angleDelta().y(); // fine wheels tell a part of a notch
+    const int notches = turned_ / QWheelEvent::DefaultDeltasPerStep;
+    turned_ %= QWheelEvent::DefaultDeltasPerStep;
+    for (int i = 0; i < std::abs(notches); ++i)
+      chooseBeside(notches > 0);
+    return true;
+  }
+
+  void chooseBeside(bool larger) { choose(stepBeside(form().scale().percent(), larger)); }
+
+  void choose(int percent) {
+    if (!element())
+      return;
+    desktop().chosenPercent(window()) = percent;
+    layOut();
+  }
+
+  void layOut() {
+    {
+      const auto quiet = reporter().quiet();
+      fit();
+      moveIntoFrame();
+    }
+    tellPlace();
+    desktop().focus().laidOut(window());
+  }
+
+  // Whether the window has another size now.
+  bool fit() {
+    const QMargins frame = child().contentsMargins();
+    const QSize decoration(frame.left() + frame.right(), frame.top() + frame.bottom());
+    if (window().grid())
+      scaleTo(Scale(percentFor(decoration)));
+    const QSize size = sizeAround(decoration, form().scale());
+    if (size == child().minimumSize() && size == child().maximumSize())
+      return false;
+    child().setFixedSize(size);
+    return true;
+  }
+
+  // The size that the person has chosen, or the largest one up to that at 96 dpi that has room.
+  int percentFor(QSize decoration) const {
+    if (const int chosen = desktop().chosenPercent(window()); chosen != Fitting)
+      return chosen;
+    // Without the scroll bars, which a window that fits does not need.
+    const QSize room = area_.maximumViewportSize();
+    int percent = Whole;
+    for (QSize size; percent > Steps.front(); percent = stepBeside(percent, false))
+      if (size = sizeAround(decoration, Scale(percent)); size.boundedTo(room) == size)
+        break;
+    return percent;
+  }
+
+  void scaleTo(const Scale& scale) {
+    if (form().scale() == scale)
+      return;
+    form().setScale(scale);
+    desktop().pictures().forgetPixmaps();
+    for (Element* element : window().elements())
+      desktop().changed(*element);
+  }
+
+  void moveIntoFrame() {
+    const QSize room = area_.maximumViewportSize();
+    child().move(child().x() + moveInto(room.width(), child().x(), child().width()),
+                 child().y() + moveInto(room.height(), child().y(), child().height()));
+  }
+
+  static void scroll(QScrollBar& bar, int way) { bar.setValue(bar.value() - way); }
 
   // Top and Left follow where the window stands. A place between two pixels stays as the program
   // gave it. While one of the two is told, the other is still the old one.
@@ -269,8 +401,12 @@ private:
       window().Top = twips(child().y());
   }
 
+  static constexpr int Fitting = 0;
+  static constexpr int Whole = 100;
+
   QMdiArea& area_;
   bool tellingPlace_ = false;
+  int turned_ = 0; // by the wheel, since the last step
 };
 
 // --- A window of its own: fixed in size, with a close box ----------------------------------------
