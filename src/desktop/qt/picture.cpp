@@ -1,6 +1,7 @@
 #include "desktop/qt/picture.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -243,16 +244,25 @@ private:
       desktop().viewOf<WindowView>(shown().window()).showInSight(*place);
   }
 
-  // The program hears of whole pixels at 96 dpi: of the one that the file has where the middle of
-  // the screen's pixel lies.
+  // The program hears of whole pixels at 96 dpi: of the file's one that shows in the middle of the
+  // screen's. Counted as they are painted, in device pixels of the window.
   QPoint pixelOfFile(QPointF position) const {
-    const QRect shownAt = inner();
-    const QSizeF file = QSizeF(innerTwips().size()) / TwipsPerPixel;
-    const double middle = 0.5 / widget().devicePixelRatioF();
-    constexpr double Exact = 1e-6; // what lies between two goes to the former
-    return wholePixel(
-        {(position.x() + middle - shownAt.x()) * file.width() / shownAt.width() - Exact,
-         (position.y() + middle - shownAt.y()) * file.height() / shownAt.height() - Exact});
+    const double ratio = widget().devicePixelRatioF();
+    const auto onWindow = [&](QPointF place) {
+      return (widget().mapTo(widget().window(), place) * ratio).toPoint();
+    };
+    const QRect picture = inner();
+    const QPoint device = onWindow(position) - onWindow(picture.topLeft());
+    const QSize whole = innerTwips().size() / TwipsPerPixel;
+    const QSize painted = PictureStore::devicePixels(picture.size(), ratio);
+    return {pixelAt(device.x(), whole.width(), painted.width()),
+            pixelAt(device.y(), whole.height(), painted.height())};
+  }
+
+  // Of `whole` pixels the one in the middle of number `device` of the `painted` ones. In the middle
+  // between two it is the former.
+  static int pixelAt(int device, int whole, int painted) {
+    return static_cast<int>(std::floor(((2.0 * device + 1) * whole - 1) / (2.0 * painted)));
   }
 
   void movedTo(QPointF position) {

@@ -87,10 +87,13 @@ std::optional<PictureSize> PictureStore::size(const QString& path) {
   return *sizes_.insert(path, PictureSize{size.width(), size.height()});
 }
 
+QSize PictureStore::devicePixels(QSize size, qreal ratio) {
+  return {static_cast<int>(std::ceil(size.width() * ratio)),
+          static_cast<int>(std::ceil(size.height() * ratio))};
+}
+
 QPixmap PictureStore::pixmap(const QString& path, QSize size, qreal ratio) {
-  // Whole device pixels, none of the element's left uncovered.
-  const QSize device(static_cast<int>(std::ceil(size.width() * ratio)),
-                     static_cast<int>(std::ceil(size.height() * ratio)));
+  const QSize device = devicePixels(size, ratio);
   const QString key =
       QStringLiteral("%1|%2x%3|%4").arg(path).arg(device.width()).arg(device.height()).arg(ratio);
   if (const auto known = pixmaps_.constFind(key); known != pixmaps_.constEnd())
