@@ -69,6 +69,8 @@ void FocusKeeper::activate(Window& child) {
   QWidget& widget = desktop_.viewOf<WindowView>(child).widget();
   area_->setActiveSubWindow(static_cast<QMdiSubWindow*>(&widget));
   focus(child);
+  if (child.focused())
+    showInSight(desktop_.viewOf<WidgetView>(*child.focused()));
 }
 
 void FocusKeeper::vanishes(QWidget& widget) {

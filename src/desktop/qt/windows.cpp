@@ -188,11 +188,10 @@ int stepBeside(int percent, bool larger) {
   return step == Steps.begin() ? percent : *(step - 1);
 }
 
-// How far a stretch must move for `room` to hold it; where it is longer, to fill the room.
-int moveInto(int room, int start, int length) {
-  const int toStart = -start;
-  const int toEnd = room - start - length;
-  return std::clamp(0, std::min(toStart, toEnd), std::max(toStart, toEnd));
+// How far to scroll until a stretch is seen that begins and ends there; not at all for one that is
+// longer than the room for it.
+int wayToSee(int room, int start, int length) {
+  return length > room ? 0 : std::clamp(0, start + length - room, start);
 }
 
 // One with a board is shown smaller where the frame has no room for it, and in the size that the
@@ -237,9 +236,8 @@ public:
       return;
     const QSize room = area_.viewport()->size();
     const QPoint at = form().mapTo(area_.viewport(), place.topLeft());
-    scroll(*area_.horizontalScrollBar(), moveInto(room.width(), at.x(), place.width()));
-    scroll(*area_.verticalScrollBar(), moveInto(room.height(), at.y(), place.height()));
-    tellPlace();
+    scrollBy({wayToSee(room.width(), at.x(), place.width()),
+              wayToSee(room.height(), at.y(), place.height())});
   }
 
   void remove() override {
@@ -324,8 +322,12 @@ private:
     turned_ += event.angleDelta().y(); // fine wheels tell a part of a notch
     const int notches = turned_ / QWheelEvent::DefaultDeltasPerStep;
     turned_ %= QWheelEvent::DefaultDeltasPerStep;
+    const QPointF under = form().mapFromGlobal(event.globalPosition()) / form().scale().percent();
     for (int i = 0; i < std::abs(notches); ++i)
       chooseBeside(notches > 0);
+    // What lies under the pointer stays there, as far as the window can be scrolled.
+    const QPointF now = form().mapToGlobal(under * form().scale().percent());
+    scrollBy((now - event.globalPosition()).toPoint());
     return true;
   }
 
@@ -384,12 +386,23 @@ private:
   }
 
   void moveIntoFrame() {
-    const QSize room = area_.maximumViewportSize();
-    child().move(child().x() + moveInto(room.width(), child().x(), child().width()),
-                 child().y() + moveInto(room.height(), child().y(), child().height()));
+    const QSize most = area_.maximumViewportSize() - child().size();
+    // A scroll bar that is about to go would take the window along on its way back.
+    if (most.width() >= 0)
+      area_.horizontalScrollBar()->setValue(0);
+    if (most.height() >= 0)
+      area_.verticalScrollBar()->setValue(0);
+    child().move(most.width() < 0 ? child().x() : std::clamp(child().x(), 0, most.width()),
+                 most.height() < 0 ? child().y() : std::clamp(child().y(), 0, most.height()));
   }
 
-  static void scroll(QScrollBar& bar, int way) { bar.setValue(bar.value() - way); }
+  void scrollBy(QPoint way) {
+    QScrollBar& across = *area_.horizontalScrollBar();
+    QScrollBar& down = *area_.verticalScrollBar();
+    across.setValue(across.value() + way.x());
+    down.setValue(down.value() + way.y());
+    tellPlace();
+  }
 
   // Top and Left follow where the window stands. A place between two pixels stays as the program
   // gave it. While one of the two is told, the other is still the old one.

@@ -157,9 +157,12 @@ TEST_P(Windows, FitABoardIntoItsFrame) {
   EXPECT_EQ(turn(-1), 948);
   player.closeWindow(app.nuevoJuego);
   player.menu(app.frame.mnuNuevoJuego);
-  EXPECT_EQ(turn(0), 594); // 5 x 5
+  EXPECT_EQ(turn(0), 594);                                            // 5 x 5
+  for (const Key way : {Key::Up, Key::Right, Key::Right, Key::Right}) // scrolls
+    player.key(way);
   press(Qt::Key_0);
   EXPECT_EQ(turn(0), 396);
+  EXPECT_EQ(player.widget(app.nuevoJuego).pos(), QPoint());
 }
 
 TEST_P(Windows, LeaveEverySquareInReachOfASmallFrame) {
