@@ -5,7 +5,6 @@
 
 #include <QColor>
 #include <QPoint>
-#include <QRect>
 #include <QString>
 
 #include "forms/element.h"
@@ -32,10 +31,6 @@ inline int twips(int pixels) {
 // The whole pixel that a position lies in.
 inline QPoint wholePixel(QPointF position) {
   return {static_cast<int>(std::floor(position.x())), static_cast<int>(std::floor(position.y()))};
-}
-// Place and size of an element in pixels of its parent.
-inline QRect pixelRect(const Element& element) {
-  return {pixels(element.Left), pixels(element.Top), pixels(element.Width), pixels(element.Height)};
 }
 
 } // namespace forms::qt

@@ -1,11 +1,14 @@
 #include "desktop/qt/element_view.h"
 
+#include <utility>
+
 #include <QCursor>
 #include <QMouseEvent>
 #include <QToolTip>
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/focus_keeper.h"
+#include "desktop/qt/form.h"
 #include "desktop/qt/look.h"
 #include "desktop/qt/qt_desktop.h"
 
@@ -35,19 +38,24 @@ WidgetView::WidgetView(Element& element, QtDesktop& desktop, QWidget* widget)
   // The forms layer moves the focus on a click; the Tab key goes through the form.
   widget->setFocusPolicy(element.takesFocus() ? Qt::TabFocus : Qt::NoFocus);
   widget->setObjectName(toQt(element.name()));
-  widget->setFont(fontFor(element.TextFont));
   watch(*widget);
 }
 
 void WidgetView::sync() {
   const auto quiet = reporter().quiet();
-  if (const QRect place = placeFor(pixelRect(*element())); widget_.geometry() != place) {
+  if (std::exchange(fontScale_, scale()) != scale())
+    widget_.setFont(fontFor(element()->TextFont, scale()));
+  if (const QRect place = placeAt(scale()); widget_.geometry() != place) {
     widget_.setGeometry(place);
     desktop().focus().placed(widget_);
   }
   syncNames();
   syncKind();
   syncReach();
+}
+
+const Scale& WidgetView::scale() const {
+  return static_cast<const Form*>(widget_.parentWidget())->scale();
 }
 
 void WidgetView::syncNames() {

@@ -6,6 +6,7 @@
 
 #include "desktop/qt/accessibility.h"
 #include "desktop/qt/reporter.h"
+#include "desktop/qt/scale.h"
 #include "forms/element.h"
 
 class QMouseEvent;
@@ -48,6 +49,10 @@ public:
   // Whether the focus on the widget must be marked for who plays with the keyboard. Qt's style does
   // so for most kinds.
   virtual bool needsMark() const { return false; }
+  // Pixels on a form of this scale.
+  QRect placeAt(const Scale& scale) const { return placeFor(scale.pixels(*element())); }
+  // Pixels on the form that who plays with the keyboard must see.
+  virtual QRect focusPlace() const { return widget_.geometry(); }
 
 protected:
   WidgetView(Element& element, QtDesktop& desktop, QWidget* widget);
@@ -64,6 +69,8 @@ protected:
   virtual QString caption() const { return {}; }
   // What screen readers say after the name.
   virtual QString description() const;
+  // Of the form that the widget stands on.
+  const Scale& scale() const;
   // Pixels on the form for the element's own place and size.
   virtual QRect placeFor(const QRect& wanted) const { return wanted; }
 
@@ -90,6 +97,7 @@ private:
   void released(const QMouseEvent& event);
 
   QWidget& widget_;
+  Scale fontScale_{0}; // of the font that the widget has
   Clicks clicks_ = Clicks::OfWidget;
   bool armed_ = false; // pressed and not yet let go
 };

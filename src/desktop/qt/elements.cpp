@@ -177,8 +177,11 @@ protected:
   QString description() const override { return toQt(shown().Text()); }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
-    // A turn of the wheel on the way past would choose an item.
-    return event->type() == QEvent::Wheel || WidgetView::eventFilter(watched, event);
+    if (event->type() != QEvent::Wheel)
+      return WidgetView::eventFilter(watched, event);
+    // A turn of the wheel on the way past would choose an item; it is meant for the window.
+    event->ignore();
+    return true;
   }
 };
 

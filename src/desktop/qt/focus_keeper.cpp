@@ -13,6 +13,16 @@
 
 namespace forms::qt {
 
+namespace {
+
+// Of the mark.
+QRect placeAround(const QWidget& widget) {
+  constexpr int Distance = 3; // pixels
+  return widget.geometry().adjusted(-Distance, -Distance, Distance, Distance);
+}
+
+} // namespace
+
 FocusKeeper::FocusKeeper(QtDesktop& desktop) : desktop_(desktop) {
   qApp->installEventFilter(this);
 }
@@ -33,6 +43,18 @@ void FocusKeeper::give(Element& element) {
   // A text that the keyboard comes to is selected: typing replaces it.
   widget.setFocus(keyboard_ ? Qt::TabFocusReason : Qt::OtherFocusReason);
   mark(view);
+  showInSight(view);
+}
+
+void FocusKeeper::laidOut(Window& window) {
+  if (window.focused())
+    showInSight(desktop_.viewOf<WidgetView>(*window.focused()));
+}
+
+// The mouse is at what it clicks, and that must not go away from under it.
+void FocusKeeper::showInSight(const WidgetView& view) {
+  if (keyboard_)
+    desktop_.viewOf<WindowView>(view.element()->window()).showInSight(view.focusPlace());
 }
 
 bool FocusKeeper::eventFilter(QObject* /*watched*/, QEvent* event) {
@@ -58,15 +80,13 @@ void FocusKeeper::mark(const WidgetView& view) {
     return;
   constexpr int Width = 1; // pixels
   const QWidget& widget = view.widget();
-  mark_ = new Mark(widget.parentWidget(), Width);
-  placed(widget);
-  mark_->show();
+  mark_ = new Mark(widget.parentWidget());
+  mark_->showAt(placeAround(widget), Width);
 }
 
 void FocusKeeper::placed(const QWidget& widget) {
-  constexpr int Distance = 3; // pixels
   if (mark_ && widget.window()->focusWidget() == &widget)
-    mark_->setGeometry(widget.geometry().adjusted(-Distance, -Distance, Distance, Distance));
+    mark_->setGeometry(placeAround(widget));
 }
 
 void FocusKeeper::activate(Window& child) {
@@ -74,6 +94,8 @@ void FocusKeeper::activate(Window& child) {
   QWidget& widget = desktop_.viewOf<WindowView>(child).widget();
   area_->setActiveSubWindow(static_cast<QMdiSubWindow*>(&widget));
   focus(child);
+  if (child.focused())
+    showInSight(desktop_.viewOf<WidgetView>(*child.focused()));
 }
 
 void FocusKeeper::vanishes(QWidget& widget) {

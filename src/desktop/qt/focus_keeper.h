@@ -11,6 +11,7 @@ class QWidget;
 
 namespace forms::qt {
 
+class Mark;
 class QtDesktop;
 class WidgetView;
 
@@ -23,6 +24,9 @@ public:
 
   // The frame's area of child windows, from now on watched.
   void watch(QMdiArea& area);
+
+  // The window was laid out anew: what the keyboard is on stays in sight.
+  void laidOut(Window& window);
 
   // What the forms layer asks for.
   void give(Element& element);
@@ -53,11 +57,12 @@ private:
   void realign();
   void focus(Window& window);
   void mark(const WidgetView& view);
+  void showInSight(const WidgetView& view);
 
   QtDesktop& desktop_;
   QPointer<QMdiArea> area_;
   QPointer<WidgetView> arrived_;
-  QPointer<QWidget> mark_;
+  QPointer<Mark> mark_;
   // Whether the person went on with the keyboard or the mouse: for the keyboard the focus is
   // marked.
   bool keyboard_ = false;

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QWidget>
 
+#include "desktop/qt/scale.h"
 #include "forms/window.h"
 
 namespace forms::qt {
@@ -19,6 +20,10 @@ public:
   // The widgets of all visible elements as they are read: row by row, each from left to right.
   QList<QWidget*> elementsInSight() const;
 
+  // The views ask for it as often as they are brought into line.
+  const Scale& scale() const { return scale_; }
+  void setScale(const Scale& scale) { scale_ = scale; }
+
 protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -29,6 +34,7 @@ protected:
 private:
   QtDesktop& desktop_;
   Window* window_; // nullptr once it has gone
+  Scale scale_;
 };
 
 } // namespace forms::qt

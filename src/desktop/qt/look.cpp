@@ -98,10 +98,12 @@ void speakSpanish() {
     QCoreApplication::installTranslator(translator);
 }
 
-QFont fontFor(const Font& font) {
+QFont fontFor(const Font& font, const Scale& scale) {
   constexpr double PixelsPerPoint = 96.0 / 72.0;
   QFont made(availableFamily(toQt(font.family)));
-  made.setPixelSize(static_cast<int>(std::lround(font.points * PixelsPerPoint)));
+  // Rather a little smaller than cut.
+  const auto whole = static_cast<int>(std::lround(font.points * PixelsPerPoint));
+  made.setPixelSize(whole * scale.percent() / 100);
   made.setBold(font.bold);
   return made;
 }

@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QPalette>
 
+#include "desktop/qt/scale.h"
 #include "forms/element.h"
 
 class QWidget;
@@ -17,9 +18,9 @@ void applyLook();
 // file its few texts stay English.
 void speakSpanish();
 
-// The font at its size in pixels of 96 dpi. A family that is missing is replaced by one of the same
-// measures.
-QFont fontFor(const Font& font);
+// The font at its size in pixels of 96 dpi, on a form of this scale. A family that is missing is
+// replaced by one of the same measures.
+QFont fontFor(const Font& font, const Scale& scale = Scale());
 
 // Gives the widget the element's colours in the two roles that its kind is drawn with.
 void applyColors(QWidget& widget, const Element& element, QPalette::ColorRole background,

@@ -1,17 +1,21 @@
 #include "desktop/qt/picture.h"
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 #include <optional>
 #include <utility>
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegion>
 #include <QVariant>
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/element_view.h"
 #include "desktop/qt/picture_store.h"
 #include "desktop/qt/qt_desktop.h"
+#include "desktop/qt/windows.h"
 #include "forms/grid_picture.h"
 
 namespace forms::qt {
@@ -41,10 +45,17 @@ void setStackingRank(QWidget& widget, int rank) {
 
 // --- Mark ----------------------------------------------------------------------------------------
 
-Mark::Mark(QWidget* form, int width) : QWidget(form), width_(width) {
+Mark::Mark(QWidget* form) : QWidget(form) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setStackingRank(*this, FrontRank);
   hide();
+}
+
+void Mark::showAt(const QRect& place, int width) {
+  setGeometry(place);
+  if (std::exchange(width_, width) != width)
+    update();
+  show();
 }
 
 // Yellow between two dark lines: it shows on both tones of a board and on either side's units.
@@ -71,11 +82,10 @@ void drawBorder(QPainter& painter, const QRect& rect) {
 
 // A slanted edge that catches the light from the top left, between two dark lines, so that it shows
 // on light and on dark pictures.
-void drawRaised(QPainter& painter, const QRect& rect) {
-  constexpr int EdgeWidth = 4;
+void drawRaised(QPainter& painter, const QRect& rect, int width) {
   const QColor lit(255, 244, 190);
   const QColor shaded(150, 106, 0);
-  for (int i = 1; i <= EdgeWidth; ++i) {
+  for (int i = 1; i <= width; ++i) {
     const QRect line = rect.adjusted(i, i, -i - 1, -i - 1);
     painter.setPen(lit);
     painter.drawLine(line.topLeft(), line.topRight());
@@ -84,9 +94,9 @@ void drawRaised(QPainter& painter, const QRect& rect) {
     painter.drawLine(line.bottomLeft(), line.bottomRight());
     painter.drawLine(line.topRight(), line.bottomRight());
   }
-  constexpr int Inner = EdgeWidth + 1;
+  const int inner = width + 1;
   drawBorder(painter, rect);
-  drawBorder(painter, rect.adjusted(Inner, Inner, -Inner, -Inner));
+  drawBorder(painter, rect.adjusted(inner, inner, -inner, -inner));
 }
 
 } // namespace
@@ -106,8 +116,7 @@ void PictureWidget::setLooks(Looks looks) {
 
 void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const int frame = looks_.border ? 1 : 0;
-  const QRect inner = rect().adjusted(frame, frame, -frame, -frame);
+  const QRect& inner = looks_.inner;
   const QPixmap pixmap = looks_.path.isEmpty()
                              ? QPixmap()
                              : pictures_.pixmap(looks_.path, inner.size(), devicePixelRatioF());
@@ -115,10 +124,13 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(inner, looks_.background);
   else
     painter.drawPixmap(inner.topLeft(), pixmap); // pixel by pixel
-  if (looks_.border)
+  if (looks_.border) {
+    for (const QRect& side : QRegion(rect()).subtracted(inner))
+      painter.fillRect(side, Qt::black);
     drawBorder(painter, rect());
-  if (looks_.raised)
-    drawRaised(painter, rect());
+  }
+  if (looks_.raised > 0)
+    drawRaised(painter, rect(), looks_.raised);
 }
 
 // --- The element ---------------------------------------------------------------------------------
@@ -144,13 +156,15 @@ public:
   bool needsMark() const override {
     return shown().index() < 0 && (!board() || board()->cursorSquare == 0);
   }
+  QRect focusPlace() const override { return cursorPlace().value_or(widget().geometry()); }
 
 protected:
   void syncKind() override {
     const QColor background =
         shown().BackColor ? toQt(*shown().BackColor) : widget().palette().color(QPalette::Base);
-    widget().setLooks(
-        {toQt(shown().picturePath()), shown().Appearance == 1, shown().Border, background});
+    constexpr int EdgeWidth = 4; // pixels at 96 dpi
+    const int raised = shown().Appearance == 1 ? std::max(2, scale().length(EdgeWidth)) : 0;
+    widget().setLooks({toQt(shown().picturePath()), inner(), raised, shown().Border, background});
     offerPress(widget(), static_cast<bool>(shown().Click));
     widget().role = shown().Click ? QAccessible::Button : QAccessible::Graphic;
     // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
@@ -183,7 +197,14 @@ protected:
   }
 
 private:
-  int frame() const { return shown().Border ? 1 : 0; }
+  // Twips of the picture inside its frame, on the form.
+  QRect innerTwips() const {
+    const int frame = shown().frameWidth();
+    return QRect(shown().Left, shown().Top, shown().Width, shown().Height)
+        .adjusted(frame, frame, -frame, -frame);
+  }
+  // Its pixels in the widget.
+  QRect inner() const { return scale().pixels(innerTwips()).translated(-widget().pos()); }
 
   // nullptr for a picture without a grid.
   const GridPicture* board() const {
@@ -198,24 +219,49 @@ private:
     const int square = board()->cursorSquare - 1; // from 0
     const int columns = board()->columns();
     const int side = board()->side();
-    const QPoint corner(pixels(square % columns * side), pixels(square / columns * side));
-    return QRect(widget().pos() + QPoint(frame(), frame()) + corner,
-                 QSize(pixels(side), pixels(side)));
+    const QPoint corner(square % columns * side, square / columns * side);
+    return scale().pixels(QRect(innerTwips().topLeft() + corner, QSize(side, side)));
   }
 
   void syncCursor() {
-    constexpr int CursorWidth = 3; // pixels
+    constexpr int CursorWidth = 3; // pixels at 96 dpi
     const std::optional<QRect> place = cursorPlace();
-    if (place && !cursor_)
-      cursor_ = new Mark(widget().parentWidget(), CursorWidth);
-    if (place)
-      cursor_->setGeometry(*place);
-    if (cursor_)
-      cursor_->setVisible(place && shown().Visible);
+    if (!place || !shown().Visible) {
+      if (cursor_)
+        cursor_->hide();
+      return;
+    }
+    if (!cursor_)
+      cursor_ = new Mark(widget().parentWidget());
+    const bool moved = cursor_->isHidden() || cursor_->geometry() != *place;
+    cursor_->showAt(*place, std::max(2, scale().length(CursorWidth)));
+    if (moved)
+      desktop().viewOf<WindowView>(shown().window()).showInSight(*place);
+  }
+
+  // The program hears of whole pixels at 96 dpi: of the file's one that shows in the middle of the
+  // screen's. Counted as they are painted, in device pixels of the window.
+  QPoint pixelOfFile(QPointF position) const {
+    const double ratio = widget().devicePixelRatioF();
+    const auto onWindow = [&](QPointF place) {
+      return (widget().mapTo(widget().window(), place) * ratio).toPoint();
+    };
+    const QRect picture = inner();
+    const QPoint device = onWindow(position) - onWindow(picture.topLeft());
+    const QSize whole = innerTwips().size() / TwipsPerPixel;
+    const QSize painted = PictureStore::devicePixels(picture.size(), ratio);
+    return {pixelAt(device.x(), whole.width(), painted.width()),
+            pixelAt(device.y(), whole.height(), painted.height())};
+  }
+
+  // Of `whole` pixels the one in the middle of number `device` of the `painted` ones. In the middle
+  // between two it is the former.
+  static int pixelAt(int device, int whole, int painted) {
+    return static_cast<int>(std::floor(((2.0 * device + 1) * whole - 1) / (2.0 * painted)));
   }
 
   void movedTo(QPointF position) {
-    const QPoint pixel = wholePixel(position) - QPoint(frame(), frame());
+    const QPoint pixel = pixelOfFile(position);
     if (std::exchange(pointer_, pixel) == pixel)
       return;
     reporter().report([&](Forms& forms) {

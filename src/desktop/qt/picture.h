@@ -21,9 +21,10 @@ public:
   PictureWidget(PictureStore& pictures, QWidget* form);
 
   struct Looks {
-    QString path; // empty: no picture
-    bool raised = false;
-    bool border = false; // one pixel on each side
+    QString path;        // empty: no picture
+    QRect inner;         // pixels of the picture in the widget
+    int raised = 0;      // width of the slanted edge in pixels; 0: flat
+    bool border = false; // what is left around the picture, and a pixel at least
     QColor background;   // where there is no picture
     bool operator==(const Looks&) const = default;
   };
@@ -41,14 +42,15 @@ private:
 // the mouse through.
 class Mark final : public QWidget {
 public:
-  // The line's width in pixels, without the two dark lines beside it.
-  Mark(QWidget* form, int width);
+  explicit Mark(QWidget* form);
+  // `width` is the line's in pixels, without the two dark lines beside it.
+  void showAt(const QRect& place, int width);
 
 protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
-  int width_;
+  int width_ = 1;
 };
 
 } // namespace forms::qt

@@ -23,8 +23,8 @@ QString fileFor(const QString& path, int scale) {
 }
 
 // From the smallest file that has enough pixels upwards, then downwards.
-QStringList candidates(const QString& path, qreal ratio) {
-  const int enough = std::clamp(static_cast<int>(std::ceil(ratio)), 1, LargestScale);
+QStringList candidates(const QString& path, int wanted) {
+  const int enough = std::clamp(wanted, 1, LargestScale);
   QStringList files;
   for (int scale = enough; scale <= LargestScale; ++scale)
     files.append(fileFor(path, scale));
@@ -51,8 +51,8 @@ QImage decode(const QString& path) {
   return damaged ? QImage() : image;
 }
 
-QImage load(const QString& path, qreal ratio) {
-  for (const QString& file : candidates(path, ratio)) {
+QImage load(const QString& path, int wanted) {
+  for (const QString& file : candidates(path, wanted)) {
     if (!QFileInfo::exists(file))
       continue;
     if (QImage image = decode(file); !image.isNull())
@@ -87,14 +87,20 @@ std::optional<PictureSize> PictureStore::size(const QString& path) {
   return *sizes_.insert(path, PictureSize{size.width(), size.height()});
 }
 
+QSize PictureStore::devicePixels(QSize size, qreal ratio) {
+  return {static_cast<int>(std::ceil(size.width() * ratio)),
+          static_cast<int>(std::ceil(size.height() * ratio))};
+}
+
 QPixmap PictureStore::pixmap(const QString& path, QSize size, qreal ratio) {
-  // Whole device pixels, none of the element's left uncovered.
-  const QSize device(static_cast<int>(std::ceil(size.width() * ratio)),
-                     static_cast<int>(std::ceil(size.height() * ratio)));
-  const QString key = QStringLiteral("%1|%2x%3").arg(path).arg(device.width()).arg(device.height());
+  const QSize device = devicePixels(size, ratio);
+  const QString key =
+      QStringLiteral("%1|%2x%3|%4").arg(path).arg(device.width()).arg(device.height()).arg(ratio);
   if (const auto known = pixmaps_.constFind(key); known != pixmaps_.constEnd())
     return *known;
-  QImage image = load(path, ratio);
+  // A pixel more, as rounding brings it about, needs no denser file.
+  const int whole = this->size(path).value_or(PictureSize{1, 1}).width;
+  QImage image = load(path, (device.width() + whole - 2) / whole);
   if (!image.isNull() && image.size() != device)
     image = image.scaled(device, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   QPixmap pixmap = QPixmap::fromImage(std::move(image));

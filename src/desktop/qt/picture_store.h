@@ -18,9 +18,13 @@ public:
   // Pixels of the file at 96 dpi; nothing when it is no picture that can be shown, or a damaged
   // one.
   std::optional<PictureSize> size(const QString& path);
+  // Device pixels of so many logical ones: whole, none left uncovered.
+  static QSize devicePixels(QSize size, qreal ratio);
   // The picture in `size` logical pixels on a screen with `ratio` device pixels to one of them.
   // Null when the file cannot be loaded.
   QPixmap pixmap(const QString& path, QSize size, qreal ratio);
+  // Drops all pictures that are kept: they will be wanted in other sizes.
+  void forgetPixmaps() { pixmaps_.clear(); }
   // A window's icon; without a path none.
   QIcon icon(const QString& path);
 

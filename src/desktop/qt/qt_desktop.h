@@ -55,6 +55,9 @@ public:
   Reporter& reporter() { return reporter_; }
   FocusKeeper& focus() { return focus_; }
   PictureStore& pictures() { return pictures_; }
+  // The size that the person has chosen for a window until the program ends, however often it is
+  // closed and opened; 0: the one that fits.
+  int& chosenPercent(const Window& window) { return chosenPercents_[&window]; }
   // nullptr while the frame is not on the screen.
   QWidget* frame() const { return frame_; }
   // The view of an element or a window. That there is none, or one of another kind, is a fault of
@@ -75,6 +78,7 @@ private:
   PictureStore pictures_;
   FocusKeeper focus_{*this};
   QHash<const Element*, ElementView*> views_; // windows are elements too
+  QHash<const Window*, int> chosenPercents_;
   QWidget* frame_ = nullptr;
 };
 

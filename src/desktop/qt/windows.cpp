@@ -3,20 +3,17 @@
 #include <memory>
 #include <utility>
 
-#include <QAction>
 #include <QApplication>
 #include <QEvent>
 #include <QEventLoop>
-#include <QKeyEvent>
 #include <QMainWindow>
 #include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTimer>
 
+#include "desktop/qt/child_window.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/form.h"
 #include "desktop/qt/look.h"
@@ -71,18 +68,20 @@ void WindowView::waitUntilRemoved() {
   loop->exec();
 }
 
-QSize WindowView::sizeAround(QSize decoration) const {
+// The decoration is of the same size at every scale.
+QSize WindowView::sizeAround(QSize decoration, const Scale& scale) const {
   const QSize inner(pixels(window().ClientWidth), pixels(window().ClientHeight));
   const QSize outer(pixels(window().Width), pixels(window().Height));
-  return (inner.isEmpty() ? outer : inner + decoration).expandedTo(neededSize() + decoration);
+  const QSize wanted = scale.length(inner.isEmpty() ? outer - decoration : inner);
+  return wanted.expandedTo(neededSize(scale)) + decoration;
 }
 
 // What comes and goes at run time, such as the units of a board, never stretches the window.
-QSize WindowView::neededSize() const {
+QSize WindowView::neededSize(const Scale& scale) const {
   QRect needed;
   for (const Element* element : window().elements())
     if (element->Visible && element->index() < 0)
-      needed |= desktop().viewOf<WidgetView>(*element).widget().geometry();
+      needed |= desktop().viewOf<WidgetView>(*element).placeAt(scale);
   return {needed.right() + 1, needed.bottom() + 1};
 }
 
@@ -166,188 +165,6 @@ private:
   bool restored_ = true; // since it was shown maximised
 };
 
-// --- A child window inside the frame: fixed in size, with a close box ----------------------------
-
-QMdiArea& areaFor(const Window& child, QtDesktop& desktop) {
-  auto* const frame = qobject_cast<QMainWindow*>(desktop.frame());
-  if (!frame)
-    qFatal("%s has no frame around it", child.name().c_str());
-  return static_cast<QMdiArea&>(*frame->centralWidget());
-}
-
-// Moves a child window by the arrow keys, until Enter, or until Escape takes it back or a mouse
-// button is pressed. Qt's own way moves the pointer too, which not every system allows.
-class KeyboardMove final : public QObject {
-public:
-  explicit KeyboardMove(QMdiSubWindow& child) : QObject(&child), child_(child), from_(child.pos()) {
-    QApplication::setOverrideCursor(Qt::SizeAllCursor);
-    qApp->installEventFilter(this);
-  }
-  ~KeyboardMove() override { QApplication::restoreOverrideCursor(); }
-
-protected:
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (QApplication::activeModalWidget()) { // it has opened meanwhile, and the keys are for it
-      end();
-      return false;
-    }
-    switch (event->type()) {
-    case QEvent::KeyPress:
-      pressed(static_cast<QKeyEvent*>(event)->key());
-      return true;
-    case QEvent::ShortcutOverride:
-      event->accept(); // no key is a shortcut meanwhile
-      return true;
-    case QEvent::MouseButtonPress:
-      end();
-      return false;
-    default:
-      return false;
-    }
-  }
-
-private:
-  void end() {
-    qApp->removeEventFilter(this);
-    deleteLater();
-  }
-
-  void pressed(int key) {
-    constexpr int Step = 10; // pixels
-    switch (key) {
-    case Qt::Key_Left:
-      return child_.move(child_.pos() - QPoint(Step, 0));
-    case Qt::Key_Right:
-      return child_.move(child_.pos() + QPoint(Step, 0));
-    case Qt::Key_Up:
-      return child_.move(child_.pos() - QPoint(0, Step));
-    case Qt::Key_Down:
-      return child_.move(child_.pos() + QPoint(0, Step));
-    case Qt::Key_Escape:
-      child_.move(from_);
-      return end();
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return end();
-    default:
-      return;
-    }
-  }
-
-  QMdiSubWindow& child_;
-  const QPoint from_;
-};
-
-class ChildView final : public WindowView {
-public:
-  ChildView(Window& window, QtDesktop& desktop)
-      : WindowView(window, desktop, new QMdiSubWindow(nullptr, Qt::SubWindow),
-                   new Form(window, desktop)),
-        area_(areaFor(window, desktop)) {
-    child().setWidget(&form());
-    // The title's: the system's might be too large for a window of this size.
-    child().setFont(fontFor({}));
-    makeSystemMenu();
-    // A press on the title would move the focus past the forms layer.
-    child().setFocusPolicy(Qt::NoFocus);
-  }
-
-  void appear() override {
-    {
-      const auto quiet = reporter().quiet();
-      child().setParent(area_.viewport(), Qt::SubWindow | Qt::CustomizeWindowHint |
-                                              Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                                              Qt::WindowCloseButtonHint |
-                                              Qt::MSWindowsFixedSizeDialogHint);
-      fit();
-      area_.addSubWindow(&child(), child().windowFlags());
-      if (!window().PlacedByDesktop)
-        moveToPlace();
-      child().show();
-    }
-    tellPlace();
-  }
-
-  void remove() override {
-    const auto quiet = reporter().quiet();
-    detach();
-    child().hide();
-    area_.removeSubWindow(&child());
-    WindowView::remove();
-  }
-
-protected:
-  void syncPlace() override {
-    if (!child().isVisible())
-      return;
-    fit();
-    if (!tellingPlace_)
-      moveToPlace();
-  }
-
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    switch (event->type()) {
-    case QEvent::ContextMenu:
-      // Qt's own would wait in a loop of its own, in which the window may close.
-      event->accept();
-      return true;
-    case QEvent::MouseButtonPress: {
-      event->accept();
-      const bool goesOn = element() && reporter().report([this](Forms& forms) {
-        return forms.activated(window());
-      });
-      return !goesOn || !element();
-    }
-    case QEvent::Move:
-      if (element() && child().isVisible() && !reporter().isQuiet())
-        tellPlace();
-      return false;
-    default:
-      return WindowView::eventFilter(watched, event);
-    }
-  }
-
-private:
-  QMdiSubWindow& child() const { return static_cast<QMdiSubWindow&>(widget()); }
-
-  void makeSystemMenu() {
-    auto* const menu = new QMenu(&child());
-    QAction* const move =
-        menu->addAction(QStringLiteral("&Mover"), &child(), [this] { new KeyboardMove(child()); });
-    move->setShortcut(QKeySequence(QStringLiteral("Ctrl+F7")));
-    child().addAction(move);
-    QAction* const close =
-        menu->addAction(QStringLiteral("&Cerrar"), &child(), [this] { child().close(); });
-    close->setShortcuts(
-        {QKeySequence(QStringLiteral("Ctrl+F4")), QKeySequence(QKeySequence::Close)});
-    child().addAction(close);
-    child().setSystemMenu(menu);
-    connect(new QShortcut(QKeySequence(QStringLiteral("Alt+-")), &child(), nullptr, nullptr,
-                          Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, &child(), &QMdiSubWindow::showSystemMenu);
-  }
-
-  void fit() {
-    const QMargins frame = child().contentsMargins();
-    const QSize size = sizeAround({frame.left() + frame.right(), frame.top() + frame.bottom()});
-    if (size != child().minimumSize() || size != child().maximumSize())
-      child().setFixedSize(size);
-  }
-
-  // Top and Left follow where the window stands. A place between two pixels stays as the program
-  // gave it. While one of the two is told, the other is still the old one.
-  void tellPlace() {
-    const QScopedValueRollback telling(tellingPlace_, true);
-    if (pixels(window().Left) != child().x())
-      window().Left = twips(child().x());
-    if (pixels(window().Top) != child().y())
-      window().Top = twips(child().y());
-  }
-
-  QMdiArea& area_;
-  bool tellingPlace_ = false;
-};
-
 // --- A window of its own: fixed in size, with a close box ----------------------------------------
 
 // Stays in front of the frame, if there is one.
@@ -387,7 +204,7 @@ WindowView* makeView(Window& window, QtDesktop& desktop) {
   case WindowKind::Frame:
     return new FrameView(window, desktop);
   case WindowKind::Child:
-    return new ChildView(window, desktop);
+    return makeChildView(window, desktop);
   case WindowKind::Own:
     break;
   }

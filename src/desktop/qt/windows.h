@@ -26,6 +26,9 @@ public:
   }
   // Shows the window once all its elements are there.
   virtual void appear() = 0;
+  // Scrolls the window until this place of the form is seen, as far as the place is not larger than
+  // the room for it.
+  virtual void showInSight(const QRect& /*place*/) {}
   // Handles the person's actions until the window has been removed.
   void waitUntilRemoved();
 
@@ -36,10 +39,10 @@ protected:
   // To be asked only while there is a window.
   Window& window() const { return elementAs<Window>(); }
   virtual void syncPlace() {}
-  // Pixels around the form and a decoration of this size: as the window wants it, and more where an
-  // element would be cut.
-  QSize sizeAround(QSize decoration) const;
-  QSize neededSize() const;
+  // Pixels around a form of this scale and a decoration of this size: as the window wants it, and
+  // more where an element would be cut.
+  QSize sizeAround(QSize decoration, const Scale& scale = Scale()) const;
+  QSize neededSize(const Scale& scale) const;
   void moveToPlace();
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -17,6 +17,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+#include "desktop/qt/form.h"
 #include "forms/grid_picture.h"
 
 namespace scripted {
@@ -41,11 +42,23 @@ namespace {
 QString text(const std::string& utf8) {
   return QString::fromUtf8(utf8.c_str());
 }
-int pixel(int twips) {
-  return qRound(twips / 15.0);
+double factor = 1; // by which the window that is looked at is larger than it says
+int pixel(double twips) {
+  return qRound(twips * factor / 15);
+}
+// From edge to edge: what touches leaves no gap.
+QRect pixels(int left, int top, int width, int height) {
+  const QPoint corner(pixel(left), pixel(top));
+  return {corner, QPoint(pixel(left + width) - 1, pixel(top + height) - 1)};
 }
 QRect place(const Element& element) {
-  return {pixel(element.Left), pixel(element.Top), pixel(element.Width), pixel(element.Height)};
+  return pixels(element.Left, element.Top, element.Width, element.Height);
+}
+// Without the frame of a picture.
+QRect innerPlace(const Picture& picture) {
+  const int frame = picture.Border ? 15 : 0;
+  return pixels(picture.Left + frame, picture.Top + frame, picture.Width - 2 * frame,
+                picture.Height - 2 * frame);
 }
 
 template <class T>
@@ -100,13 +113,13 @@ QStringList words(const QWidget& widget) {
   return all;
 }
 
-// The file for this density in so many device pixels.
-const QImage& file(QString path, QSize size, double ratio) {
+// The file for this density, from 1 to 3 times the pixels, in so many device pixels.
+const QImage& file(QString path, QSize size, double density) {
   static QMap<std::pair<QString, int>, QImage> known;
   QImage& image = known[{path, size.width()}];
   if (!image.isNull())
     return image;
-  if (const QString at = QString("@%1x").arg(qCeil(ratio)); ratio > 1)
+  if (const QString at = QString("@%1x").arg(qMin(3, qCeil(density))); density > 1)
     path.insert(path.lastIndexOf('.'), at);
   QImageReader reader(path);
   reader.setDecideFormatFromContent(true);
@@ -116,25 +129,26 @@ const QImage& file(QString path, QSize size, double ratio) {
 // A lattice of points inside frame and raised edge, where nothing lies in front. Between two
 // densities a point of the screen is none of the file's; a mark for the keyboard may lie over some.
 void lookAtPicture(const Picture& picture, const QWidget& widget, const QImage& screen) {
-  constexpr int Edge = 7; // pixels
+  const int edge = qCeil(7 * qMax(1.0, factor)); // pixels
   const QString path = text(picture.picturePath());
   if (path.isEmpty() && !picture.BackColor)
     return; // the desktop's own colour
   const double ratio = widget.devicePixelRatioF();
-  const QPoint frame = picture.Border ? QPoint(1, 1) : QPoint();
-  const QSize inner = widget.size() - 2 * QSize(frame.x(), frame.y());
+  const QSize inner = innerPlace(picture).size();
+  const QPoint frame = innerPlace(picture).topLeft() - widget.pos();
   const QSize device(qCeil(inner.width() * ratio), qCeil(inner.height() * ratio));
   const Color back = picture.BackColor.value_or(Color());
-  const int step = std::max(6, widget.width() / 10), levels = ratio == std::floor(ratio) ? 12 : 64;
+  const int step = std::max(6, widget.width() / 10),
+            levels = ratio == std::floor(ratio) && factor == 1 ? 12 : 64;
   int points = 0, wrong = 0;
-  for (int y = Edge; y < widget.height() - Edge; y += step)
-    for (int x = Edge; x < widget.width() - Edge; x += step) {
+  for (int y = edge; y < widget.height() - edge; y += step)
+    for (int x = edge; x < widget.width() - edge; x += step) {
       const QPoint there = widget.mapTo(widget.window(), QPoint(x, y));
       if (widget.window()->childAt(there) != &widget)
         continue;
-      const QRgb expected = path.isEmpty()
-                                ? qRgb(back.red, back.green, back.blue)
-                                : file(path, device, ratio).pixel((QPoint(x, y) - frame) * ratio);
+      const QRgb expected =
+          path.isEmpty() ? qRgb(back.red, back.green, back.blue)
+                         : file(path, device, ratio * factor).pixel((QPoint(x, y) - frame) * ratio);
       ++points;
       wrong += !isNear(screen.pixel((QPointF(there) * ratio).toPoint()), expected, levels);
     }
@@ -176,10 +190,9 @@ QRect cursorPlace(const GridPicture& board) {
   const int square = board.cursorSquare - 1, columns = board.columns();
   if (square < 0 || columns == 0 || !board.Visible)
     return {};
-  const auto corner = [&](int number) { return pixel(number * board.side()); };
-  const int frame = board.Border ? 1 : 0;
-  return QRect(corner(square % columns), corner(square / columns), corner(1), corner(1))
-      .translated(place(board).topLeft() + QPoint(frame, frame));
+  const int frame = board.Border ? 15 : 0, side = board.side();
+  return pixels(board.Left + frame + square % columns * side,
+                board.Top + frame + square / columns * side, side, side);
 }
 
 // Looks at all elements of a window; hands back the pixels that they need.
@@ -263,13 +276,16 @@ void lookAtWindow(const Window& window, QWidget& widget) {
   lookAtMenu(window, nullptr, bar ? bar->actions() : QList<QAction*>());
   if (widget.findChild<QMdiArea*>())
     return; // there is no room for elements
-  auto* const form = widget.findChild<QWidget*>(widget.objectName());
+  auto* const form = dynamic_cast<qt::Form*>(widget.findChild<QWidget*>(widget.objectName()));
   ASSERT_TRUE(form) << window.name() << " has no area for elements";
+  factor = form->scale().percent() / 100.0;
+  EXPECT_TRUE(factor == 1 || window.grid()) << window.name() << " is not for enlarging";
   const QSize needed = lookAtElements(window, *form), frame = widget.size() - form->size();
-  const QSize outer(pixel(window.Width), pixel(window.Height));
-  const QSize inner(pixel(window.ClientWidth), pixel(window.ClientHeight));
-  same(window, "size", (inner.isEmpty() ? outer : inner + frame).expandedTo(needed + frame),
-       widget.size());
+  const bool outer = window.ClientWidth == 0 || window.ClientHeight == 0;
+  const QSize inner(pixel(outer ? window.Width - 15 * frame.width() : window.ClientWidth),
+                    pixel(outer ? window.Height - 15 * frame.height() : window.ClientHeight));
+  same(window, "size", inner.expandedTo(needed) + frame, widget.size());
+  factor = 1; // no place is scaled
   // A window manager may put a window of its own a little beside the place.
   const bool alone = QGuiApplication::platformName() == "offscreen" && !window.PlacedByDesktop;
   if (window.windowKind() == WindowKind::Child || alone)

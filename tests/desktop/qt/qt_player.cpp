@@ -56,9 +56,10 @@ QWidget* focusHolder() {
 }
 
 // Where this place of the picture, twips from its inner corner, lies in its widget.
-QPoint pixelOf(const Picture& picture, float X, float Y) {
-  const int frame = picture.Border ? 1 : 0;
-  return QPoint(frame, frame) + QPoint(static_cast<int>(X) / 15, static_cast<int>(Y) / 15);
+QPoint pixelOf(const Picture& picture, const QWidget& shown, float X, float Y) {
+  const QPointF frame(picture.frameWidth(), picture.frameWidth());
+  const QPointF pixel = (frame + QPointF(X, Y)) * shown.width() / picture.Width;
+  return {static_cast<int>(pixel.x()), static_cast<int>(pixel.y())};
 }
 
 } // namespace
@@ -183,12 +184,12 @@ void QtPlayer::doRightClick(Element& element) {
 }
 
 bool QtPlayer::doClickOn(Picture& picture, float X, float Y) {
-  return press(picture, pixelOf(picture, X, Y));
+  return press(picture, pixelOf(picture, widget(picture), X, Y));
 }
 
 void QtPlayer::doMoveOver(Picture& picture, float X, float Y) {
   QWidget& shown = widget(picture);
-  const QPointF place = pixelOf(picture, X, Y);
+  const QPointF place = pixelOf(picture, shown, X, Y);
   QMouseEvent move(QEvent::MouseMove, place, shown.mapToGlobal(place), Qt::NoButton, Qt::NoButton,
                    Qt::NoModifier);
   QCoreApplication::sendEvent(&shown, &move);

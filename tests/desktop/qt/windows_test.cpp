@@ -5,9 +5,10 @@
 #include <QMdiArea>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSet>
 #include <QTest>
 #include <QWindow>
-#include <cmath>
+#include <QtMath>
 #include <gtest/gtest.h>
 
 #include "desktop/qt/qt_player.h"
@@ -15,6 +16,7 @@
 #include "shell/information_box.h"
 
 using namespace scripted;
+using forms::Key;
 
 namespace {
 
@@ -33,28 +35,72 @@ protected:
     player.expectBox(falanges::informationBox().text, forms::Answer::Ok, onBox);
     app.start();
   }
-  // Each pixel of the screen near the lines between the squares, along a row and along a column.
-  void expectPixelsOnTheirSquares(const forms::Picture& board, int side) {
-    QWidget& widget = player.widget(board);
-    const double scale = widget.devicePixelRatioF();
-    const auto expectHint = [&](double x, double y, int row, int column) {
-      const QPointF place(x + 1, y + 1); // behind the frame
-      QMouseEvent move(QEvent::MouseMove, place, widget.mapToGlobal(place), Qt::NoButton,
-                       Qt::NoButton, Qt::NoModifier);
-      QCoreApplication::sendEvent(&widget, &move);
-      const QString number = row * column == 0 ? "" : QString::number((row - 1) * side + column);
-      EXPECT_EQ(widget.toolTip(), QString("Cuadro: %1 (%2,%3)").arg(number).arg(row).arg(column));
-    };
-    for (int line = 0; line < side; ++line)
-      for (int device = -2; device <= 2; ++device) {
-        const double place = (std::floor(line * 1180 / 15.0 * scale) + device) / scale;
-        const int square = static_cast<int>(std::ceil(std::floor(place) * 15 / 1180));
-        if (place < 0)
-          continue;
-        expectHint(place, 200, 3, square);
-        expectHint(200, place, square, 3);
+  // Boards of plain squares, the row in the red and the column in the green.
+  void paintBoards() {
+    const auto square = [](int pixel) { return qMax(1, qCeil(pixel * 15 / 1180.0)); };
+    for (int density = 1; density <= 3; ++density)
+      for (int side = 5; side <= 8; ++side) {
+        const int whole = qCeil(side * 1180 / 15.0);
+        QImage board(whole * density, whole * density, QImage::Format_RGB32);
+        for (int y = 0; y < board.height(); ++y)
+          for (int x = 0; x < board.width(); ++x)
+            board.setPixel(x, y, qRgb(square(y / density) * 30, square(x / density) * 30, 0));
+        const QString at = density == 1 ? "" : QString("@%1x").arg(density);
+        const QString name = QString("%1/img/%2x%2%3.jpg").arg(player.programFolder().c_str());
+        ASSERT_TRUE(board.save(name.arg(side).arg(at), "PNG"));
       }
   }
+  // At each line, along a row and a column, the hint names the square that is seen, and a unit
+  // stands in the middle of its square, as far as whole pixels allow.
+  void expectSquaresWhereSeen(int side) {
+    QWidget& board = player.widget(app.nuevoJuego.picTablero);
+    const double ratio = board.devicePixelRatioF();
+    // At whole device pixels.
+    const QPoint corner = board.mapTo(board.window(), QPoint()) / 2 * 2;
+    const QImage seen = board.window()->grab(QRect(corner, board.size())).toImage();
+    const auto at = [&](QPoint place) { // nothing where two squares meet in one pixel
+      const QRgb color = seen.pixel(place);
+      const bool one = (qRed(color) + 9) % 30 < 19 && (qGreen(color) + 9) % 30 < 19;
+      return one ? QPoint(qRound(qGreen(color) / 30.0), qRound(qRed(color) / 30.0)) : QPoint();
+    };
+    const auto expectHint = [&](QPoint pixel) {
+      const QPoint square = at(pixel);
+      const QPointF place = board.mapFrom(board.window(), corner + QPointF(pixel) / ratio);
+      QMouseEvent move(QEvent::MouseMove, place, board.mapToGlobal(place), Qt::NoButton,
+                       Qt::NoButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(&board, &move);
+      EXPECT_TRUE(square.isNull() ||
+                  board.toolTip().endsWith(QString("(%1,%2)").arg(square.y()).arg(square.x())))
+          << board.toolTip().toStdString() << " " << pixel.x() << " " << pixel.y() << " of "
+          << seen.width();
+    };
+    const double larger = seen.width() / (side * 1180 / 15.0); // than a pixel of the file
+    const int middle = seen.width() * 5 / 2 / side;
+    QSet<int> columns;
+    // The file's outermost pixels lie on no square.
+    for (int i = qCeil(2 * larger) + 2; i < seen.width() - 4; ++i)
+      if (columns.insert(at({i, middle}).x()); at({i, middle}) != at({i + 1, middle}))
+        for (const int beside : {i, i + 1})
+          expectHint({beside, middle}), expectHint({middle, beside});
+    EXPECT_GE(columns.size(), side);
+    for (const int n : {side + 2, side * side - side - 1}) {
+      const QWidget& unit = player.widget(*app.nuevoJuego.picUnidad(n));
+      const QPoint square((n - 1) % side + 1, (n - 1) / side + 1);
+      QRect around((unit.mapTo(unit.window(), QPoint()) - corner) * ratio, unit.size() * ratio);
+      const auto room = [&](QPoint from, QPoint way) {
+        int pixels = 0;
+        for (; at(from + (pixels + 2) * way) == square; ++pixels)
+          ;
+        return pixels;
+      };
+      const QPoint right(1, 0), down(0, 1);
+      const double uneven = 2 * (ratio + larger);
+      EXPECT_LE(std::abs(room(around.topLeft(), -right) - room(around.topRight(), right)), uneven);
+      EXPECT_LE(std::abs(room(around.topLeft(), -down) - room(around.bottomLeft(), down)), uneven);
+    }
+  }
+  // With the control key, in the frame.
+  void press(Qt::Key key) { QTest::keyClick(&player.widget(app.frame), key, Qt::ControlModifier); }
 
   Meanwhile onBox; // while a box is open
   Scale set{GetParam()};
@@ -62,12 +108,61 @@ protected:
   falanges::App app{player};
 };
 
-TEST_P(Windows, MeanTheRightSquareUnderEachPixel) {
+TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
+  paintBoards();
+  QWidget& frame = player.widget(app.frame);
   player.menu(app.frame.mnuNuevoJuego);
+  app.principal.OpcLimiteFilas = "1"; // units on any row
+  player.click(app.nuevoJuego.picINF);
   for (int side = 5; side <= 8; ++side) {
+    frame.resize(900, 900);
     player.choose(app.nuevoJuego.comTablero, side - 5);
-    expectPixelsOnTheirSquares(app.nuevoJuego.picTablero, side);
+    player.clickOn(app.nuevoJuego.picTablero, 1180 + 300, 1180 + 300);
+    expectSquaresWhereSeen(side);
   }
+  frame.resize(2300, 2300);
+  while (player.widget(app.nuevoJuego.picTablero).width() < 3 * 630)
+    press(Qt::Key_Plus), expectSquaresWhereSeen(8);
+  while (player.widget(app.nuevoJuego.picTablero).width() > 330)
+    press(Qt::Key_Minus), expectSquaresWhereSeen(8);
+}
+
+// A board as large as its frame allows, and no larger than it is meant to be; or as it was chosen.
+TEST_P(Windows, FitABoardIntoItsFrame) {
+  QWidget& frame = player.widget(app.frame);
+  const QWidget& area = *frame.findChild<QMdiArea*>()->viewport();
+  player.menu(app.frame.mnuNuevoJuego);
+  player.choose(app.nuevoJuego.comTablero, 3);
+  QWidget* window = &player.widget(app.nuevoJuego);
+  window->move(100, 100); // it comes back into the frame
+  for (const auto& [width, height] :
+       {std::pair(720, 760), {800, 660}, {500, 900}, {400, 400}, {900, 500}, {900, 900}}) {
+    frame.resize(width, height);
+    player.key(Key::Up); // and everything is where the elements say
+    EXPECT_TRUE(area.rect().contains(window->geometry())) << width << " x " << height;
+    const QSize larger = window->size() + QSize(722, 688) / 20;
+    EXPECT_TRUE(window->width() == 722 || !area.rect().contains(QRect({}, larger)));
+  }
+  const auto turn = [&](int notches) {
+    QWidget& board = player.widget(app.nuevoJuego.picTablero);
+    QWheelEvent wheel({9, 9}, board.mapToGlobal(QPoint(9, 9)), {}, {0, notches * 120}, {},
+                      Qt::ControlModifier, {}, false);
+    QSpontaneKeyEvent::setSpontaneous(&wheel); // or it goes no further than to the board
+    qApp->notify(&board, &wheel);
+    return player.widget(app.nuevoJuego.picTablero).width();
+  };
+  EXPECT_EQ(turn(-2), 569); // 90 %
+  EXPECT_EQ(turn(6), 1106); // 175 %
+  frame.resize(700, 600);
+  EXPECT_EQ(turn(-1), 948);
+  player.closeWindow(app.nuevoJuego);
+  player.menu(app.frame.mnuNuevoJuego);
+  EXPECT_EQ(turn(0), 594);                                            // 5 x 5
+  for (const Key way : {Key::Up, Key::Right, Key::Right, Key::Right}) // scrolls
+    player.key(way);
+  press(Qt::Key_0);
+  EXPECT_EQ(turn(0), 396);
+  EXPECT_EQ(player.widget(app.nuevoJuego).pos(), QPoint());
 }
 
 TEST_P(Windows, LeaveEverySquareInReachOfASmallFrame) {
@@ -76,20 +171,32 @@ TEST_P(Windows, LeaveEverySquareInReachOfASmallFrame) {
   player.choose(app.nuevoJuego.comTablero, 3);
   player.click(app.nuevoJuego.picINF);
   QWidget& frame = player.widget(app.frame);
-  frame.showNormal();
-  frame.resize(400, 300);
+  frame.resize(300, 250);
   QCoreApplication::processEvents();
   const auto& area = *frame.findChild<QMdiArea*>();
   QWidget& board = player.widget(app.nuevoJuego.picTablero);
+  const auto middle = [&](int n) {
+    return QPoint((n - 1) % 8 * 2 + 1, (n - 1) / 8 * 2 + 1) * board.width() / 16;
+  };
+  const auto seen = [&](const QWidget& shown, QPoint place) {
+    return area.viewport()->rect().contains(shown.mapTo(area.viewport(), place));
+  };
   for (int n = 64; n > 32; --n) {
-    const QPoint middle = QPoint((n - 1) % 8, (n - 1) / 8) * 1180 / 15 + QPoint(40, 40);
-    const QPoint off = board.mapTo(area.viewport(), middle) - area.viewport()->rect().center();
+    const QPoint off = board.mapTo(area.viewport(), middle(n)) - area.viewport()->rect().center();
     area.horizontalScrollBar()->setValue(area.horizontalScrollBar()->value() + off.x());
     area.verticalScrollBar()->setValue(area.verticalScrollBar()->value() + off.y());
-    ASSERT_TRUE(area.viewport()->rect().contains(board.mapTo(area.viewport(), middle))) << n;
-    QTest::mouseClick(frame.windowHandle(), Qt::LeftButton, {}, board.mapTo(&frame, middle));
+    ASSERT_TRUE(seen(board, middle(n))) << n;
+    QTest::mouseClick(frame.windowHandle(), Qt::LeftButton, {}, board.mapTo(&frame, middle(n)));
     EXPECT_TRUE(app.nuevoJuego.picUnidad(n) && app.nuevoJuego.picUnidad(65 - n)) << n;
   }
+  for (const Key way : {Key::Up, Key::Right, Key::Down, Key::Left})
+    for (int i = 0; i < 8; ++i) {
+      player.key(way);
+      const int n = app.nuevoJuego.picTablero.cursorSquare;
+      EXPECT_TRUE(n > 0 && seen(board, middle(n))) << n;
+    }
+  player.key(Key::Right), player.tab();
+  EXPECT_TRUE(seen(player.widget(app.nuevoJuego.comTablero), {}));
 }
 
 INSTANTIATE_TEST_SUITE_P(AtScale, Windows, testing::Values("1", "1.5", "2"));
@@ -135,7 +242,8 @@ TEST_P(WindowsInLargeType, CutNoText) {
     player.menu(app.frame.mnuNuevoJuego);
     expectTextsWhole();
     app.enJuego.open();
-    expectTextsWhole();
+    for (int step = 0; step < 11; ++step, press(Qt::Key_Minus)) // down to 50 %
+      expectTextsWhole();
     app.enJuego.close();
     app.nuevoJuego.close();
     player.expectFile("Cargar Juego", std::nullopt, expectTextsWhole);

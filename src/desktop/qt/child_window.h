@@ -1,0 +1,17 @@
+// A child window inside the frame: fixed in size, with a close box. One with a board is shown in
+// the size that fits, or that the person has chosen.
+#pragma once
+
+namespace forms {
+class Window;
+}
+
+namespace forms::qt {
+
+class QtDesktop;
+class WindowView;
+
+// To be made while the frame is on the screen.
+WindowView* makeChildView(Window& window, QtDesktop& desktop);
+
+} // namespace forms::qt
