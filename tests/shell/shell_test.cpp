@@ -78,25 +78,24 @@ TEST_F(Shell, EachChangeOfAnOptionReachesItemAndFileAtOnce) {
 TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
   configure("0;0;0;0;\r\n");
   start();
-  // One box each, with the focus where it must be.
-  const auto refused = [&](const std::string& box, const std::string& field,
-                           const std::string& script) {
-    run("expect " + box + ", " + script);
-    EXPECT_EQ(screen.focused() + " " + state(), field + " HSHSS NuevoJuego Opciones") << script;
-    EXPECT_EQ(app.forms.activeChild(), &app.opciones);
-  };
   run("menu NuevoJuego, menu Opciones, click txtMovPorTurno");
-  for (const char* script : {"close Opciones", "activate NuevoJuego", "click txtMovPorTurno",
-                             "click chkLimiteFilas", "click btnCargarJuegoRed", "square 1"})
-    refused("seconds", "txtTiempoRed", script);
+  // One box each, with the focus where it must be.
+  const auto focused = [&] {
+    EXPECT_EQ(state(), "HSHSS NuevoJuego Opciones");
+    EXPECT_EQ(app.forms.activeChild(), &app.opciones);
+    return screen.focused();
+  };
+  for (const std::string left : {"close Opciones", "activate NuevoJuego", "click txtMovPorTurno",
+                                 "click chkLimiteFilas", "click btnCargarJuegoRed", "square 1"})
+    walk({"expect seconds, " + left + " => txtTiempoRed"}, focused);
   EXPECT_EQ(principal.OpcLimiteFilas, "0");
   for (const std::string wrong : {"4", "301", "", "4.9"})
-    refused("seconds", "txtTiempoRed", "type txtTiempoRed " + wrong + ", tab");
+    walk({"expect seconds, type txtTiempoRed " + wrong + ", tab => txtTiempoRed"}, focused);
   run("type txtTiempoRed 300, tab, type txtTiempoRed 5, tab");
   for (const std::string wrong : {"0", "6", "x5", "5.1", ".9"})
-    refused("moves", "txtMovPorTurno", "type txtMovPorTurno " + wrong + ", tab");
-  refused("moves", "txtMovPorTurno", "close Opciones");
-  refused("moves", "txtMovPorTurno", "click btnCargarJuegoRed");
+    walk({"expect moves, type txtMovPorTurno " + wrong + ", tab => txtMovPorTurno"}, focused);
+  for (const std::string left : {"close Opciones", "click btnCargarJuegoRed"})
+    walk({"expect moves, " + left + " => txtMovPorTurno"}, focused);
   run("type txtMovPorTurno 5, tab, type txtMovPorTurno 1, tab, activate NuevoJuego");
   EXPECT_EQ(state(), "HSHSS NuevoJuego");
 }
