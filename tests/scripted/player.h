@@ -100,7 +100,7 @@ public:
     return done(forms_->activeChild() == &window);
   }
   // Name of the element that the keyboard goes to, "" when there is none.
-  virtual std::string focused() { return focus_ ? focus_->name() : ""; }
+  std::string focused() const { return focus_ ? focus_->name() : ""; }
   // Lets this many seconds pass, with a tick in each of every timer that runs.
   void tick(int seconds = 1);
 
@@ -116,10 +116,10 @@ public:
     EXPECT_TRUE(element.window().isOpen()) << element.name();
   }
   void removed(Element& element) override {
-    changed(element), focus_ = focus_ == &element ? nullptr : focus_;
+    Player::changed(element), focus_ = focus_ == &element ? nullptr : focus_;
   }
   void focusAsked(Element& element) override {
-    changed(element), focus_ = element.kind() == Kind::Window ? nullptr : &element;
+    Player::changed(element), focus_ = element.kind() == Kind::Window ? nullptr : &element;
   }
   Answer messageBox(const MessageBox& box) override { return next(box).passed().answer; }
   std::optional<std::string> fileDialog(const FileDialog& dialog) override {

@@ -84,24 +84,6 @@ TEST_F(Desktop, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
   EXPECT_EQ(log.take(), "picUnidad_Click2 pic_Left pic_Click");
 }
 
-TEST_F(Desktop, ClosesNoWindowBehindABox) {
-  log.on["btn_Click"] = [&] {
-    EXPECT_EQ(program.forms.messageBox("¿Sí?", forms::BoxStyle::InformationYesNo),
-              forms::Answer::Yes);
-    program.forms.fileDialog({true, "Guardar", "", "", ""});
-    program.own.showModal();
-  };
-  const auto close = [&] {
-    EXPECT_FALSE(player.closeWindow(program.frame) || player.closeWindow(one));
-  };
-  player.expectBox("¿Sí?", forms::Answer::Yes, close);
-  player.expectFile("Guardar", std::nullopt, close);
-  player.expectModal("frmPropia", [&] { close(), player.closeWindow(program.own); });
-  player.click(one.btn);
-  EXPECT_EQ(log.take(),
-            "txtA_LostFocus btn_Click frmPropia_Load frmPropia_QueryUnload frmPropia_Unload");
-}
-
 TEST_F(Desktop, TicksWhileTheTimerRuns) {
   program.frame.tmr.Interval = 20;
   QTest::qWait(60);

@@ -251,17 +251,4 @@ void QtPlayer::afterAction() {
     agrees(*forms_);
 }
 
-std::string QtPlayer::focused() {
-  settle();
-  const QWidget* const holder = QApplication::focusWidget();
-  if (!holder || !holder->parentWidget())
-    return "";
-  for (const Window* window : forms_->openWindows())
-    for (const Element* element : window->elements())
-      if (holder->parentWidget()->objectName() == toQt(window->name()) &&
-          holder->objectName() == toQt(element->name()))
-        return element->name();
-  return "";
-}
-
 } // namespace scripted

@@ -50,8 +50,7 @@ protected:
         ASSERT_TRUE(board.save(name.arg(side).arg(at), "PNG"));
       }
   }
-  // At each line, along a row and a column, the hint names the square that is seen, and a unit
-  // stands in the middle of its square, as far as whole pixels allow.
+  // At each line, along a row and a column, the hint names the square that is seen.
   void expectSquaresWhereSeen(int side) {
     QWidget& board = player.widget(app.nuevoJuego.picTablero);
     const double ratio = board.devicePixelRatioF();
@@ -83,21 +82,6 @@ protected:
         for (const int beside : {i, i + 1})
           expectHint({beside, middle}), expectHint({middle, beside});
     EXPECT_GE(columns.size(), side);
-    for (const int n : {side + 2, side * side - side - 1}) {
-      const QWidget& unit = player.widget(*app.nuevoJuego.picUnidad(n));
-      const QPoint square((n - 1) % side + 1, (n - 1) / side + 1);
-      QRect around((unit.mapTo(unit.window(), QPoint()) - corner) * ratio, unit.size() * ratio);
-      const auto room = [&](QPoint from, QPoint way) {
-        int pixels = 0;
-        for (; at(from + (pixels + 2) * way) == square; ++pixels)
-          ;
-        return pixels;
-      };
-      const QPoint right(1, 0), down(0, 1);
-      const double uneven = 2 * (ratio + larger);
-      EXPECT_LE(std::abs(room(around.topLeft(), -right) - room(around.topRight(), right)), uneven);
-      EXPECT_LE(std::abs(room(around.topLeft(), -down) - room(around.bottomLeft(), down)), uneven);
-    }
   }
   // With the control key, in the frame.
   void press(Qt::Key key) { QTest::keyClick(&player.widget(app.frame), key, Qt::ControlModifier); }
@@ -112,12 +96,9 @@ TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
   paintBoards();
   QWidget& frame = player.widget(app.frame);
   player.menu(app.frame.mnuNuevoJuego);
-  app.principal.OpcLimiteFilas = "1"; // units on any row
-  player.click(app.nuevoJuego.picINF);
   for (int side = 5; side <= 8; ++side) {
     frame.resize(900, 900);
     player.choose(app.nuevoJuego.comTablero, side - 5);
-    player.clickOn(app.nuevoJuego.picTablero, 1180 + 300, 1180 + 300);
     expectSquaresWhereSeen(side);
   }
   frame.resize(2300, 2300);
