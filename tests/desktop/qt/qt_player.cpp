@@ -123,8 +123,8 @@ std::optional<std::string> QtPlayer::fileDialog(const FileDialog& dialog) {
   looking.callOnTimeout([&] {
 #ifdef Q_OS_WIN
     const HWND shown = FindWindowW(L"#32770", toQt(dialog.title).toStdWString().c_str());
-    const HWND name = GetFocus();
-    if (!IsChild(shown, name))
+    const HWND name = shown ? FindWindowExW(shown, nullptr, L"Edit", nullptr) : nullptr;
+    if (!IsWindowVisible(name))
       return; // not all there yet
     EXPECT_FALSE(IsWindowEnabled(GetWindow(shown, GW_OWNER)));
 #endif
