@@ -7,8 +7,14 @@ install(DIRECTORY
   "${FALANGES_PROGRAM_FOLDER}/ico"
   "${FALANGES_PROGRAM_FOLDER}/translations"
   DESTINATION ${folder} OPTIONAL)
-install(FILES MANUAL.md DESTINATION ${folder})
 install(DIRECTORY docs/capturas DESTINATION ${folder}/docs OPTIONAL)
+# The manual as a page, which any browser opens: its tool is needed by those who pack alone.
+install(CODE "execute_process(
+  COMMAND \"${CMAKE_COMMAND}\" -D \"MARKDOWN=${PROJECT_SOURCE_DIR}/MANUAL.md\"
+          -D \"PAGE=${PROJECT_BINARY_DIR}/Manual.html\"
+          -P \"${PROJECT_SOURCE_DIR}/packaging/manual/page.cmake\"
+  COMMAND_ERROR_IS_FATAL ANY)")
+install(FILES "${PROJECT_BINARY_DIR}/Manual.html" DESTINATION ${folder})
 
 # Whoever packs has built the programs before; the tests are not needed for it.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)

@@ -25,6 +25,9 @@ packages_test=(
   desktop-file-utils
 )
 
+# Making the archives for the players.
+packages_archive=(cmark-gfm)
+
 # Measuring the windows.
 packages_bench=(xvfb openbox python3-xlib libbenchmark-dev)
 

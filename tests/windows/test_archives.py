@@ -9,7 +9,9 @@ Each archive is unpacked into an empty folder, whose path has blanks and accents
 import shutil
 import sys
 import tempfile
+from html.parser import HTMLParser
 from pathlib import Path
+from urllib.parse import unquote
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
 from picture_player import BOX, INICIAR, PALETTE, Game, Program, game_file, place, run, running, wait_for
@@ -71,6 +73,21 @@ def coordinate_tool_opens_and_closes(folder):
     program.ends()
 
 
+def manual_leads_nowhere_else(folder):
+    page = HTMLParser()
+    places, leads = [], []
+
+    def tag(_, attributes):
+        for name, value in attributes:
+            {"id": places, "href": leads, "src": leads}.get(name, []).append(unquote(value or ""))
+
+    page.handle_starttag = page.handle_startendtag = tag
+    page.feed((folder / "Manual.html").read_text(encoding="utf-8"))
+    assert len(places) > 10 and len(leads) > 15
+    for lead in leads:
+        assert lead[1:] in places if lead.startswith("#") else (folder / lead).is_file(), lead
+
+
 def main():
     windows, linux = (Path(name).resolve() for name in sys.argv[1:])
     with tempfile.TemporaryDirectory(prefix="José Núñez ") as home:
@@ -80,6 +97,7 @@ def main():
             folders.append(Path(home) / name / "falanges")
         one, two, three = folders
         for folder in (one, three):
+            manual_leads_nowhere_else(folder)
             deploy_move_save(folder)
             coordinate_tool_opens_and_closes(folder)
         play_over_a_folder(one, two)
