@@ -26,7 +26,7 @@ packages_test=(
 )
 
 # Making the archives for the players.
-packages_archive=(cmark-gfm)
+packages_archive=(cmark-gfm qt6-wayland)
 
 # Measuring the windows.
 packages_bench=(xvfb openbox python3-xlib libbenchmark-dev)
