@@ -11,18 +11,21 @@ list=$(LD_TRACE_LOADED_OBJECTS=1 LD_PRELOAD="\$ORIGIN/plugins/platforms/libq$scr
 $1 => not found"
 missing=$(printf '%s\n' "$list" | sed -n \
   -e 's/^[[:space:]]*\(.*\) => not found.*/\1/p' \
-  -e "s/.*version [\`']\(.*\)' not found.*/\1/p" | sort -u)
+  -e "s/.*version [\`']\(.*\)' not found.*/\1/p" |
+  sort --reverse --version-sort | awk -F_ '!told[$1]++') # of each library the newest version that it needs
 [ -n "$missing" ] || exit 0
 
-text="Falanges no puede empezar: a este sistema le falta, o es demasiado antiguo, lo siguiente:
+text="Falanges no puede empezar. A este sistema le falta,
+o tiene demasiado antiguo, lo siguiente:
 
 $missing
 
-Instálelo con el programa que instala los demás en su sistema, o actualice el sistema."
+Instálelo con el programa que instala los demás,
+o actualice el sistema."
 printf '%s\n' "$text" >&2
 title="Falanges Z"
-zenity --error --no-markup --title "$title" --text "$text" 2>/dev/null ||
+zenity --error --no-markup --width 420 --title "$title" --text "$text" 2>/dev/null ||
   kdialog --title "$title" --error "$text" 2>/dev/null ||
-  xmessage -center -title "$title" "$text" 2>/dev/null ||
+  xmessage -xrm '*international: true' -center -title "$title" "$text" 2>/dev/null ||
   notify-send "$title" "$text" 2>/dev/null
 exit 1

@@ -1,11 +1,13 @@
 # Puts into FOLDER, the program's, the libraries and plugins of Qt that the program needs, with what they
 # need themselves and the licences of all of them. To be included by the installation script, with FOLDER,
 # PROGRAM and PLUGINS, the folder of the system's Qt plugins.
+# Under Wayland, Qt frames windows only where it has a way to OpenGL, too.
 set(plugins
   platforms/libqxcb.so
   platforms/libqwayland-generic.so
   wayland-shell-integration/libxdg-shell.so
   wayland-decoration-client/libbradient.so
+  wayland-graphics-integration-client/libqt-plugin-wayland-egl.so
   platforminputcontexts/libcomposeplatforminputcontextplugin.so
   platforminputcontexts/libibusplatforminputcontextplugin.so
   imageformats/libqjpeg.so

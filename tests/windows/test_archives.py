@@ -88,6 +88,16 @@ def manual_leads_nowhere_else(folder):
         assert lead[1:] in places if lead.startswith("#") else (folder / lead).is_file(), lead
 
 
+def linux_needs_no_qt(archive, folder):
+    assert archive.stat().st_size <= 30 * 2**20
+    assert sum(file.stat().st_size for file in folder.rglob("*")) <= 80 * 2**20
+    program = Game(folder)
+    loaded = Path(f"/proc/{program.process.pid}/maps").read_text()
+    files = {line.split(maxsplit=5)[5] for line in loaded.splitlines() if "Qt6" in line or "/libq" in line}
+    assert len(files) >= 6 and all(file.startswith(str(folder)) for file in files), files
+    program.close()
+
+
 def main():
     windows, linux = (Path(name).resolve() for name in sys.argv[1:])
     with tempfile.TemporaryDirectory(prefix="José Núñez ") as home:
@@ -96,6 +106,7 @@ def main():
             shutil.unpack_archive(archive, Path(home) / name)
             folders.append(Path(home) / name / "falanges")
         one, two, three = folders
+        linux_needs_no_qt(linux, three)
         for folder in (one, three):
             manual_leads_nowhere_else(folder)
             deploy_move_save(folder)
