@@ -5,6 +5,7 @@ install(DIRECTORY
   "${FALANGES_PROGRAM_FOLDER}/img"
   "${FALANGES_PROGRAM_FOLDER}/ico"
   "${FALANGES_PROGRAM_FOLDER}/translations"
+  "${FALANGES_PROGRAM_FOLDER}/fonts"
   DESTINATION ${folder} OPTIONAL)
 install(DIRECTORY docs/capturas DESTINATION ${folder}/docs OPTIONAL)
 # The manual as a page, which any browser opens: its tool is needed by those who pack alone.

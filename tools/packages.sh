@@ -22,7 +22,7 @@ packages_demo=(
 packages_test=(
   libgtest-dev libgmock-dev libbenchmark-dev ccache python3
   clang clang-format clang-tidy cppcheck
-  desktop-file-utils
+  desktop-file-utils fonts-dejavu-core
 )
 
 # Making the archives for the players.

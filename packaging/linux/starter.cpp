@@ -1,7 +1,7 @@
-// What a double click on "falanges" starts in the archive for Linux: it has lib/check.sh look whether the
-// system has what the program needs besides the archive's own libraries, and then becomes the program. It
-// is linked statically, so that an old system still runs it, and at fixed addresses: file managers take
-// other program files for libraries.
+// What a double click on "falanges" starts in the archive for Linux: it has lib/check.sh look
+// whether the system has what the program needs besides the archive's own libraries, and then
+// becomes the program. It is linked statically, so that an old system still runs it, and at fixed
+// addresses: file managers take other program files for libraries.
 #include <array>
 #include <climits>
 #include <cstdio>

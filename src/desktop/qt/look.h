@@ -21,6 +21,9 @@ void speakSpanish();
 // measures.
 QFont fontFor(const Font& font);
 
+// Draws the text of a widget as much narrower as it takes to have it whole in the room that it has.
+void fitText(QWidget& widget, const QString& text, const QSize& room, bool wrapped = false);
+
 // Gives the widget the element's colours in the two roles that its kind is drawn with.
 void applyColors(QWidget& widget, const Element& element, QPalette::ColorRole background,
                  QPalette::ColorRole foreground);
