@@ -22,8 +22,11 @@ packages_demo=(
 packages_test=(
   libgtest-dev libgmock-dev libbenchmark-dev ccache python3
   clang clang-format clang-tidy cppcheck
-  desktop-file-utils
+  desktop-file-utils fonts-dejavu-core
 )
+
+# Making the archives for the players.
+packages_archive=(cmark-gfm qt6-wayland)
 
 # Measuring the windows.
 packages_bench=(xvfb openbox python3-xlib libbenchmark-dev)

@@ -18,6 +18,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStyle>
+#include <QStyleOptionButton>
 #include <QTimer>
 
 #include "desktop/qt/conversions.h"
@@ -57,6 +58,7 @@ protected:
     widget().setText(caption());
     // Where there is room for one line only, a wrapped word would vanish altogether.
     widget().setWordWrap(widget().height() >= 2 * widget().fontMetrics().lineSpacing());
+    fitText(widget(), widget().text(), widget().contentsRect().size(), widget().wordWrap());
     if (shown().Announced)
       announce(widget(), widget().accessibleName());
   }
@@ -203,7 +205,14 @@ public:
   }
 
 protected:
-  void syncKind() override { widget().setText(caption()); }
+  void syncKind() override {
+    widget().setText(caption());
+    QStyleOptionButton option;
+    option.initFrom(&widget());
+    const QStyle& style = *widget().style();
+    const QRect room = style.subElementRect(QStyle::SE_PushButtonContents, &option, &widget());
+    fitText(widget(), widget().text(), room.size());
+  }
   QString caption() const override { return toQt(shown().Caption); }
 };
 

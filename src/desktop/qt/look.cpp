@@ -1,5 +1,6 @@
 #include "desktop/qt/look.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -62,6 +63,15 @@ QPalette lightPalette() {
   return palette;
 }
 
+// Of the same measures, too: for systems that have neither. Empty when its files are missing.
+QString carriedFamily() {
+  const QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/fonts/");
+  const int regular =
+      QFontDatabase::addApplicationFont(folder + QStringLiteral("LiberationSans-Regular.ttf"));
+  QFontDatabase::addApplicationFont(folder + QStringLiteral("LiberationSans-Bold.ttf"));
+  return QFontDatabase::applicationFontFamilies(regular).value(0);
+}
+
 QString availableFamily(const QString& wanted) {
   static QHash<QString, QString> found;
   QString& family = found[wanted];
@@ -75,6 +85,8 @@ QString availableFamily(const QString& wanted) {
         serif ? QStringLiteral("Times New Roman") : QStringLiteral("Arial")})
     if (QFontDatabase::hasFamily(candidate))
       return family = candidate;
+  if (const QString carried = serif ? QString() : carriedFamily(); !carried.isEmpty())
+    return family = carried;
   return family = wanted;
 }
 
@@ -106,6 +118,22 @@ QFont fontFor(const Font& font, const Scale& scale) {
   made.setPixelSize(whole * scale.percent() / 100);
   made.setBold(font.bold);
   return made;
+}
+
+void fitText(QWidget& widget, const QString& text, const QSize& room, bool wrapped) {
+  constexpr int Narrowest = 40; // per cent: nobody reads what is narrower still
+  const int flags = Qt::TextShowMnemonic | (wrapped ? Qt::TextWordWrap : 0);
+  QFont font = widget.font();
+  font.setStretch(QFont::AnyStretch);
+  for (int width = QFont::Unstretched; width > Narrowest; font.setStretch(width)) {
+    const QSize needed = QFontMetrics(font).boundingRect({{}, room}, flags, text).size();
+    if (needed.width() <= room.width() && (!wrapped || needed.height() <= room.height()))
+      break;
+    width = std::min(width - 1, width * room.width() / std::max(1, needed.width()));
+    width = std::max(width, Narrowest);
+  }
+  if (widget.font() != font)
+    widget.setFont(font);
 }
 
 void applyColors(QWidget& widget, const Element& element, QPalette::ColorRole background,

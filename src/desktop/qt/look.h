@@ -22,6 +22,9 @@ void speakSpanish();
 // replaced by one of the same measures.
 QFont fontFor(const Font& font, const Scale& scale = Scale());
 
+// Draws the text of a widget as much narrower as it takes to have it whole in the room that it has.
+void fitText(QWidget& widget, const QString& text, const QSize& room, bool wrapped = false);
+
 // Gives the widget the element's colours in the two roles that its kind is drawn with.
 void applyColors(QWidget& widget, const Element& element, QPalette::ColorRole background,
                  QPalette::ColorRole foreground);

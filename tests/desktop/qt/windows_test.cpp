@@ -1,6 +1,7 @@
 // The windows on screens of several densities, in a frame too small for them, and in large type.
 #include <QApplication>
 #include <QComboBox>
+#include <QFontInfo>
 #include <QLabel>
 #include <QMdiArea>
 #include <QPushButton>
@@ -184,6 +185,32 @@ void expectTextsWhole() {
     EXPECT_EQ(needed.boundedTo(shown->contentsRect().size()), needed) << text.toStdString();
     EXPECT_TRUE(shown->parentWidget()->rect().contains(shown->geometry())) << text.toStdString();
   }
+}
+
+// Where no system's font has the measures that the windows are drawn for. Read at the first
+// application.
+struct WideLetters {
+  WideLetters() {
+    qputenv("FONTCONFIG_FILE", QT_TESTCASE_SOURCEDIR "/desktop/qt/golden/one-font.conf");
+  }
+};
+
+class WindowsInOneFont : WideLetters, public Windows {};
+
+INSTANTIATE_TEST_SUITE_P(AtScale, WindowsInOneFont, testing::Values("1"));
+
+TEST_P(WindowsInOneFont, CutNoText) {
+  player.menu(app.frame.mnuOpciones);
+  expectTextsWhole();
+  const QFontInfo drawn(player.widget(app.opciones.lblBandera).font());
+  EXPECT_TRUE(drawn.family() == "Liberation Sans" || drawn.family() == "Arial");
+  app.opciones.lblBandera.Caption = "Lo que en otra lengua, u otras letras, es largo";
+  app.opciones.btnCargarJuegoRed.Caption = "Lo que en otra lengua, u otras letras, es largo";
+  expectTextsWhole();
+  player.menu(app.frame.mnuNuevoJuego);
+  app.enJuego.open();
+  app.enJuego.lblJ1_Estado.Caption = "En otra lengua, más o menos largo";
+  expectTextsWhole();
 }
 
 // As a system may be set to large type, before the start or later.

@@ -1,0 +1,31 @@
+#!/bin/sh
+# Succeeds where the system has every library that the program asks of it; says in a window and in the
+# terminal what is missing otherwise. Lies in lib/.
+#   check.sh PROGRAM
+
+# The loader lists what it would load, and starts nothing. Its way to the screen counts, too; $ORIGIN is the
+# loader's word for the program's folder, whose real path may have blanks that it can't take here.
+if [ -n "${DISPLAY:-}" ]; then screen=xcb; else screen=wayland-generic; fi
+list=$(LD_TRACE_LOADED_OBJECTS=1 LD_PRELOAD="\$ORIGIN/plugins/platforms/libq$screen.so" "$1" 2>&1) ||
+  list="$list
+$1 => not found"
+missing=$(printf '%s\n' "$list" | sed -n \
+  -e 's/^[[:space:]]*\(.*\) => not found.*/\1/p' \
+  -e "s/.*version [\`']\(.*\)' not found.*/\1/p" |
+  sort --reverse --version-sort | awk -F_ '!told[$1]++') # of each library the newest version that it needs
+[ -n "$missing" ] || exit 0
+
+text="Falanges no puede empezar. A este sistema le falta,
+o tiene demasiado antiguo, lo siguiente:
+
+$missing
+
+Instálelo con el programa que instala los demás,
+o actualice el sistema."
+printf '%s\n' "$text" >&2
+title="Falanges Z"
+zenity --error --no-markup --width 420 --title "$title" --text "$text" 2>/dev/null ||
+  kdialog --title "$title" --error "$text" 2>/dev/null ||
+  xmessage -xrm '*international: true' -center -title "$title" "$text" 2>/dev/null ||
+  notify-send "$title" "$text" 2>/dev/null
+exit 1
