@@ -72,9 +72,14 @@ QString carriedFamily() {
   return QFontDatabase::applicationFontFamilies(regular).value(0);
 }
 
-QString availableFamily(const QString& wanted) {
+// The families that stand in for those wanted, as the application has found them.
+QHash<QString, QString>& families() {
   static QHash<QString, QString> found;
-  QString& family = found[wanted];
+  return found;
+}
+
+QString availableFamily(const QString& wanted) {
+  QString& family = families()[wanted];
   if (!family.isEmpty())
     return family;
   const bool serif = wanted.startsWith(QLatin1String("Times"));
@@ -93,6 +98,7 @@ QString availableFamily(const QString& wanted) {
 } // namespace
 
 void applyLook() {
+  families().clear();
   QApplication::setStyle(QStringLiteral("Fusion"));
   const QPalette palette = lightPalette();
   QApplication::setPalette(palette);

@@ -187,12 +187,13 @@ void expectTextsWhole() {
   }
 }
 
-// Where no system's font has the measures that the windows are drawn for. Read at the first
-// application.
+// Where no system's font has the measures that the windows are drawn for.
 struct WideLetters {
   WideLetters() {
     qputenv("FONTCONFIG_FILE", QT_TESTCASE_SOURCEDIR "/desktop/qt/golden/one-font.conf");
   }
+  ~WideLetters() { qputenv("FONTCONFIG_FILE", before); }
+  const QByteArray before = qgetenv("FONTCONFIG_FILE");
 };
 
 class WindowsInOneFont : WideLetters, public Windows {};
