@@ -178,6 +178,13 @@ protected:
   }
   QString description() const override { return toQt(shown().Text()); }
 
+  // The style's arrow is of one size: on a form shown small it must not take the text's room.
+  QRect placeFor(const QRect& wanted) const override {
+    constexpr int ArrowAndFrame = 27; // pixels
+    const int needed = widget().fontMetrics().horizontalAdvance(description()) + ArrowAndFrame;
+    return {wanted.topLeft(), wanted.size().expandedTo({needed, 0})};
+  }
+
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() != QEvent::Wheel)
       return WidgetView::eventFilter(watched, event);

@@ -170,13 +170,16 @@ const Element& inFrontAt(const Window& window, QPoint point) {
   return front ? *front : window;
 }
 
-// A tick box is drawn at the style's size, in the middle of its element.
+// A tick box is drawn at the style's size, in the middle of its element; a small list keeps its
+// arrow.
 void lookAtPlace(const Element& element, const QWidget& widget) {
   QRect wanted = place(element);
   const QPoint middle = wanted.center();
   if (element.kind() == Kind::CheckBox)
     wanted.setSize(wanted.size().expandedTo(widget.size()));
   wanted.moveCenter(middle);
+  if (element.kind() == Kind::DropList && factor < 0.7)
+    wanted.setWidth(qMax(wanted.width(), widget.width()));
   same(element, "place", wanted, widget.geometry());
   const QWidget* front = widget.parentWidget()->childAt(middle);
   while (front && front->parentWidget() != widget.parentWidget())
