@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -57,8 +58,9 @@ protected:
   void syncKind() override {
     widget().setText(caption());
     // Where there is room for one line only, a wrapped word would vanish altogether.
-    widget().setWordWrap(widget().height() >= 2 * widget().fontMetrics().lineSpacing());
-    fitText(widget(), widget().text(), widget().contentsRect().size(), widget().wordWrap());
+    const QFont font = fontFor(shown().TextFont, scale());
+    widget().setWordWrap(widget().height() >= 2 * QFontMetrics(font).lineSpacing());
+    fitText(widget(), font, caption(), widget().contentsRect().size(), widget().wordWrap());
     if (shown().Announced)
       announce(widget(), widget().accessibleName());
   }
@@ -218,7 +220,7 @@ protected:
     option.initFrom(&widget());
     const QStyle& style = *widget().style();
     const QRect room = style.subElementRect(QStyle::SE_PushButtonContents, &option, &widget());
-    fitText(widget(), widget().text(), room.size());
+    fitText(widget(), fontFor(shown().TextFont, scale()), caption(), room.size());
   }
   QString caption() const override { return toQt(shown().Caption); }
 };

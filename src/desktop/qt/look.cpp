@@ -126,18 +126,21 @@ QFont fontFor(const Font& font, const Scale& scale) {
   return made;
 }
 
-void fitText(QWidget& widget, const QString& text, const QSize& room, bool wrapped) {
-  constexpr int Narrowest = 40; // per cent: nobody reads what is narrower still
+void fitText(QWidget& widget, QFont font, const QString& text, const QSize& room, bool wrapped) {
+  constexpr int Narrowest =
+      60; // per cent: from there on smaller letters are the better ones to read
   const int flags = Qt::TextShowMnemonic | (wrapped ? Qt::TextWordWrap : 0);
-  QFont font = widget.font();
-  font.setStretch(QFont::AnyStretch);
-  for (int width = QFont::Unstretched; width > Narrowest; font.setStretch(width)) {
-    const QSize needed = QFontMetrics(font).boundingRect({{}, room}, flags, text).size();
-    if (needed.width() <= room.width() && (!wrapped || needed.height() <= room.height()))
-      break;
+  QSize needed;
+  const auto fits = [&] {
+    needed = QFontMetrics(font).boundingRect({{}, room}, flags, text).size();
+    return needed.width() <= room.width() && (!wrapped || needed.height() <= room.height());
+  };
+  for (int width = QFont::Unstretched; !fits() && width > Narrowest; font.setStretch(width)) {
     width = std::min(width - 1, width * room.width() / std::max(1, needed.width()));
     width = std::max(width, Narrowest);
   }
+  while (!fits() && font.pixelSize() > 1)
+    font.setPixelSize(font.pixelSize() - 1);
   if (widget.font() != font)
     widget.setFont(font);
 }

@@ -22,8 +22,10 @@ void speakSpanish();
 // replaced by one of the same measures.
 QFont fontFor(const Font& font, const Scale& scale = Scale());
 
-// Draws the text of a widget as much narrower as it takes to have it whole in the room that it has.
-void fitText(QWidget& widget, const QString& text, const QSize& room, bool wrapped = false);
+// Draws the text of a widget in this font, or as much narrower and then smaller as it takes to have
+// it whole in the room that there is.
+void fitText(QWidget& widget, QFont font, const QString& text, const QSize& room,
+             bool wrapped = false);
 
 // Gives the widget the element's colours in the two roles that its kind is drawn with.
 void applyColors(QWidget& widget, const Element& element, QPalette::ColorRole background,

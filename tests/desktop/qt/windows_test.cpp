@@ -193,7 +193,7 @@ TEST_P(WindowsInOneFont, CutNoText) {
   const QFontInfo drawn(player.widget(app.opciones.lblBandera).font());
   EXPECT_TRUE(drawn.family() == "Liberation Sans" || drawn.family() == "Arial");
   app.opciones.lblBandera.Caption = "Lo que en otra lengua, u otras letras, es largo";
-  app.opciones.btnCargarJuegoRed.Caption = "Lo que en otra lengua, u otras letras, es largo";
+  app.opciones.btnCargarJuegoRed.Caption = "Lo que aquí es bastante más largo que el lugar que hay";
   expectTextsWhole();
   player.menu(app.frame.mnuNuevoJuego);
   app.enJuego.open();
