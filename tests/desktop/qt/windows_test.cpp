@@ -19,12 +19,17 @@ using forms::Key;
 
 namespace {
 
-// Qt reads it when the application is made.
-struct Scale {
-  explicit Scale(const char* scale) { qputenv("QT_SCALE_FACTOR", scale); }
-  ~Scale() { qunsetenv("QT_SCALE_FACTOR"); }
-  Scale(const Scale&) = delete;
-  Scale& operator=(const Scale&) = delete;
+// Of the environment, while it lives. Qt reads them when the application is made.
+class Variable {
+public:
+  Variable(const char* name, const char* value) : name_(name) { qputenv(name, value); }
+  ~Variable() { qputenv(name_, before_); }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+
+private:
+  const char* name_;
+  const QByteArray before_ = qgetenv(name_);
 };
 
 class Windows : public testing::TestWithParam<const char*> {
@@ -78,7 +83,7 @@ protected:
   void press(Qt::Key key) { QTest::keyClick(&player.widget(app.frame), key, Qt::ControlModifier); }
 
   Meanwhile onBox; // while a box is open
-  Scale set{GetParam()};
+  Variable scale{"QT_SCALE_FACTOR", GetParam()};
   QtPlayer player;
   falanges::App app{player};
 };
@@ -174,37 +179,12 @@ void expectTextsWhole() {
   }
 }
 
-// Where no system's font has the measures that the windows are drawn for.
-struct WideLetters {
-  WideLetters() {
-    qputenv("FONTCONFIG_FILE", QT_TESTCASE_SOURCEDIR "/desktop/qt/golden/one-font.conf");
-  }
-  ~WideLetters() { qputenv("FONTCONFIG_FILE", before); }
-  const QByteArray before = qgetenv("FONTCONFIG_FILE");
-};
-
-class WindowsInOneFont : WideLetters, public Windows {};
-
-INSTANTIATE_TEST_SUITE_P(AtScale, WindowsInOneFont, testing::Values("1"));
-
-TEST_P(WindowsInOneFont, CutNoText) {
-  player.menu(app.frame.mnuOpciones);
-  expectTextsWhole();
-  const QFontInfo drawn(player.widget(app.opciones.lblBandera).font());
-  EXPECT_TRUE(drawn.family() == "Liberation Sans" || drawn.family() == "Arial");
-  app.opciones.lblBandera.Caption = "Lo que en otra lengua, u otras letras, es largo";
-  app.opciones.btnCargarJuegoRed.Caption = "Lo que aquí es bastante más largo que el lugar que hay";
-  expectTextsWhole();
-  player.menu(app.frame.mnuNuevoJuego);
-  app.enJuego.open();
-  app.enJuego.lblJ1_Estado.Caption = "En otra lengua, más o menos largo";
-  expectTextsWhole();
-}
-
-// As a system may be set to large type, before the start or later.
-class WindowsInLargeType : public Windows {
+// As a system may be set to large type, before the start or later, and one on which no font has the
+// measures that the windows are drawn for.
+class WindowsInWideLetters : Variable, public Windows {
 protected:
-  WindowsInLargeType() {
+  WindowsInWideLetters()
+      : Variable("FONTCONFIG_FILE", QT_TESTCASE_SOURCEDIR "/desktop/qt/golden/one-font.conf") {
     enlarge(1.5);
     onBox = expectTextsWhole;
   }
@@ -215,15 +195,21 @@ protected:
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(AtScale, WindowsInLargeType, testing::Values("1"));
+INSTANTIATE_TEST_SUITE_P(AtScale, WindowsInWideLetters, testing::Values("1"));
 
-TEST_P(WindowsInLargeType, CutNoText) {
+TEST_P(WindowsInWideLetters, CutNoText) {
   for (const double larger : {4.0 / 3, 1.0}) {
     player.menu(app.frame.mnuOpciones);
+    expectTextsWhole();
+    const QFontInfo drawn(player.widget(app.opciones.lblBandera).font());
+    EXPECT_TRUE(drawn.family() == "Liberation Sans" || drawn.family() == "Arial");
+    const std::string text = "Lo que aquí es bastante más largo que el lugar que hay";
+    app.opciones.lblBandera.Caption = app.opciones.btnCargarJuegoRed.Caption = text;
     expectTextsWhole();
     player.menu(app.frame.mnuNuevoJuego);
     expectTextsWhole();
     app.enJuego.open();
+    app.enJuego.lblJ1_Estado.Caption = text;
     for (int step = 0; step < 11; ++step, press(Qt::Key_Minus)) // down to 50 %
       expectTextsWhole();
     app.enJuego.close();
