@@ -126,7 +126,7 @@ TEST_F(Deployment, TheFieldDumpTellsEachSquareOfTheBoard) {
     EXPECT_NE(text.find(line), text.npos) << text;
     run("close MsgBox");
   });
-  screen.shortcut(app.nuevoJuego.Command1);
+  run("shortcut Command1");
 }
 
 } // namespace falanges

