@@ -153,8 +153,8 @@ private:
                 play.JugadorActual,
                 principal.MovRealizados + 1 == principal.MovPorTurno,
                 marks.find('S')};
-    // A torn file may leave units astray or without a type, or none.
-    if (rules.board.find_first_of(" 0") != marks.npos || rules.board == blank(rules.side))
+    // A torn file may leave records astray, or no unit.
+    if (gameText(principal, 1) != gameFile(rules.board) || rules.board == blank(rules.side))
       return;
     EXPECT_EQ(game(), rules.game());
     std::size_t at = 0;

@@ -96,6 +96,20 @@ TEST_F(FormsCases, TheProgramsOwnActionsRaiseEventsToo) {
   EXPECT_EQ(seen(), "tmr_Tick tmr_Tick txtA_LostFocus mnuHoja_Click @com");
 }
 
+TEST_F(FormsCases, AWindowThatClosesBehindABoxOfItsOwnHandlerOpensAsItWasMade) {
+  one.chk.Value = 1;
+  log.on["btn_Click"] = [&] {
+    player->expectBox("¡Alto!", Answer::Ok, [&] { one.close(); });
+    forms.messageBox("¡Alto!");
+    one.txtB.Text = std::string("nadie la ve");
+    one.open();
+  };
+  player->click(one.btn);
+  EXPECT_EQ(seen(), "chk_Click txtA_LostFocus btn_Click frmUno_QueryUnload frmUno_Unload "
+                    "txtB_Change frmUno_Load txtA_LostFocus frmDos_Deactivate @txtA");
+  EXPECT_TRUE(one.chk.Value == 0 && one.txtB.Text.get().empty() && one.com.items().size() == 2);
+}
+
 // A screen may still report what was under way when a box opened.
 TEST_F(FormsCases, WhatAPersonCannotReachHearsNothing) {
   const auto onElements = [&] {
