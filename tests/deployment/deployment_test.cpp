@@ -68,7 +68,6 @@ TEST_F(Deployment, TheRefusalsComeInTheirOrder) {
 TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoard) {
   for (const std::string board :
        {"b.g../ci.../...../...IC/..G.B", "....../.e..../g...../.....G/....E./......",
-        "b....../......./......./...i.../......./......./......B",
         "g......./......../..C...../......../......../.....c../......../.......G"}) {
     run("choose comTablero 7x7, click picINF, square 49");
     layOut(gameFile(board, "9\r\n"));
@@ -79,16 +78,6 @@ TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoard) {
     EXPECT_TRUE(shown.picturePath().ends_with(std::to_string(principal.NumFilas) + ".jpg"));
     EXPECT_EQ(app.nuevoJuego.Height - 840, shown.Height);
   }
-  layOut("1;2;\r\n1;3;380;2520;1\r\n1\r\n"); // the other fields are those of the new board
-  expectBoard("IC.../...../...../...../.....");
-  // More lines than squares: the board stays 5x5, unit 40 stands beyond it and has no mirror.
-  std::string text = gameFile("I..../...../..G../...../....g", "");
-  for (int n = 26; n < 40; ++n)
-    text += "0;0;0;0;0;0;\r\n";
-  layOut(text + "1;2;0;100;200;200;\r\n1\r\n");
-  EXPECT_EQ(pictures(), "I..../...../..G../...../....g picUnidad(40)I");
-  run("right picUnidad(40), right picUnidad(13), right picUnidad(1)");
-  expectBoard(blank(5));
 }
 
 TEST_F(Deployment, AGameStartsWithAnArmy) {
@@ -126,7 +115,7 @@ TEST_F(Deployment, TheFieldDumpTellsEachSquareOfTheBoard) {
     EXPECT_NE(text.find(line), text.npos) << text;
     run("close MsgBox");
   });
-  screen.shortcut(app.nuevoJuego.Command1);
+  run("shortcut Command1");
 }
 
 } // namespace falanges

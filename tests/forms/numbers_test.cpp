@@ -12,13 +12,11 @@ using namespace forms;
 
 TEST(NumbersTest, ATextGivesTheNumberThatItBeginsWith) {
   const std::string nines(400, '9'), zeros(400, '0');
-  const std::pair<std::string, double> table[] = {{"", 0},           {"abc", 0},
+  const std::pair<std::string, double> table[] = {{"", 0},           {"&H10", 0},
                                                   {" 1 2\t3 ", 123}, {" - 5", -5},
-                                                  {"--5", 0},        {"5-3", 5},
-                                                  {"-", 0},          {".", 0},
+                                                  {"-", 0},          {"5-3", 5},
                                                   {"-.5", -.5},      {"1.2.3", 1.2},
-                                                  {"&H10", 0},       {"inf", 0},
-                                                  {"nan", 0},        {"0x10", 0},
+                                                  {"inf", 0},        {"nan", 0},
                                                   {"1\xC2\xA0", 1},  {"+5,5e3", 5},
                                                   {nines, HUGE_VAL}, {"-" + nines, -HUGE_VAL},
                                                   {zeros + "8", 8},  {"-0." + zeros + "1", 0}};
@@ -29,19 +27,19 @@ TEST(NumbersTest, ATextGivesTheNumberThatItBeginsWith) {
 TEST(NumbersTest, AWholeItemTakesTheNearestAnExactHalfTheEvenOne) {
   using Byte = std::uint8_t;
   using Short = std::int16_t;
-  EXPECT_EQ(stored<Byte>(0.49999999999999994), 0);
-  const std::pair<double, std::optional<Byte>> bytes[] = {
-      {2.5, 2},     {3.5, 4},    {2.49, 2},  {2.51, 3},      {-0.5, 0},
-      {255.4, 255}, {255.5, {}}, {-0.6, {}}, {HUGE_VAL, {}}, {-HUGE_VAL, {}}};
+  const std::pair<double, std::optional<Byte>> bytes[] = {{0.49999999999999994, 0},
+                                                          {2.5, 2},
+                                                          {3.5, 4},
+                                                          {-0.5, 0},
+                                                          {255.4, 255},
+                                                          {255.5, {}},
+                                                          {-0.6, {}},
+                                                          {HUGE_VAL, {}}};
   for (const auto& [number, whole] : bytes)
     EXPECT_EQ(stored<Byte>(number), whole) << number;
-  const std::pair<double, std::optional<Short>> shorts[] = {
-      {-2.5, -2},   {-3.5, -4},       {-2.51, -3},  {-32768.5, -32768},
-      {-32769, {}}, {32767.4, 32767}, {32767.5, {}}};
-  for (const auto& [number, whole] : shorts)
-    EXPECT_EQ(stored<Short>(number), whole) << number;
+  EXPECT_EQ(stored<Short>(-32768.5), -32768);
+  EXPECT_EQ(stored<Short>(-32769), std::nullopt);
   EXPECT_EQ(storedNearest<Short>(HUGE_VAL), 32767);
-  EXPECT_EQ(storedNearest<Short>(-HUGE_VAL), -32768);
   EXPECT_EQ(storedNearest<Byte>(254.5), 254);
 }
 

@@ -72,7 +72,6 @@ public:
   // Moves there, presses, lets go. False when the click was not carried out, as the press moved the
   // focus and that was refused, or took the element away.
   bool click(Element& element) { return done(doClick(usable(element))); }
-  void rightClick(Element& element) { doRightClick(usable(element)), afterAction(); }
   // At X, Y of the picture, twips from its inner corner.
   bool clickOn(Picture& picture, float X, float Y) {
     return done(doClickOn(usable(picture), X, Y));
@@ -80,24 +79,15 @@ public:
   void moveOver(Picture& picture, float X, float Y) {
     doMoveOver(usable(picture), X, Y), afterAction();
   }
-  // Replaces what the text box holds, key by key.
-  void type(TextBox& box, std::string_view text) { doType(usable(box), text), afterAction(); }
   void choose(DropList& list, int item) { doChoose(usable(list), item), afterAction(); }
   void tab(bool forwards = true) { doTab(forwards), afterAction(); }
   // Any other key; `digit` with Key::Digit.
   void key(Key key, int digit = 0) { doKey(key, digit), afterAction(); }
   void menu(MenuEntry& entry) { doMenu(usable(entry)), afterAction(); }
-  // Also of a button that is hidden.
-  void shortcut(Button& button) { doShortcut(button), afterAction(); }
   // Asks the window to close; true when it has.
   bool closeWindow(Window& window) {
     doClose(usable(window));
     return done(!window.isOpen());
-  }
-  // Turns to another child window; true when that became the active one.
-  bool activate(Window& window) {
-    doActivate(usable(window));
-    return done(forms_->activeChild() == &window);
   }
   // Name of the element that the keyboard goes to, "" when there is none.
   std::string focused() const { return focus_ ? focus_->name() : ""; }
@@ -151,6 +141,7 @@ protected:
   virtual void doRightClick(Element& element) { forms_->pressed(element, MouseButton::Right); }
   virtual bool doClickOn(Picture& picture, float X, float Y);
   virtual void doMoveOver(Picture& picture, float X, float Y) { forms_->moved(picture, X, Y); }
+  // Replaces what the text box holds, key by key.
   virtual void doType(TextBox& box, std::string_view text);
   virtual void doChoose(DropList& list, int item) {
     press(list) ? forms_->chosen(list, item) : void();
@@ -158,6 +149,7 @@ protected:
   virtual void doTab(bool forwards) { forms_->tabbed(keyboardWindow(), forwards); }
   virtual void doKey(Key key, int digit) { forms_->keyPressed(keyboardWindow(), key, digit); }
   virtual void doMenu(MenuEntry& entry) { forms_->menuChosen(entry); }
+  // Also of a button that is hidden.
   virtual void doShortcut(Button& button) {
     if (button.Shortcut == "Ctrl+Shift+D")
       forms_->shortcutPressed(button);

@@ -85,16 +85,14 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
     EXPECT_EQ(app.forms.activeChild(), &app.opciones);
     return screen.focused();
   };
-  for (const std::string left : {"close Opciones", "activate NuevoJuego", "click txtMovPorTurno",
-                                 "click chkLimiteFilas", "click btnCargarJuegoRed", "square 1"})
+  for (const std::string left : {"close Opciones", "activate NuevoJuego", "click chkLimiteFilas",
+                                 "click btnCargarJuegoRed", "square 1", "type txtTiempoRed 4, tab",
+                                 "type txtTiempoRed 301, tab", "type txtTiempoRed 4.9, tab"})
     walk({"expect seconds, " + left + " => txtTiempoRed"}, focused);
   EXPECT_EQ(principal.OpcLimiteFilas, "0");
-  for (const std::string wrong : {"4", "301", "", "4.9"})
-    walk({"expect seconds, type txtTiempoRed " + wrong + ", tab => txtTiempoRed"}, focused);
   run("type txtTiempoRed 300, tab, type txtTiempoRed 5, tab");
-  for (const std::string wrong : {"0", "6", "x5", "5.1", ".9"})
-    walk({"expect moves, type txtMovPorTurno " + wrong + ", tab => txtMovPorTurno"}, focused);
-  for (const std::string left : {"close Opciones", "click btnCargarJuegoRed"})
+  for (const std::string left :
+       {"type txtMovPorTurno x5, tab", "type txtMovPorTurno 6, tab", "close Opciones"})
     walk({"expect moves, " + left + " => txtMovPorTurno"}, focused);
   run("type txtMovPorTurno 5, tab, type txtMovPorTurno 1, tab, activate NuevoJuego");
   EXPECT_EQ(state(), "HSHSS NuevoJuego");
@@ -107,8 +105,6 @@ TEST(Coordinates, FollowThePointerOverTheLargestPicture) {
   forms.startUp(form);
   player->moveOver(form.Picture1, 1500, 30);
   EXPECT_EQ(form.Picture1.ToolTipText.get(), "X: 1500 - Y: 30");
-  player->click(form.Picture3);
-  EXPECT_EQ(form.Picture3.Appearance, 1);
   EXPECT_TRUE(player->closeWindow(form));
 }
 
