@@ -6,7 +6,7 @@ import sys
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
-from player import LEAVE, START, Player, Session, marker, wait_for  # noqa: E402
+from player import LEAVE, START, Player, Session, wait_for  # noqa: E402
 
 
 class BlindPlayer(Player):
@@ -56,9 +56,11 @@ def set_up(ana):
     ana.keys("Return")
     ana.answer("NO se permite ubicar más de 1 Bandera", key="Return")
     ana.sits_at("Cuadro 16, fila 4, columna 1, vacío")
-    ana.keys("1")
-    ana.hears("Infantería, elegida")
-    ana.key("Return", "Infantería, Jugador 1, cuadro 16,*")
+    for digit, name in enumerate(["Infantería", "Caballería", "Elefantes", "General"], 1):
+        ana.key("Right", f"Cuadro {16 + digit},*")
+        ana.keys(str(digit))
+        ana.hears(f"{name}, elegida")
+        ana.key("Return", f"{name}, Jugador 1, cuadro {16 + digit},*")
     # Forwards the way leads over the list, and to leave that takes the army off the board.
     ana.key("shift+Tab", "Iniciar")
     ana.keys("Return")
@@ -68,10 +70,11 @@ def set_up(ana):
 def play(ana):
     ana.sits_at_board()
     ana.sees("Jugador 1: En Turno", "Jugador 2: En Espera")
-    ana.key("Up", "Infantería, Jugador 1, cuadro 16,*")
-    ana.key("Return", "Infantería, Jugador 1, cuadro 16, fila 4, columna 1, seleccionada")
-    ana.key("Up", "Mover al cuadro 11, fila 3, columna 1*")
-    ana.press(marker(11))
+    ana.keys("Right")
+    ana.key("Up", "Infantería, Jugador 1, cuadro 17,*")
+    ana.key("Return", "Infantería, Jugador 1, cuadro 17, fila 4, columna 2, seleccionada")
+    ana.key("Up", "Mover al cuadro 12, fila 3, columna 2*")
+    ana.key("space", "Infantería, Jugador 1, cuadro 12,*")
     ana.hears("! Jugador 2: En Turno")
 
 

@@ -9,9 +9,9 @@
 namespace falanges {
 
 // The game that most cases play: player 1 moves from 23 to 18, player 2 from 3 to 8.
-inline const std::string Positions[] = {"b.i../...../...../...../..I.B",
-                                        "b.i../...../...../..I../....B",
-                                        "b..../..i../...../..I../....B"};
+inline const std::string Positions[] = {"b.g../...../...../...../..G.B",
+                                        "b.g../...../...../..G../....B",
+                                        "b..../..g../...../..G../....B"};
 
 // By the number of its board and the player in turn, "12".
 inline std::string shared(const std::string& game, const std::string& end = "\r\n") {
