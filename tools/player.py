@@ -250,10 +250,6 @@ class Player:
         names = self.names_with(Atspi.StateType.FOCUSED)
         return names[-1] if names else ""  # the innermost
 
-    def press(self, name):
-        """What a screen reader does to activate an element."""
-        assert Atspi.Action.do_action(self.find(name, "push button"), 0)
-
     # --- Hands --------------------------------------------------------------------------------------
 
     def tool(self, *command):

@@ -9,9 +9,9 @@
 namespace falanges {
 
 // The game that most cases play: player 1 moves from 23 to 18, player 2 from 3 to 8.
-inline const std::string Positions[] = {"b.i../...../...../...../..I.B",
-                                        "b.i../...../...../..I../....B",
-                                        "b..../..i../...../..I../....B"};
+inline const std::string Positions[] = {"b.g../...../...../...../..G.B",
+                                        "b.g../...../...../..G../....B",
+                                        "b..../..g../...../..G../....B"};
 
 // By the number of its board and the player in turn, "12".
 inline std::string shared(const std::string& game, const std::string& end = "\r\n") {
@@ -49,23 +49,18 @@ private:
 // One copy, with its player before it. Destroying it is killing the process: nothing is closed.
 class Copy final : public Game {
 public:
-  Copy(char name, const std::string& file, HeldRunner* held = new HeldRunner)
-      : Game(scripted::makePlayer(), std::unique_ptr<Runner>(held)),
-        number(name == 'A' ? "1" : "2"), path(file), runner(*held) {
-    screen.verbs["join"] = screen.verbs["again"] = [this](auto&, auto&) { join(); };
-    screen.verbs["hold"] = [this](auto&, auto&) { runner.hold = true; };
-    screen.verbs["go"] = [this](auto&, auto&) { runner.letGo(); };
+  Copy(char name, const std::string& path, HeldRunner* runner = new HeldRunner)
+      : Game(scripted::makePlayer(), std::unique_ptr<Runner>(runner)) {
+    screen.verbs["join"] = screen.verbs["again"] = [=, this](auto&, auto&) {
+      run("menu Opciones, choose comJugadorActualRed " + std::string(name == 'A' ? "1" : "2"));
+      joinBy(path);
+    };
+    screen.verbs["hold"] = [=](auto&, auto&) { runner->hold = true; };
+    screen.verbs["go"] = [=](auto&, auto&) { runner->letGo(); };
     configure("0;0;5;1;\r\n");
     start();
   }
   void TestBody() override {}
-  const std::string number, path;
-  HeldRunner& runner;
-
-  void join() {
-    run("menu Opciones, choose comJugadorActualRed " + number);
-    joinBy(path);
-  }
   // In the options, with a box if it is refused.
   void joinBy(const std::optional<std::string>& file, const std::string& box = "") {
     screen.expectFile("Cargar Juego", file);
@@ -73,20 +68,24 @@ public:
       screen.expectBox(box);
     run("click btnCargarJuegoRed");
   }
-  std::string position() { return gameText(principal, play.JugadorActual); }
+  // Who is in turn and how it stands, as after the end: "12 Derrota/Victoria".
+  std::string standing() { return std::to_string(play.JugadorActual) + " " + status(); }
   // In short: the number of the board, the player in turn, "p" where the turn is published, and for
   // the caption "=" as opened, the seconds to go, "." at a poll, "!" without the file.
   std::string all() {
-    const std::string board = pictures(), turn = std::to_string(play.JugadorActual);
-    EXPECT_EQ(position(), gameFile(board, turn + "\r\n"));
+    const std::string board = pictures(), turn = std::to_string(play.JugadorActual),
+                      caption = play.Caption;
+    EXPECT_EQ(gameText(principal, play.JugadorActual), gameFile(board, turn + "\r\n"));
     EXPECT_EQ(status(), turn == "1" ? "En Turno/En Espera" : "En Espera/En Turno");
-    std::map<std::string, char> signs = {{"En Juego", '='},
-                                         {"Actualizando...", '.'},
-                                         {"Sin acceso al archivo - Reintentando...", '!'}};
-    for (const char seconds : std::string("1234567"))
-      signs["Jugador -" + number + "- Actualización en: -" + seconds + "- segundos"] = seconds;
+    const std::string counting =
+        "Jugador -" + std::to_string(principal.JugadorRed) + "- Actualización en: -";
+    std::map<std::string, std::string> signs = {{"En Juego", "="},
+                                                {"Actualizando...", "."},
+                                                {"Sin acceso al archivo - Reintentando...", "!"}};
+    for (const std::string seconds : {"1", "2", "3", "4", "5", "7"})
+      signs[counting + seconds + "- segundos"] = seconds;
     return std::to_string(std::find(Positions, Positions + 3, board) - Positions) + turn +
-           (principal.TurnoPublicado ? "p" : "") + signs[play.Caption];
+           (principal.TurnoPublicado ? "p" : "") + signs[caption];
   }
 };
 
@@ -101,26 +100,33 @@ protected:
   std::string file() const { return bytesOf(path); }
   // The steps of a script, each behind the names of those that do it: "AB join, A move 23 18". Or
   // what becomes of the file: "file 12", "file none"; its folder goes "away" and comes "back".
+  // "begin": both have joined, B has written what it loaded, and A is in turn.
   void run(const std::string& script) {
+    const std::map<std::string, std::string> odd = {{"none", "none"},
+                                                    {"empty", ""},
+                                                    {"torn", shared("12", "\r")},
+                                                    {"won", shared("11", "\r\n11\r\n")}};
     for (const std::string& step : scripted::stepsOf(script)) {
-      const std::string who = step.substr(0, step.find(' ')), what = step.substr(who.size() + 1);
+      const std::string who = step.substr(0, step.find(' ')),
+                        what = step.substr(step.find(' ') + 1);
       const auto here = scripted::toPath(folder.path()),
                  there = scripted::toPath(folder.path() + "x");
       if (what == "away" || what == "back")
         std::filesystem::rename(what == "away" ? here : there, what == "away" ? there : here);
       else if (who == "file")
-        put(what == "none" ? what : what == "empty" ? "" : shared(what));
+        put(odd.contains(what) ? odd.at(what) : shared(what));
+      else if (step == "begin")
+        run("file 01, AB join, B look");
       else
         for (const char name : who) {
           auto& copy = name == 'A' ? a : b;
-          if (what == "join")
-            copy = std::make_unique<Copy>(name, path);
-          copy->run(what);
+          if (what == "join" || what == "killed")
+            copy.reset(what == "join" ? new Copy(name, path) : nullptr);
+          if (what != "killed")
+            copy->run(what);
         }
     }
   }
-  // Both have joined, B has written what it loaded, and A is in turn.
-  void begin() { run("file 01, AB join, B look"); }
   // Board and closing line of the file, then both copies.
   std::string all() {
     std::string text = "??";
