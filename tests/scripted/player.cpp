@@ -116,16 +116,18 @@ bool Player::press(Element& element) {
          std::ranges::count(home.elements(), &element) > 0 && element.isReachable();
 }
 
-bool Player::doClick(Element& element) {
+void Player::doClick(Element& element) {
   if (auto* const picture = dynamic_cast<Picture*>(&element))
     return doClickOn(*picture, static_cast<float>(picture->Width) / 2,
                      static_cast<float>(picture->Height) / 2);
-  return press(element) && (forms_->clicked(element), true);
+  if (press(element))
+    forms_->clicked(element);
 }
 
-bool Player::doClickOn(Picture& picture, float X, float Y) {
+void Player::doClickOn(Picture& picture, float X, float Y) {
   forms_->moved(picture, X, Y);
-  return press(picture) && (forms_->clicked(picture), true);
+  if (press(picture))
+    forms_->clicked(picture);
 }
 
 void Player::doType(TextBox& box, std::string_view text) {

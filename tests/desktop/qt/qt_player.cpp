@@ -160,31 +160,25 @@ QWidget& QtPlayer::widget(const Element& element) {
 
 // --- What a person does --------------------------------------------------------------------------
 
-bool QtPlayer::press(Element& element, QPoint place) {
+void QtPlayer::press(Element& element, QPoint place) {
   const QPointer<QWidget> target(&widget(element));
-  const bool takesFocus = element.takesFocus();
-  Window& home = element.window();
   QTest::mousePress(target, Qt::LeftButton, {}, place);
-  const bool granted = !takesFocus ||
-                       (home.focused() == &element && forms_->activeChild() == &home) ||
-                       home.windowKind() != WindowKind::Child;
   if (target)
     QTest::mouseRelease(target, Qt::LeftButton, {}, place);
-  return granted;
 }
 
-bool QtPlayer::doClick(Element& element) {
+void QtPlayer::doClick(Element& element) {
   // A check box answers on its mark alone, which stands at its left.
-  return press(element, element.kind() == Kind::CheckBox ? QPoint(6, widget(element).height() / 2)
-                                                         : QPoint());
+  press(element,
+        element.kind() == Kind::CheckBox ? QPoint(6, widget(element).height() / 2) : QPoint());
 }
 
 void QtPlayer::doRightClick(Element& element) {
   QTest::mouseClick(&widget(element), Qt::RightButton);
 }
 
-bool QtPlayer::doClickOn(Picture& picture, float X, float Y) {
-  return press(picture, pixelOf(picture, widget(picture), X, Y));
+void QtPlayer::doClickOn(Picture& picture, float X, float Y) {
+  press(picture, pixelOf(picture, widget(picture), X, Y));
 }
 
 void QtPlayer::doMoveOver(Picture& picture, float X, float Y) {

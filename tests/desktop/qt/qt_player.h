@@ -37,9 +37,9 @@ public:
   }
 
 private:
-  bool doClick(forms::Element& element) override;
+  void doClick(forms::Element& element) override;
   void doRightClick(forms::Element& element) override;
-  bool doClickOn(forms::Picture& picture, float X, float Y) override;
+  void doClickOn(forms::Picture& picture, float X, float Y) override;
   void doMoveOver(forms::Picture& picture, float X, float Y) override;
   void doType(forms::TextBox& box, std::string_view text) override;
   void doChoose(forms::DropList& list, int item) override;
@@ -51,7 +51,7 @@ private:
   void doActivate(forms::Window& window) override;
   void afterAction() override;
 
-  bool press(forms::Element& element, QPoint place);
+  void press(forms::Element& element, QPoint place);
 
   forms::qt::QtDesktop qt_;
   bool stale_ = false; // something has changed that may be painted later
