@@ -74,16 +74,16 @@ public:
   // the caption "=" as opened, the seconds to go, "." at a poll, "!" without the file.
   std::string all() {
     const std::string board = pictures(), turn = std::to_string(play.JugadorActual),
+                      left = std::to_string(principal.SegundosRestantes + 1),
                       caption = play.Caption;
     EXPECT_EQ(gameText(principal, play.JugadorActual), gameFile(board, turn + "\r\n"));
     EXPECT_EQ(status(), turn == "1" ? "En Turno/En Espera" : "En Espera/En Turno");
-    const std::string counting =
-        "Jugador -" + std::to_string(principal.JugadorRed) + "- Actualización en: -";
+    const std::string counting = "Jugador -" + std::to_string(principal.JugadorRed) +
+                                 "- Actualización en: -" + left + "- segundos";
     std::map<std::string, std::string> signs = {{"En Juego", "="},
                                                 {"Actualizando...", "."},
-                                                {"Sin acceso al archivo - Reintentando...", "!"}};
-    for (const std::string seconds : {"1", "2", "3", "4", "5", "7"})
-      signs[counting + seconds + "- segundos"] = seconds;
+                                                {"Sin acceso al archivo - Reintentando...", "!"},
+                                                {counting, left}};
     return std::to_string(std::find(Positions, Positions + 3, board) - Positions) + turn +
            (principal.TurnoPublicado ? "p" : "") + signs[caption];
   }
@@ -102,19 +102,18 @@ protected:
   // what becomes of the file: "file 12", "file none"; its folder goes "away" and comes "back".
   // "begin": both have joined, B has written what it loaded, and A is in turn.
   void run(const std::string& script) {
-    const std::map<std::string, std::string> odd = {{"none", "none"},
-                                                    {"empty", ""},
-                                                    {"torn", shared("12", "\r")},
-                                                    {"won", shared("11", "\r\n11\r\n")}};
     for (const std::string& step : scripted::stepsOf(script)) {
       const std::string who = step.substr(0, step.find(' ')),
                         what = step.substr(step.find(' ') + 1);
       const auto here = scripted::toPath(folder.path()),
                  there = scripted::toPath(folder.path() + "x");
-      if (what == "away" || what == "back")
+      if (who == "folder")
         std::filesystem::rename(what == "away" ? here : there, what == "away" ? there : here);
       else if (who == "file")
-        put(odd.contains(what) ? odd.at(what) : shared(what));
+        put(what == "none"   ? what
+            : what == "torn" ? shared("12", "\r")
+            : what == "won"  ? shared("11", "\r\n11\r\n")
+                             : shared(what));
       else if (step == "begin")
         run("file 01, AB join, B look");
       else

@@ -43,23 +43,23 @@ TEST_F(Faults, WhoJoinedWithAnOlderTextDoesNotPutItBack) {
           "file 12, B tick 1 => 12 12p. 12.", "B move 3 8, B look, A look => 21 21. 21p.",
           // Still out of turn on the newer text: from here on it waits, and heals nothing of the
           // other's.
-          "begin, file 11, B look, file empty, B tick 40 => ?? 01= 11p!",
-          "begin, B join, file 11, B look, file empty, B tick 40 => ?? 01= 11p!",
-          "begin, B close EnJuego, B again, file 11, B look, file empty, B tick 40 => ?? 01= 11p!",
+          "begin, file 11, B look, file torn, B tick 40 => ?? 01= 11p!",
+          "begin, B join, file 11, B look, file torn, B tick 40 => ?? 01= 11p!",
+          "begin, B close EnJuego, B again, file 11, B look, file torn, B tick 40 => ?? 01= 11p!",
           // Of the game before it knows nothing: no look at once, as if the file were still away.
           "begin, file none, B look, B close EnJuego, file 01, B again, B tick 1 => 01 01= 015",
           "B close EnJuego, file 12, B again, B move 3 8, B look => 21 01= 21p.",
           // Nothing is written into a folder that is away; behind it the interval begins anew.
           "file 01, AB join, folder away, B tick 40 => ?? 01= 01!",
-          "folder back, file empty, B tick 5, folder away, B tick 1, folder back, B tick 6 "
+          "folder back, file torn, B tick 5, folder away, B tick 1, folder back, B tick 6 "
           "=> ?? 01= 01!",
           "B tick 1 => 01 01= 01p.",
           // Both have joined out of turn, and the file is deleted before either has written.
           "file 02, A join, file 01, B join, file none, AB look => ?? 02! 01!",
           "A tick 5 => ?? 02! 01!", "A tick 1 => 02 02p. 01!", "B tick 1 => 02 02p. 02."});
   // A finished file does not tell a new copy the size of its board.
-  run("file won, B join, file empty, B tick 40");
-  EXPECT_EQ(file(), "");
+  run("file won, B join, file torn, B tick 40");
+  EXPECT_EQ(file(), shared("12", "\r"));
 }
 
 TEST_F(Faults, AShareThatHangsHoldsNoWindow) {

@@ -145,9 +145,8 @@ void announce(QWidget& element, const QString& text) {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
   QAccessibleAnnouncementEvent event(&element, text);
 #else
-  QAccessible::State appeared;
-  appeared.invisible = true; // this part of its state has changed
-  QAccessibleStateChangeEvent event(&element, appeared);
+  // The bus passes nothing else on that says of an element that it has appeared.
+  QAccessibleEvent event(&element, QAccessible::ObjectShow);
 #endif
   QAccessible::updateAccessibility(&event);
 }
