@@ -118,52 +118,44 @@ TEST_F(Desktop, AsksBeforeAChildThatQtActivatesTakesOver) {
 TEST_F(Desktop, DoesAScreenReadersWishes) {
   // A refusal puts the focus back.
   log.on["com_LostFocus"] = [&] { EXPECT_TRUE(one.com.SetFocus()); };
+  using Action = QAccessibleActionInterface;
   const struct {
     const forms::Element& element;
     const QString& action;
     const char* events;
   } table[] = {
-      {one.txtB, QAccessibleActionInterface::setFocusAction(), "txtA_LostFocus"},
-      {one.pic, QAccessibleActionInterface::pressAction(), "txtB_LostFocus pic_Click"},
-      {one.lbl, QAccessibleActionInterface::pressAction(), "lbl_Click"},
-      {one.chk, QAccessibleActionInterface::toggleAction(), "pic_LostFocus chk_Click"},
-      {one.com, QAccessibleActionInterface::increaseAction(), "chk_LostFocus com_Click"},
-      {one.com, QAccessibleActionInterface::increaseAction(), "com_Click"},
-      {one.com, QAccessibleActionInterface::increaseAction(), ""}, // behind the last
-      {one.com, QAccessibleActionInterface::decreaseAction(), "com_Click"},
-      {one.com, QAccessibleActionInterface::showMenuAction(), ""},
-      {one.com, QAccessibleActionInterface::showMenuAction(), ""},
-      {one.txtB, QAccessibleActionInterface::setFocusAction(), "com_LostFocus"},
+      {one.txtB, Action::setFocusAction(), "txtA_LostFocus"},
+      {one.pic, Action::pressAction(), "txtB_LostFocus pic_Click"},
+      {one.lbl, Action::pressAction(), "lbl_Click"},
+      {one.chk, Action::toggleAction(), "pic_LostFocus chk_Click"},
+      {one.com, Action::increaseAction(), "chk_LostFocus com_Click"},
+      {one.com, Action::increaseAction(), "com_Click"},
+      {one.com, Action::increaseAction(), ""}, // behind the last
+      {one.com, Action::showMenuAction(), ""},
+      {one.com, Action::decreaseAction(), "com_Click"},
+      {one.txtB, Action::setFocusAction(), "com_LostFocus"},
   };
-  std::string expanded;
   for (const auto& [element, action, events] : table) {
     auto* const said = QAccessible::queryAccessibleInterface(&player.widget(element));
-    QCoreApplication::processEvents();
     EXPECT_TRUE(said->actionInterface()->actionNames().contains(action)) << element.name();
     said->actionInterface()->doAction(action);
     QCoreApplication::processEvents();
+    EXPECT_EQ(said->state().expanded, action == Action::showMenuAction());
+    if (said->state().expanded)
+      said->actionInterface()->doAction(action); // once more: closes it
+    QCoreApplication::processEvents();
     agrees(program.forms);
     EXPECT_EQ(log.take(), events) << element.name() << " " << action.toStdString();
-    expanded += said->state().expandable ? said->state().expanded ? "+" : "-" : ".";
   }
-  EXPECT_EQ(expanded, "....----+-.");
   one.com.LostFocus = {};
 }
 
-TEST_F(Desktop, TurnsNoListByTheWheelAndMarksWhatTheKeyboardIsOn) {
+TEST_F(Desktop, TurnsNoListByTheWheel) {
   QWidget& list = player.widget(one.com);
   QWheelEvent turn({5, 5}, list.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
                    Qt::NoModifier, Qt::NoScrollPhase, false);
   QCoreApplication::sendEvent(&list, &turn);
-  std::string marked;
-  for (int i = 0; i < 6; ++i) {
-    player.tab();
-    for (const QWidget* child : list.parentWidget()->findChildren<QWidget*>())
-      if (child->isVisible() && child->testAttribute(Qt::WA_TransparentForMouseEvents))
-        marked += player.focused() + " ";
-  }
-  EXPECT_EQ(marked + std::to_string(one.com.ListIndex()), "chk pic -1");
-  player.click(one.chk);
+  EXPECT_EQ(one.com.ListIndex(), -1);
 }
 
 TEST_F(Desktop, MovesAChildByItsKeys) {
