@@ -137,6 +137,7 @@ TEST_F(Desktop, DoesAScreenReadersWishes) {
   };
   for (const auto& [element, action, events] : table) {
     auto* const said = QAccessible::queryAccessibleInterface(&player.widget(element));
+    QCoreApplication::processEvents();
     EXPECT_TRUE(said->actionInterface()->actionNames().contains(action)) << element.name();
     said->actionInterface()->doAction(action);
     QCoreApplication::processEvents();

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QWindow>
 #include <QtMath>
@@ -54,6 +55,7 @@ protected:
     QWidget& board = player.widget(app.nuevoJuego.picTablero);
     const double ratio = board.devicePixelRatioF();
     const QPoint corner = board.mapTo(board.window(), QPoint()) / 2 * 2; // a whole device pixel
+    const QRect part = board.visibleRegion().boundingRect();
     const QImage seen = board.window()->grab(QRect(corner, board.size())).toImage();
     const auto at = [&](QPoint pixel) { // nothing where two squares meet in one pixel
       const int row = qRed(seen.pixel(pixel)) + 9, column = qGreen(seen.pixel(pixel)) + 9;
@@ -67,7 +69,8 @@ protected:
         QMouseEvent move(QEvent::MouseMove, place, board.mapToGlobal(place), Qt::NoButton,
                          Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&board, &move);
-        EXPECT_TRUE(board.toolTip().endsWith(at(pixel)))
+        // A small screen shows a part.
+        EXPECT_TRUE(!part.contains(place.toPoint()) || board.toolTip().endsWith(at(pixel)))
             << board.toolTip().toStdString() << " at " << i << " of " << seen.width();
       }
   }
@@ -94,9 +97,8 @@ TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
 // A board as large as its frame allows, and no larger than it is meant to be; or as it was chosen.
 TEST_P(Windows, FitABoardIntoItsFrame) {
   QWidget& frame = player.widget(app.frame);
-  frame.resize(900, 900);
-  if (frame.size() != QSize(900, 900))
-    GTEST_SKIP() << "the screen is smaller";
+  if (qApp->platformName() != "offscreen" && frame.screen()->geometry().height() < 1000)
+    GTEST_SKIP() << "the screen is too small";
   const QWidget& area = *frame.findChild<QMdiArea*>()->viewport();
   player.menu(app.frame.mnuNuevoJuego);
   player.choose(app.nuevoJuego.comTablero, 3);
