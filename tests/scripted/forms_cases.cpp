@@ -104,6 +104,7 @@ TEST_F(FormsCases, AWindowThatClosesBehindABoxOfItsOwnHandlerOpensAsItWasMade) {
     one.txtB.Text = std::string("nadie la ve");
     one.open();
   };
+  log.on["frmUno_Load"] = [&] { one.open(); }; // opening already
   player->click(one.btn);
   EXPECT_EQ(seen(), "chk_Click txtA_LostFocus btn_Click frmUno_QueryUnload frmUno_Unload "
                     "txtB_Change frmUno_Load txtA_LostFocus frmDos_Deactivate @txtA");
