@@ -203,7 +203,8 @@ TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
         "Right => 240,240 @pic 5 Unidad",
         "Enter => 240,240 unit_Left picUnidad_Click5 @picUnidad(5) 5 Unidad",
         "Right, Left => 1500,900 240,240 @pic 5 Unidad",
-        "Delete => 240,240 unit_Right @pic 5 vacío 5", "Up, Up => 900,300 900,300 @pic 2 vacío 2",
+        "Enter, Delete => 240,240 unit_Left picUnidad_Click5 240,240 unit_Right @pic 5 vacío 5",
+        "Up, Up => 900,300 900,300 @pic 2 vacío 2",
         "Right, Right => 1500,300 1500,300 @pic 3 vacío 3"},
        after);
   // The mouse hides it; the next arrow key brings it back where the mouse last pointed.
