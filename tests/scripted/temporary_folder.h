@@ -19,7 +19,7 @@ public:
   TemporaryFolder() {
     std::random_device random;
     do
-      path_ = home() / toPath("Señal " + std::to_string(random()));
+      path_ = std::filesystem::temp_directory_path() / toPath("Señal " + std::to_string(random()));
     while (!std::filesystem::create_directory(path_));
   }
   ~TemporaryFolder() {
@@ -39,12 +39,6 @@ public:
   }
 
 private:
-  // In memory where the system has such a folder: a disk makes who empties a file wait.
-  static std::filesystem::path home() {
-    const std::filesystem::path memory = "/dev/shm";
-    // Under Wine it exists too, but is no full path there.
-    return memory.is_absolute() && exists(memory) ? memory : std::filesystem::temp_directory_path();
-  }
   static std::string fromPath(const std::filesystem::path& path) {
     const std::u8string utf8 = path.u8string();
     return {utf8.begin(), utf8.end()};

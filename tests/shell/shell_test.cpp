@@ -15,8 +15,6 @@ protected:
 };
 
 TEST_F(Shell, TheInformationBoxStandsAloneBeforeAndAfterTheRest) {
-  // As from the second run on.
-  std::filesystem::create_directory(scripted::toPath(file("jguardados")));
   configure("1;0;25;4;\r\n");
   screen.expectBox(informationBox().text, Answer::Ok, [&] {
     EXPECT_FALSE(frame.isOpen());
