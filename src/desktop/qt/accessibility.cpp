@@ -142,13 +142,18 @@ void announce(QWidget& element, const QString& text) {
   static QHash<QString, QString> said; // by the name of the element
   if (std::exchange(said[element.objectName()], text) == text || !QAccessible::isActive())
     return;
+  const auto tell = [&element, text] {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-  QAccessibleAnnouncementEvent event(&element, text);
+    QAccessibleAnnouncementEvent event(&element, text);
 #else
-  // The bus passes nothing else on that says of an element that it has appeared.
-  QAccessibleEvent event(&element, QAccessible::ObjectShow);
+    Q_UNUSED(text)
+    // The bus passes nothing else on that says of an element that it has appeared.
+    QAccessibleEvent event(&element, QAccessible::ObjectShow);
 #endif
-  QAccessible::updateAccessibility(&event);
+    QAccessible::updateAccessibility(&event);
+  };
+  // Later, for its window may not be on the screen yet.
+  QMetaObject::invokeMethod(&element, tell, Qt::QueuedConnection);
 }
 
 } // namespace forms::qt
