@@ -235,9 +235,13 @@ class Player:
 
     def hear(self, event):
         lost = "state-changed" in event.type and not event.detail1
-        mute = "showing" in event.type and event.source.get_role() != Atspi.Role.NOTIFICATION
-        if not lost and not mute and shows(event.source):
-            self.heard.append(("! " if "showing" in event.type else "") + event.source.get_name())
+        appeared = "showing" in event.type
+        try:
+            mute = appeared and event.source.get_role() != Atspi.Role.NOTIFICATION
+            if not lost and not mute and shows(event.source):
+                self.heard.append(("! " if appeared else "") + event.source.get_name())
+        except GLib.Error:
+            pass  # it has gone again
 
     def hears(self, words):
         """Waits for the words and forgets what was said before them."""
