@@ -98,6 +98,7 @@ class Game(Program):
 
     def choose_file(self, title, file):
         self.window(title)
+        self.keys("End", "shift+Home")  # a slow machine may not have selected the proposed name yet
         run("xdotool", "type", "--delay", "50", file.replace("/", "\\") if self.windows else file)
         self.keys("Return")
 
