@@ -61,7 +61,7 @@ TEST_F(Deployment, TheRefusalsComeInTheirOrder) {
        [&] { return pictures(); });
   expectBoard("...../BB.../...../...bb/.....");
   EXPECT_EQ(app.nuevoJuego.picBAN.Appearance * 2 + app.nuevoJuego.picGEN.Appearance, 2);
-  EXPECT_EQ(hint("picUnidad(20)", 10, 10) + hint("picTablero", 1500, 2500),
+  EXPECT_EQ(hint("picUnidad(20) 10;10") + hint("picTablero 1500;2500"),
             "Cuadro: 20 (4,5)Cuadro: 12 (3,2)");
 }
 

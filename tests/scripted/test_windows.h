@@ -106,11 +106,7 @@ struct TestProgram {
   }
   ~TestProgram() {
     log.on.clear();
-    forms.afterEvent = {};
-    for (TestWindow* window : std::initializer_list<TestWindow*>{&one, &two, &own, &frame}) {
-      window->letClose = true;
-      window->close();
-    }
+    own.close(), frame.close();
   }
 
   Log log;
