@@ -106,7 +106,7 @@ TEST_F(Deployment, AGameStartsWithAnArmy) {
 
 TEST_F(Deployment, TheFieldDumpTellsEachSquareOfTheBoard) {
   run("choose comTablero 8x8, click picGEN, square 63");
-  screen.expectModal("frmMsgBox", [&] {
+  screen.expectBox("frmMsgBox", Answer::Ok, [&] {
     const std::string text = app.msgBox.Text1.Text;
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 64);
     const std::string line =

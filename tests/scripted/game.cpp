@@ -8,9 +8,9 @@ namespace falanges {
 using scripted::toPath;
 
 std::string blank(int side) {
-  std::string drawing(place(side * side, side) + 1, '.');
-  for (int n = side; n < side * side; n += side)
-    drawing[place(n, side) + 1] = '/';
+  std::string drawing;
+  for (int row = 0; row < side; ++row)
+    drawing += (row > 0 ? "/" : "") + std::string(static_cast<std::size_t>(side), '.');
   return drawing;
 }
 

@@ -29,43 +29,37 @@ std::pair<float, float> placeOn(const Picture& picture, const std::string& place
 }
 
 Player::Player() {
-  verbs = {
-      // Moves there, presses, lets go. The press may move the focus, which may be refused, or take
-      // the element away; then the click is not carried out.
-      {"click",
-       [this](auto& on, auto& place) {
-         auto& element = usable(on);
-         if (dynamic_cast<Picture*>(&element))
-           verbs["over"](on, place);
-         if (press(element))
-           forms_->clicked(element);
-       }},
-      {"over",
-       [this](auto& on, auto& place) {
-         auto& picture = usable<Picture>(on);
-         const auto [X, Y] = placeOn(picture, place);
-         forms_->moved(picture, X, Y);
-       }},
-      {"right", [this](auto& on, auto&) { forms_->pressed(usable(on), MouseButton::Right); }},
-      {"type", [this](auto& on, auto& text) { type(usable<TextBox>(on), text); }},
-      {"tab", [this](auto& back, auto&) { forms_->tabbed(keyboardWindow(), back.empty()); }},
-      {"menu", [this](auto& on, auto&) { forms_->menuChosen(usable<MenuEntry>(on)); }},
-      // Also of a button that is hidden.
-      {"shortcut",
-       [this](auto& on, auto&) {
-         if (auto& button = get<Button>(on); button.Shortcut == "Ctrl+Shift+D")
-           forms_->shortcutPressed(button);
-       }},
-      {"activate", [this](auto& on, auto&) { passOver(forms_->activated(usable<Window>(on))); }},
-      {"close", [this](auto& on, auto&) { forms_->closeRequested(usable<Window>(on)); }},
-      {"tick", [this](auto& seconds, auto&) { tick(std::stoi(seconds)); }},
-      {"choose",
-       [this](auto& on, auto& item) {
-         auto& list = usable<DropList>(on);
-         const auto& all = list.items();
-         if (press(list))
-           forms_->chosen(list, static_cast<int>(std::ranges::find(all, item) - all.begin()));
-       }},
+  // Moves there, presses, lets go. The press may move the focus, which may be refused, or take
+  // the element away; then the click is not carried out.
+  verbs["click"] = [this](auto& on, auto& place) {
+    auto& element = usable(on);
+    if (dynamic_cast<Picture*>(&element))
+      verbs["over"](on, place);
+    if (press(element))
+      forms_->clicked(element);
+  };
+  verbs["over"] = [this](auto& on, auto& place) {
+    auto& picture = usable<Picture>(on);
+    const auto [X, Y] = placeOn(picture, place);
+    forms_->moved(picture, X, Y);
+  };
+  verbs["right"] = [this](auto& on, auto&) { forms_->pressed(usable(on), MouseButton::Right); };
+  verbs["type"] = [this](auto& on, auto& text) { type(usable<TextBox>(on), text); };
+  verbs["tab"] = [this](auto& back, auto&) { forms_->tabbed(keyboardWindow(), back.empty()); };
+  verbs["menu"] = [this](auto& on, auto&) { forms_->menuChosen(usable<MenuEntry>(on)); };
+  // Also of a button that is hidden.
+  verbs["shortcut"] = [this](auto& on, auto&) {
+    if (auto& button = get<Button>(on); button.Shortcut == "Ctrl+Shift+D")
+      forms_->shortcutPressed(button);
+  };
+  verbs["activate"] = [this](auto& on, auto&) { passOver(forms_->activated(usable<Window>(on))); };
+  verbs["close"] = [this](auto& on, auto&) { forms_->closeRequested(usable<Window>(on)); };
+  verbs["tick"] = [this](auto& seconds, auto&) { tick(std::stoi(seconds)); };
+  verbs["choose"] = [this](auto& on, auto& item) {
+    auto& list = usable<DropList>(on);
+    const auto& all = list.items();
+    if (press(list))
+      forms_->chosen(list, static_cast<int>(std::ranges::find(all, item) - all.begin()));
   };
   int next = 0; // in the order of forms::Key
   for (const char* name : {"Left", "Right", "Up", "Down", "Enter", "Space", "Delete", "Escape"})

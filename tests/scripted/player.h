@@ -33,17 +33,13 @@ public:
 
   // --- What the program will ask, in this order ------------------------------------------------
   // A box with this text, to the letter: a question unless the answer is Ok. `meanwhile` runs while
-  // it is open.
+  // it is open. Or a window shown modally, by its name: `meanwhile` must close it.
   void expectBox(std::string text, Answer answer = Answer::Ok, Meanwhile meanwhile = {}) {
     expected_.push_back({std::move(text), answer, {}, std::move(meanwhile)});
   }
   // By its title. Path nullopt: cancelled.
   void expectFile(std::string title, std::optional<std::string> path, Meanwhile meanwhile = {}) {
     expected_.push_back({std::move(title), {}, std::move(path), std::move(meanwhile)});
-  }
-  // A window shown modally, by its name. `meanwhile` must close it.
-  void expectModal(std::string window, Meanwhile meanwhile) {
-    expected_.push_back({std::move(window), {}, {}, std::move(meanwhile)});
   }
   // Fails for each answer that was not asked for, and forgets it.
   void finish();
@@ -96,9 +92,7 @@ public:
     focus_ = focus_ && &focus_->window() == &window ? nullptr : focus_;
   }
   void waitModal(Window& window) override;
-  void changed(Element& element) override {
-    EXPECT_TRUE(element.window().isOpen()) << element.name();
-  }
+  void changed(Element& element) override { EXPECT_TRUE(element.window().isOpen()); }
   void removed(Element& element) override {
     Player::changed(element), focus_ = focus_ == &element ? nullptr : focus_;
   }
@@ -118,8 +112,7 @@ protected:
   // One that can be used, by its name.
   template <class T = Element> T& usable(const std::string& name) const {
     T& element = get<T>(name);
-    return element.isReachable() ? element
-                                 : throw std::runtime_error("Nobody could use " + element.name());
+    return element.isReachable() ? element : throw std::runtime_error(name + " cannot be used");
   }
   virtual void doKey(Key key, int digit) { forms_->keyPressed(keyboardWindow(), key, digit); }
   // Runs behind each step, behind each tick and before each answer: what the screen shows may be
