@@ -61,7 +61,7 @@ TEST_F(Deployment, TheRefusalsComeInTheirOrder) {
        [&] { return pictures(); });
   expectBoard("...../BB.../...../...bb/.....");
   EXPECT_EQ(app.nuevoJuego.picBAN.Appearance * 2 + app.nuevoJuego.picGEN.Appearance, 2);
-  EXPECT_EQ(hint("picUnidad(20)", 10, 10) + hint("picTablero", 1500, 2500),
+  EXPECT_EQ(hint("picUnidad(20) 10;10") + hint("picTablero 1500;2500"),
             "Cuadro: 20 (4,5)Cuadro: 12 (3,2)");
 }
 
@@ -106,7 +106,7 @@ TEST_F(Deployment, AGameStartsWithAnArmy) {
 
 TEST_F(Deployment, TheFieldDumpTellsEachSquareOfTheBoard) {
   run("choose comTablero 8x8, click picGEN, square 63");
-  screen.expectModal("frmMsgBox", [&] {
+  screen.expectBox("frmMsgBox", Answer::Ok, [&] {
     const std::string text = app.msgBox.Text1.Text;
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 64);
     const std::string line =

@@ -53,7 +53,7 @@ public:
       : Game(scripted::makePlayer(), std::unique_ptr<Runner>(runner)) {
     screen.verbs["join"] = screen.verbs["again"] = [=, this](auto&, auto&) {
       run("menu Opciones, choose comJugadorActualRed " + std::string(name == 'A' ? "1" : "2"));
-      joinBy(path);
+      choose("click btnCargarJuegoRed", path);
     };
     screen.verbs["hold"] = [=](auto&, auto&) { runner->hold = true; };
     screen.verbs["go"] = [=](auto&, auto&) { runner->letGo(); };
@@ -61,13 +61,6 @@ public:
     start();
   }
   void TestBody() override {}
-  // In the options, with a box if it is refused.
-  void joinBy(const std::optional<std::string>& file, const std::string& box = "") {
-    screen.expectFile("Cargar Juego", file);
-    if (!box.empty())
-      screen.expectBox(box);
-    run("click btnCargarJuegoRed");
-  }
   // Who is in turn and how it stands, as after the end: "12 Derrota/Victoria".
   std::string standing() { return std::to_string(play.JugadorActual) + " " + status(); }
   // In short: the number of the board, the player in turn, "p" where the turn is published, and for

@@ -44,7 +44,7 @@ TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
   b->screen.expectBox(victory("2", "CONQUISTADO la Bandera"), Answer::Ok, [&] {
     EXPECT_EQ(file(), text) << "the other player need not wait for the box to close";
   });
-  b->move(20, 25);
+  b->run("move 20 25");
   a->screen.expectBox(defeat("2"));
   run("AB tick 20");
   EXPECT_EQ(file(), text);
@@ -69,10 +69,10 @@ TEST_F(Network, AJoinFromALocalGameLeadsToTheFilesGameAndARefusalLeavesThatOne) 
   run("file 22, A join, A close EnJuego");
   a->run("load b.i../...../...../...../..I.B 1, move 23 18, menu Opciones");
   const std::string before = a->shown() + a->principal.ArchivoRed;
-  a->joinBy(std::nullopt);
-  a->joinBy(idle, Invalid + idle + Incomplete);
+  a->choose("click btnCargarJuegoRed", std::nullopt);
+  a->choose("click btnCargarJuegoRed", idle, Invalid + idle + Incomplete);
   EXPECT_EQ(a->shown() + a->principal.ArchivoRed, before);
-  a->joinBy(path);
+  a->choose("click btnCargarJuegoRed", path);
   a->run("menu Opciones");
   EXPECT_EQ(a->all() + a->state(), "22=HHHHH running EnJuego");
 }

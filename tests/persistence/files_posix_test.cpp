@@ -19,7 +19,7 @@ TEST_F(FilesPosix, AKilledSaveLeavesTheEarlierGameOrTheNewOne) {
     const pid_t child = fork();
     while (child == 0) {
       play.JugadorActual = 3 - play.JugadorActual;
-      choose("GuardarJuego", path);
+      choose("menu GuardarJuego", path);
     }
     usleep(static_cast<useconds_t>(std::rand() % 10000));
     int status = 0;

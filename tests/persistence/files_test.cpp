@@ -44,7 +44,7 @@ TEST_F(Files, AFailedSaveIsToldAndChangesNothing) {
   const std::string board = "g..../...../...../...../....G", folder = screen.programFolder();
   for (const std::string kind : {"Plantilla", "Juego"}) {
     run((kind == "Juego" ? "load " : "layOut ") + board + " 1");
-    choose("Guardar" + kind, folder, "No se puede guardar el archivo:\r\n" + folder);
+    choose("menu Guardar" + kind, folder, "No se puede guardar el archivo:\r\n" + folder);
     expectBoard(board);
   }
 }
@@ -88,7 +88,7 @@ TEST_F(Files, ARefusedFileChangesNothing) {
   const std::string before = everything(), invalid = Invalid + file("rota") + "\r\n";
   const auto pass = [&](const std::optional<std::string>& path, const std::string& box) {
     for (const std::string kind : {"Juego", "Plantilla"}) {
-      choose("Cargar" + kind, path, box);
+      choose("menu Cargar" + kind, path, box);
       EXPECT_EQ(everything(), before);
     }
   };

@@ -12,10 +12,10 @@ TEST_F(Play, TheHintNamesTheSquareUnderThePointer) {
   EXPECT_TRUE(play.picTablero.picturePath().ends_with("6x6.jpg"));
   EXPECT_TRUE(play.Icon.get().ends_with("adelante.ico"));
   EXPECT_EQ(play.Height * 100000 + play.Width, 795008460);
-  EXPECT_EQ(hint("picUnidad(20)", 10, 10), "Cuadro: 20 (4,2)");
-  EXPECT_EQ(hint("picMovimientoPermitido(14)", 10, 10), "Cuadro: 14 (3,2)");
-  EXPECT_EQ(hint("picTablero", 3540, 1200), "Cuadro: 9 (2,3)") << "a boundary";
-  EXPECT_EQ(hint("picTablero", 3000, 0), "Cuadro:  (0,3)");
+  EXPECT_EQ(hint("picUnidad(20) 10;10"), "Cuadro: 20 (4,2)");
+  EXPECT_EQ(hint("picMovimientoPermitido(14) 10;10"), "Cuadro: 14 (3,2)");
+  EXPECT_EQ(hint("picTablero 3540;1200"), "Cuadro: 9 (2,3)") << "a boundary";
+  EXPECT_EQ(hint("picTablero 3000;0"), "Cuadro:  (0,3)");
 }
 
 TEST_F(Play, SurrenderEndsTheGameWithoutAWinner) {

@@ -8,9 +8,9 @@ namespace falanges {
 using scripted::toPath;
 
 std::string blank(int side) {
-  std::string drawing(place(side * side, side) + 1, '.');
-  for (int n = side; n < side * side; n += side)
-    drawing[place(n, side) + 1] = '/';
+  std::string drawing;
+  for (int row = 0; row < side; ++row)
+    drawing += (row > 0 ? "/" : "") + std::string(static_cast<std::size_t>(side), '.');
   return drawing;
 }
 
@@ -41,17 +41,18 @@ Game::Game(std::unique_ptr<scripted::Player> before, std::unique_ptr<Runner> run
   does["expect"] = [this](auto& box, auto& answer) {
     screen.expectBox(Boxes.at(box), answer == "yes" ? Answer::Yes : Answer::Ok);
   };
-  does["move"] = [this](auto& from, auto& to) { move(std::stoi(from), std::stoi(to)); };
+  does["move"] = [this](auto& from, auto& to) {
+    run("click picUnidad(" + from + "), click picMovimientoPermitido(" + to + ")");
+  };
   does["square"] = [this](auto& number, auto& inset) { // so many twips from its corner
     const int n = std::stoi(number) - 1, side = principal.NumFilas;
     const int in = inset.empty() ? 590 : std::stoi(inset);
-    screen.clickOn(screen.get<forms::Picture>("picTablero"),
-                   static_cast<float>(n % side * 1180 + in),
-                   static_cast<float>(n / side * 1180 + in));
+    run("click picTablero " + std::to_string(n % side * 1180 + in) + ";" +
+        std::to_string(n / side * 1180 + in));
   };
   does["load"] = [this](auto& board, auto& turn) { load(gameFile(board, turn + "\r\n")); };
   does["layOut"] = [this](auto& board, auto&) { layOut(gameFile(board)); };
-  does["save"] = [this](auto& kind, auto& name) { choose("Guardar" + kind, file(name)); };
+  does["save"] = [this](auto& kind, auto& name) { choose("menu Guardar" + kind, file(name)); };
   // From poll to poll, or so many seconds; a poll at once.
   does["tick"] = [this](auto& seconds, auto&) {
     screen.tick(seconds.empty() ? principal.SegundosActualizacion + 1 : std::stoi(seconds));
@@ -73,18 +74,15 @@ void Game::TearDown() {
   EXPECT_TRUE(screen.closeWindow(frame));
 }
 
-void Game::move(int from, int to) {
-  run("click picUnidad(" + std::to_string(from) + "), click picMovimientoPermitido(" +
-      std::to_string(to) + ")");
-}
-
-void Game::choose(const std::string& entry, const std::optional<std::string>& path,
-                  const std::string& box, const scripted::Meanwhile& meanwhile) {
-  std::string title = entry;
-  screen.expectFile(title.insert(title.find_first_of("JP", 1), " "), path, meanwhile);
+void Game::choose(const std::string& step, const std::optional<std::string>& path,
+                  const std::string& box) {
+  const auto has = [&](const char* word) { return step.find(word) != step.npos; };
+  screen.expectFile(std::string(has("Guardar") ? "Guardar" : "Cargar") +
+                        (has("Juego") ? " Juego" : " Plantilla"),
+                    path);
   if (!box.empty())
     screen.expectBox(box);
-  run("menu mnu" + entry);
+  run(step);
 }
 
 std::string Game::file(const std::string& name) {
@@ -146,10 +144,9 @@ std::string Game::status() {
   return play.lblJ1_Estado.Caption.get() + "/" + play.lblJ2_Estado.Caption.get();
 }
 
-std::string Game::hint(const std::string& picture, float X, float Y) {
-  auto& under = screen.get<forms::Picture>(picture);
-  screen.moveOver(under, X, Y);
-  return under.ToolTipText;
+std::string Game::hint(const std::string& place) {
+  run("over " + place);
+  return screen.get(place.substr(0, place.find(' '))).ToolTipText;
 }
 
 std::string Game::shown() {

@@ -57,12 +57,11 @@ public:
   void walk(const std::vector<std::string>& rows, const std::function<std::string()>& seen) {
     scripted::walk(rows, [&](const std::string& script) { return run(script), seen(); });
   }
-  void move(int from, int to);
-  // Through its menu entry and the file dialog: "CargarJuego".
-  void choose(const std::string& entry, const std::optional<std::string>& path,
-              const std::string& box = "", const scripted::Meanwhile& meanwhile = {});
-  void load(const std::string& text) { choose("CargarJuego", write("partida", text)); }
-  void layOut(const std::string& text) { choose("CargarPlantilla", write("plantilla", text)); }
+  // A step that leads to the file dialog, with the box if the file is refused.
+  void choose(const std::string& step, const std::optional<std::string>& path,
+              const std::string& box = "");
+  void load(const std::string& text) { choose("menu CargarJuego", write("partida", text)); }
+  void layOut(const std::string& text) { choose("menu CargarPlantilla", write("plantilla", text)); }
 
   // A file in the program folder, with the system's separators.
   std::string file(const std::string& name);
@@ -81,7 +80,8 @@ public:
   // The same with the names of the open child windows: "HSHSS NuevoJuego Opciones".
   std::string state();
   std::string status();
-  std::string hint(const std::string& picture, float X, float Y);
+  // Of what the pointer stands over: "picTablero 3000;0".
+  std::string hint(const std::string& place);
   // All that the open windows show, as a screen reader would tell it.
   std::string shown();
 

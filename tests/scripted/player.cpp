@@ -22,27 +22,48 @@ void walk(const std::vector<std::string>& rows,
   }
 }
 
+std::pair<float, float> placeOn(const Picture& picture, const std::string& place) {
+  if (place.empty())
+    return {static_cast<float>(picture.Width) / 2, static_cast<float>(picture.Height) / 2};
+  return {std::stof(place), std::stof(place.substr(place.find(';') + 1))};
+}
+
 Player::Player() {
-  verbs = {
-      {"click", [this](auto& on, auto&) { click(get(on)); }},
-      {"right", [this](auto& on, auto&) { doRightClick(usable(get(on))), afterAction(); }},
-      {"type",
-       [this](auto& on, auto& text) { doType(usable(get<TextBox>(on)), text), afterAction(); }},
-      {"tab", [this](auto& back, auto&) { tab(back.empty()); }},
-      {"menu", [this](auto& on, auto&) { menu(get<MenuEntry>(on)); }},
-      {"shortcut", [this](auto& on, auto&) { doShortcut(get<Button>(on)), afterAction(); }},
-      {"activate", [this](auto& on, auto&) { doActivate(usable(get<Window>(on))), afterAction(); }},
-      {"close", [this](auto& on, auto&) { closeWindow(get<Window>(on)); }},
-      {"tick", [this](auto& seconds, auto&) { tick(std::stoi(seconds)); }},
-      {"choose",
-       [this](auto& on, auto& item) {
-         const auto& all = get<DropList>(on).items();
-         choose(get<DropList>(on), static_cast<int>(std::ranges::find(all, item) - all.begin()));
-       }},
+  // Moves there, presses, lets go. The press may move the focus, which may be refused, or take
+  // the element away; then the click is not carried out.
+  verbs["click"] = [this](auto& on, auto& place) {
+    auto& element = usable(on);
+    if (dynamic_cast<Picture*>(&element))
+      verbs["over"](on, place);
+    if (press(element))
+      forms_->clicked(element);
+  };
+  verbs["over"] = [this](auto& on, auto& place) {
+    auto& picture = usable<Picture>(on);
+    const auto [X, Y] = placeOn(picture, place);
+    forms_->moved(picture, X, Y);
+  };
+  verbs["right"] = [this](auto& on, auto&) { forms_->pressed(usable(on), MouseButton::Right); };
+  verbs["type"] = [this](auto& on, auto& text) { type(usable<TextBox>(on), text); };
+  verbs["tab"] = [this](auto& back, auto&) { forms_->tabbed(keyboardWindow(), back.empty()); };
+  verbs["menu"] = [this](auto& on, auto&) { forms_->menuChosen(usable<MenuEntry>(on)); };
+  // Also of a button that is hidden.
+  verbs["shortcut"] = [this](auto& on, auto&) {
+    if (auto& button = get<Button>(on); button.Shortcut == "Ctrl+Shift+D")
+      forms_->shortcutPressed(button);
+  };
+  verbs["activate"] = [this](auto& on, auto&) { passOver(forms_->activated(usable<Window>(on))); };
+  verbs["close"] = [this](auto& on, auto&) { forms_->closeRequested(usable<Window>(on)); };
+  verbs["tick"] = [this](auto& seconds, auto&) { tick(std::stoi(seconds)); };
+  verbs["choose"] = [this](auto& on, auto& item) {
+    auto& list = usable<DropList>(on);
+    const auto& all = list.items();
+    if (press(list))
+      forms_->chosen(list, static_cast<int>(std::ranges::find(all, item) - all.begin()));
   };
   int next = 0; // in the order of forms::Key
   for (const char* name : {"Left", "Right", "Up", "Down", "Enter", "Space", "Delete", "Escape"})
-    verbs[name] = [this, which = Key(next++)](auto&, auto&) { key(which); };
+    verbs[name] = [this, which = Key(next++)](auto&, auto&) { doKey(which, 0); };
 }
 
 void Player::run(const std::string& script) {
@@ -51,6 +72,7 @@ void Player::run(const std::string& script) {
     std::string what, on, value;
     std::istringstream(step) >> what >> on >> value;
     verbs.at(what)(on, value);
+    afterAction();
   }
 }
 
@@ -59,42 +81,34 @@ void Player::finish() {
     ADD_FAILURE() << "Expected, but did not come:\n" << left.text;
 }
 
-Player::Expected Player::next(const std::string& text) {
-  const Expected first = expected_.empty() ? Expected() : expected_.front();
-  if (expected_.empty() || first.text != text) {
-    ADD_FAILURE() << "Unexpected:\n" << text << "\ninstead of:\n" << first.text;
-    return {text, Answer::No, {}, {}};
-  }
-  expected_.pop_front();
-  return first;
-}
-
-Player::Expected Player::next(const MessageBox& box) {
-  lastBox = box;
-  const Expected expected = next(box.text);
-  EXPECT_EQ(expected.answer == Answer::Ok, box.style == BoxStyle::Information) << box.text;
-  return expected;
-}
-
 // Which timers run is the forms layer's knowledge: those of the screen would go by real time.
 void Player::tick(int seconds) {
-  for (; seconds > 0; --seconds) {
-    std::vector<Timer*> timers;
-    for (const Window* window : forms_->openWindows())
-      for (Element* element : window->elements())
-        if (element->kind() == Kind::Timer)
-          timers.push_back(static_cast<Timer*>(element));
-    for (Timer* timer : timers)
-      forms_->ticked(*timer);
-    afterAction();
-  }
+  for (; seconds > 0 && !forms_->openWindows().empty(); --seconds)
+    forms_->ticked(get<Timer>("")), afterAction();
 }
 
 // --- What the program asks -----------------------------------------------------------------------
 
+Player::Expected Player::next(const std::string& text) {
+  Expected first{text, Answer::No, {}, {}};
+  if (!expected_.empty() && expected_.front().text == text)
+    first = expected_.front(), expected_.pop_front();
+  else
+    ADD_FAILURE() << "Unexpected:\n" << text << "\nbefore " << expected_.size() << " others";
+  afterAction();
+  first.meanwhile ? first.meanwhile() : void();
+  return first;
+}
+
+Answer Player::messageBox(const MessageBox& box) {
+  const Answer answer = next((lastBox = box).text).answer;
+  EXPECT_EQ(answer == Answer::Ok, box.style == BoxStyle::Information) << box.text;
+  return answer;
+}
+
 void Player::waitModal(Window& window) {
-  next(window.name()).passed();
-  EXPECT_FALSE(window.isOpen()) << "The modal window was not closed.";
+  next(window.name());
+  EXPECT_FALSE(window.isOpen() && window.close()) << "The modal window was not closed.";
 }
 
 std::optional<PictureSize> Player::pictureSize(const std::string& path) {
@@ -116,30 +130,14 @@ bool Player::press(Element& element) {
          std::ranges::count(home.elements(), &element) > 0 && element.isReachable();
 }
 
-void Player::doClick(Element& element) {
-  if (auto* const picture = dynamic_cast<Picture*>(&element))
-    return doClickOn(*picture, static_cast<float>(picture->Width) / 2,
-                     static_cast<float>(picture->Height) / 2);
-  if (press(element))
-    forms_->clicked(element);
-}
-
-void Player::doClickOn(Picture& picture, float X, float Y) {
-  forms_->moved(picture, X, Y);
-  if (press(picture))
-    forms_->clicked(picture);
-}
-
-void Player::doType(TextBox& box, std::string_view text) {
+// Replaces what the text box holds, key by key.
+void Player::type(TextBox& box, const std::string& text) {
   if (!press(box))
     return;
   forms_->typed(box, "");
-  for (std::size_t end = 0, start = 0; start < text.size(); start = end) {
-    do
-      ++end;
-    while (end < text.size() && (text[end] & 0xC0) == 0x80); // the character has more bytes
-    forms_->typed(box, box.Text.get() + std::string(text.substr(start, end - start)));
-  }
+  for (std::size_t end = 1; end <= text.size(); ++end)
+    if ((text[end] & 0xC0) != 0x80) // else the character has more bytes
+      forms_->typed(box, text.substr(0, end));
 }
 
 } // namespace scripted

@@ -33,7 +33,7 @@ public:
 
   // --- What the program will ask, in this order ------------------------------------------------
   // A box with this text, to the letter: a question unless the answer is Ok. `meanwhile` runs while
-  // it is open.
+  // it is open. Or a window shown modally, by its name: `meanwhile` must close it.
   void expectBox(std::string text, Answer answer = Answer::Ok, Meanwhile meanwhile = {}) {
     expected_.push_back({std::move(text), answer, {}, std::move(meanwhile)});
   }
@@ -41,17 +41,14 @@ public:
   void expectFile(std::string title, std::optional<std::string> path, Meanwhile meanwhile = {}) {
     expected_.push_back({std::move(title), {}, std::move(path), std::move(meanwhile)});
   }
-  // A window shown modally, by its name. `meanwhile` must close it.
-  void expectModal(std::string window, Meanwhile meanwhile) {
-    expected_.push_back({std::move(window), {}, {}, std::move(meanwhile)});
-  }
   // Fails for each answer that was not asked for, and forgets it.
   void finish();
   MessageBox lastBox;
   FileDialog lastFile;
 
   // --- What the person does --------------------------------------------------------------------
-  // Step by step, each with its verb first: "click btn, type txtA 5, Up". A test may bring its own.
+  // Step by step, each with its verb first: "click btn, type txtA 5, Up". Those of Player go
+  // straight to the forms layer; another screen has its own ways, and a test may bring more.
   void run(const std::string& script);
   using Verb = std::function<void(const std::string& on, const std::string& value)>;
   std::map<std::string, Verb> verbs;
@@ -63,31 +60,23 @@ public:
       std::vector<Element*> all = (*window)->elements();
       all.push_back(*window);
       for (Element* element : all)
-        if (T* const found = dynamic_cast<T*>(element);
-            found && ((*window)->name() + "." + element->name()).ends_with(name))
+        if (T* const found = dynamic_cast<T*>(element); found && nameOf(*element).ends_with(name))
           return *found;
     }
     throw std::runtime_error(name + " is not there");
   }
-  // Moves there, presses, lets go. The press may move the focus, which may be refused, or take the
-  // element away; then the click is not carried out.
-  void click(Element& element) { doClick(usable(element)), afterAction(); }
-  void rightClick(Element& element) { doRightClick(usable(element)), afterAction(); }
-  // At X, Y of the picture, twips from its inner corner.
-  void clickOn(Picture& picture, float X, float Y) {
-    doClickOn(usable(picture), X, Y), afterAction();
+  // Steps of their own.
+  void click(const Element& element) { run("click " + nameOf(element)); }
+  void choose(const DropList& list, int item) {
+    run("choose " + nameOf(list) + " " + list.items()[static_cast<std::size_t>(item)]);
   }
-  void moveOver(Picture& picture, float X, float Y) {
-    doMoveOver(usable(picture), X, Y), afterAction();
-  }
-  void choose(DropList& list, int item) { doChoose(usable(list), item), afterAction(); }
-  void tab(bool forwards = true) { doTab(forwards), afterAction(); }
+  void tab() { run("tab"); }
   // Any other key; `digit` with Key::Digit.
   void key(Key key, int digit = 0) { doKey(key, digit), afterAction(); }
-  void menu(MenuEntry& entry) { doMenu(usable(entry)), afterAction(); }
+  void menu(const MenuEntry& entry) { run("menu " + nameOf(entry)); }
   // Asks the window to close; true when it has.
-  bool closeWindow(Window& window) {
-    doClose(usable(window)), afterAction();
+  bool closeWindow(const Window& window) {
+    run("close " + nameOf(window));
     return !window.isOpen();
   }
   // Name of the element that the keyboard goes to, "" when there is none.
@@ -103,18 +92,16 @@ public:
     focus_ = focus_ && &focus_->window() == &window ? nullptr : focus_;
   }
   void waitModal(Window& window) override;
-  void changed(Element& element) override {
-    EXPECT_TRUE(element.window().isOpen()) << element.name();
-  }
+  void changed(Element& element) override { EXPECT_TRUE(element.window().isOpen()); }
   void removed(Element& element) override {
     Player::changed(element), focus_ = focus_ == &element ? nullptr : focus_;
   }
   void focusAsked(Element& element) override {
     Player::changed(element), focus_ = element.kind() == Kind::Window ? nullptr : &element;
   }
-  Answer messageBox(const MessageBox& box) override { return next(box).passed().answer; }
+  Answer messageBox(const MessageBox& box) override;
   std::optional<std::string> fileDialog(const FileDialog& dialog) override {
-    return next(dialog).passed().path;
+    return next((lastFile = dialog).title).path;
   }
   std::optional<PictureSize> pictureSize(const std::string& path) override;
   DateTime now() override { return {2005, 3, 9, 8, 5, 7}; }
@@ -122,59 +109,42 @@ public:
   std::string programFolder() override { return folder_.path(); }
 
 protected:
-  struct Expected {
-    std::string text;
-    Answer answer{};
-    std::optional<std::string> path;
-    Meanwhile meanwhile;
-    const Expected& passed() const {
-      meanwhile ? meanwhile() : void();
-      return *this;
-    }
-  };
-  // What was expected now, if it is what the program asks.
-  Expected next(const std::string& text);
-  Expected next(const MessageBox& box);
-  Expected next(const FileDialog& dialog) { return next((lastFile = dialog).title); }
-
-  // Straight to the forms layer; another screen has its own ways.
-  virtual void doClick(Element& element);
-  virtual void doRightClick(Element& element) { forms_->pressed(element, MouseButton::Right); }
-  virtual void doClickOn(Picture& picture, float X, float Y);
-  virtual void doMoveOver(Picture& picture, float X, float Y) { forms_->moved(picture, X, Y); }
-  // Replaces what the text box holds, key by key.
-  virtual void doType(TextBox& box, std::string_view text);
-  virtual void doChoose(DropList& list, int item) {
-    press(list) ? forms_->chosen(list, item) : void();
+  // One that can be used, by its name.
+  template <class T = Element> T& usable(const std::string& name) const {
+    T& element = get<T>(name);
+    return element.isReachable() ? element : throw std::runtime_error(name + " cannot be used");
   }
-  virtual void doTab(bool forwards) { forms_->tabbed(keyboardWindow(), forwards); }
   virtual void doKey(Key key, int digit) { forms_->keyPressed(keyboardWindow(), key, digit); }
-  virtual void doMenu(MenuEntry& entry) { forms_->menuChosen(entry); }
-  // Also of a button that is hidden.
-  virtual void doShortcut(Button& button) {
-    if (button.Shortcut == "Ctrl+Shift+D")
-      forms_->shortcutPressed(button);
-  }
-  virtual void doClose(Window& window) { forms_->closeRequested(window); }
-  virtual void doActivate(Window& window) { passOver(forms_->activated(window)); }
-  // Runs behind each of them and after each tick: what the screen shows may be looked at.
+  // Runs behind each step, behind each tick and before each answer: what the screen shows may be
+  // looked at.
   virtual void afterAction() {}
 
   TemporaryFolder folder_;
   Forms* forms_ = nullptr; // known from the first window on
 
 private:
-  template <class T> T& usable(T& element) {
-    return element.isReachable() ? element
-                                 : throw std::runtime_error("Nobody could use " + element.name());
+  struct Expected {
+    std::string text;
+    Answer answer{};
+    std::optional<std::string> path;
+    Meanwhile meanwhile;
+  };
+  // What was expected now, if it is what the program asks, with all that happens before the answer.
+  Expected next(const std::string& text);
+  static std::string nameOf(const Element& element) {
+    return element.window().name() + "." + element.name();
   }
   // True when the element has taken the press and still stands there.
   bool press(Element& element);
+  void type(TextBox& box, const std::string& text);
   Window& keyboardWindow() const { return focus_ ? focus_->window() : *forms_->activeChild(); }
 
   const Element* focus_ = nullptr;
   std::deque<Expected> expected_;
 };
+
+// "X;Y", twips from the picture's inner corner; "": its middle.
+std::pair<float, float> placeOn(const Picture& picture, const std::string& place);
 
 // Each test program defines this for its own screen.
 std::unique_ptr<Player> makePlayer();

@@ -33,10 +33,7 @@ public:
   std::string path() const { return fromPath(path_); }
   std::string file(std::string_view name) const { return fromPath(path_ / toPath(name)); }
   // How many files and folders are in it.
-  int entries() const {
-    const std::filesystem::directory_iterator first(path_);
-    return static_cast<int>(std::distance(begin(first), end(first)));
-  }
+  auto entries() const { return std::distance(std::filesystem::directory_iterator(path_), {}); }
 
 private:
   static std::string fromPath(const std::filesystem::path& path) {

@@ -40,12 +40,10 @@ public:
       element->Height = 375;
     }
     btn.Shortcut = "Ctrl+Shift+D";
-    txtA.Change = log.adds("txtA_Change");
-    txtB.Change = log.adds("txtB_Change");
-    chk.Click = log.adds("chk_Click");
-    com.Click = log.adds("com_Click");
-    btn.Click = log.adds("btn_Click");
-    pic.Click = log.adds("pic_Click");
+    for (TextBox* box : {&txtA, &txtB})
+      box->Change = log.adds(box->name() + "_Change");
+    chk.Click = log.adds("chk_Click"), com.Click = log.adds("com_Click");
+    btn.Click = log.adds("btn_Click"), pic.Click = log.adds("pic_Click");
     lbl.Click = log.adds("lbl_Click");
     pic.MouseDown = [&log](MouseButton button) {
       log.add(button == MouseButton::Left ? "pic_Left" : "pic_Right");
@@ -106,11 +104,7 @@ struct TestProgram {
   }
   ~TestProgram() {
     log.on.clear();
-    forms.afterEvent = {};
-    for (TestWindow* window : std::initializer_list<TestWindow*>{&one, &two, &own, &frame}) {
-      window->letClose = true;
-      window->close();
-    }
+    own.close(), frame.close();
   }
 
   Log log;

@@ -101,7 +101,7 @@ TEST(Coordinates, FollowThePointerOverTheLargestPicture) {
   forms::Forms forms(*player);
   Form1 form(forms);
   forms.startUp(form);
-  player->moveOver(form.Picture1, 1500, 30);
+  player->run("over Picture1 1500;30");
   EXPECT_EQ(form.Picture1.ToolTipText.get(), "X: 1500 - Y: 30");
   EXPECT_TRUE(player->closeWindow(form));
 }

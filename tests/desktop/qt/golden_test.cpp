@@ -88,7 +88,7 @@ TEST_F(Golden, TheGame) {
   keys({Key::Enter, Key::Right, Key::Enter, Key::Up, Key::Enter, Key::Right});
   expectPainted("nuevo-juego", player.widget(app.nuevoJuego));
   app.principal.TextoVolcado = "Uno\r\nDos";
-  player.expectModal("frmMsgBox", [&] {
+  player.expectBox("frmMsgBox", forms::Answer::Ok, [&] {
     expectPainted("datos", player.widget(app.msgBox));
     player.key(Key::Escape);
   });

@@ -55,8 +55,9 @@ QWidget* focusHolder() {
   return QApplication::focusWidget() ? QApplication::focusWidget() : QApplication::activeWindow();
 }
 
-// Where this place of the picture, twips from its inner corner, lies in its widget.
-QPoint pixelOf(const Picture& picture, const QWidget& shown, float X, float Y) {
+// Where "X;Y" of the picture lies in its widget.
+QPoint pixelOf(const Picture& picture, const QWidget& shown, const std::string& place) {
+  const auto [X, Y] = placeOn(picture, place);
   const QPointF frame(picture.frameWidth(), picture.frameWidth());
   const QPointF pixel = (frame + QPointF(X, Y)) * shown.width() / picture.Width;
   return {static_cast<int>(pixel.x()), static_cast<int>(pixel.y())};
@@ -68,43 +69,103 @@ std::unique_ptr<Player> makePlayer() {
   return std::make_unique<QtPlayer>();
 }
 
+// --- What a person does --------------------------------------------------------------------------
+
 QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
   for (const char* part : {"img", "ico"})
     std::filesystem::copy(toPath(FALANGES_PROGRAM_FOLDER) / part, toPath(folder_.file(part)));
+  verbs["click"] = [this](auto& on, auto& place) {
+    const Element& element = usable(on);
+    const QPointer<QWidget> target(&widget(element));
+    QPoint where = target->rect().center();
+    if (const auto* picture = dynamic_cast<const Picture*>(&element))
+      where = pixelOf(*picture, *target, place);
+    else if (element.kind() == Kind::CheckBox)
+      where.setX(6); // it answers on its mark alone, which stands at its left
+    QTest::mousePress(target, Qt::LeftButton, {}, where);
+    if (target)
+      QTest::mouseRelease(target, Qt::LeftButton, {}, where);
+  };
+  verbs["over"] = [this](auto& on, auto& place) {
+    const auto& picture = usable<Picture>(on);
+    QWidget& shown = widget(picture);
+    const QPointF where = pixelOf(picture, shown, place);
+    QMouseEvent move(QEvent::MouseMove, where, shown.mapToGlobal(where), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(&shown, &move);
+  };
+  verbs["right"] = [this](auto& on, auto&) {
+    QTest::mouseClick(&widget(usable(on)), Qt::RightButton);
+  };
+  verbs["type"] = [this](auto& on, auto& text) {
+    auto& box = dynamic_cast<QLineEdit&>(widget(usable(on)));
+    box.setFocus();
+    box.selectAll();
+    if (text.empty())
+      QTest::keyClick(&box, Qt::Key_Delete);
+    for (const QChar letter : toQt(text)) {
+      QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
+      QCoreApplication::sendEvent(&box, &press);
+    }
+  };
+  verbs["choose"] = [this](auto& on, auto& item) {
+    auto& list = dynamic_cast<QComboBox&>(widget(usable(on)));
+    QTest::mousePress(&list, Qt::LeftButton);
+    if (!list.view()->isVisible())
+      return; // the focus was not let go
+    list.view()->setCurrentIndex(list.model()->index(list.findText(toQt(item)), 0));
+    QTest::keyClick(list.view(), Qt::Key_Return);
+  };
+  verbs["tab"] = [](auto& back, auto&) {
+    QTest::keyClick(focusHolder(), back.empty() ? Qt::Key_Tab : Qt::Key_Backtab);
+  };
+  verbs["menu"] = [this](auto& on, auto&) {
+    const auto& entry = usable<MenuEntry>(on);
+    widget(entry.window()).template findChild<QAction*>(toQt(entry.name()))->trigger();
+  };
+  verbs["shortcut"] = [](auto&, auto&) {
+    QTest::keyClick(focusHolder(), Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+  };
+  verbs["close"] = [this](auto& on, auto&) { widget(usable<Window>(on)).close(); };
+  verbs["activate"] = [this](auto& on, auto&) {
+    constexpr QPoint Title(60, 8);
+    QTest::mouseClick(&widget(usable<Window>(on)), Qt::LeftButton, {}, Title);
+    QCoreApplication::processEvents();
+  };
+}
+
+void QtPlayer::doKey(Key key, int digit) {
+  QTest::keyClick(focusHolder(), static_cast<Qt::Key>(Keys[static_cast<std::size_t>(key)] + digit));
+}
+
+// Qt paints when a timer of five milliseconds has run out.
+void QtPlayer::afterAction() {
+  settle();
+  if (std::exchange(stale_, false)) {
+    QTest::qSleep(6);
+    QCoreApplication::processEvents();
+  }
+  if (forms_)
+    agrees(*forms_);
 }
 
 // --- What the program asks -----------------------------------------------------------------------
 
-void QtPlayer::windowOpened(Window& window) {
-  if (!forms_) {
-    forms_ = &window.forms();
-    qt_.connect(*forms_);
-  }
-  qt_.windowOpened(window);
-}
-
 void QtPlayer::waitModal(Window& window) {
-  const Expected expected = next(window.name());
-  QTimer::singleShot(0, [&] {
-    afterAction();
-    expected.meanwhile ? expected.meanwhile() : void(window.close());
-  });
+  QTimer::singleShot(0, [&] { Player::waitModal(window); });
   qt_.waitModal(window);
   settle();
 }
 
 Answer QtPlayer::messageBox(const MessageBox& box) {
-  const Expected expected = next(box);
   QTimer::singleShot(0, [&] {
-    afterAction();
-    if (expected.meanwhile)
-      expected.meanwhile();
+    const Answer wanted = Player::messageBox(box);
     auto* const shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_TRUE(shown);
     const bool asks = box.style != BoxStyle::Information;
     EXPECT_EQ(shown->buttons().size(), asks ? 2 : 1);
     EXPECT_TRUE(!asks || shown->defaultButton()->text() == QStringLiteral("No"));
-    const QString caption = !asks ? "Aceptar" : expected.answer == Answer::Yes ? "Sí" : "No";
+    const QString caption = !asks ? "Aceptar" : wanted == Answer::Yes ? "Sí" : "No";
     for (QAbstractButton* button : shown->buttons())
       if (button->text() == caption)
         return QTest::mouseClick(button, Qt::LeftButton);
@@ -117,8 +178,6 @@ Answer QtPlayer::messageBox(const MessageBox& box) {
 }
 
 std::optional<std::string> QtPlayer::fileDialog(const FileDialog& dialog) {
-  const Expected expected = next(dialog);
-  const QString path = toQt(expected.path.value_or(""));
   QTimer looking;
   looking.callOnTimeout([&] {
 #ifdef Q_OS_WIN
@@ -129,9 +188,7 @@ std::optional<std::string> QtPlayer::fileDialog(const FileDialog& dialog) {
     EXPECT_FALSE(IsWindowEnabled(GetWindow(shown, GW_OWNER)));
 #endif
     looking.stop();
-    afterAction();
-    if (expected.meanwhile)
-      expected.meanwhile();
+    const QString path = toQt(Player::fileDialog(dialog).value_or(""));
 #ifdef Q_OS_WIN
     SetWindowTextW(name, path.toStdWString().c_str());
     PostMessageW(name, WM_KEYDOWN, path.isEmpty() ? VK_ESCAPE : VK_RETURN, 0);
@@ -156,93 +213,6 @@ QWidget& QtPlayer::widget(const Element& element) {
       return *shown;
   }
   throw std::runtime_error(element.name() + " is not on the screen");
-}
-
-// --- What a person does --------------------------------------------------------------------------
-
-void QtPlayer::press(Element& element, QPoint place) {
-  const QPointer<QWidget> target(&widget(element));
-  QTest::mousePress(target, Qt::LeftButton, {}, place);
-  if (target)
-    QTest::mouseRelease(target, Qt::LeftButton, {}, place);
-}
-
-void QtPlayer::doClick(Element& element) {
-  // A check box answers on its mark alone, which stands at its left.
-  press(element,
-        element.kind() == Kind::CheckBox ? QPoint(6, widget(element).height() / 2) : QPoint());
-}
-
-void QtPlayer::doRightClick(Element& element) {
-  QTest::mouseClick(&widget(element), Qt::RightButton);
-}
-
-void QtPlayer::doClickOn(Picture& picture, float X, float Y) {
-  press(picture, pixelOf(picture, widget(picture), X, Y));
-}
-
-void QtPlayer::doMoveOver(Picture& picture, float X, float Y) {
-  QWidget& shown = widget(picture);
-  const QPointF place = pixelOf(picture, shown, X, Y);
-  QMouseEvent move(QEvent::MouseMove, place, shown.mapToGlobal(place), Qt::NoButton, Qt::NoButton,
-                   Qt::NoModifier);
-  QCoreApplication::sendEvent(&shown, &move);
-}
-
-void QtPlayer::doType(TextBox& element, std::string_view text) {
-  auto* const box = qobject_cast<QLineEdit*>(&widget(element));
-  ASSERT_TRUE(box);
-  box->setFocus();
-  box->selectAll();
-  if (text.empty())
-    QTest::keyClick(box, Qt::Key_Delete);
-  for (const QChar letter : toQt(std::string(text))) {
-    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
-    QCoreApplication::sendEvent(box, &press);
-  }
-}
-
-void QtPlayer::doChoose(DropList& element, int item) {
-  auto* const list = qobject_cast<QComboBox*>(&widget(element));
-  ASSERT_TRUE(list);
-  QTest::mousePress(list, Qt::LeftButton);
-  if (!list->view()->isVisible())
-    return; // the focus was not let go
-  list->view()->setCurrentIndex(list->model()->index(item, 0));
-  QTest::keyClick(list->view(), Qt::Key_Return);
-}
-
-void QtPlayer::doTab(bool forwards) {
-  QTest::keyClick(focusHolder(), forwards ? Qt::Key_Tab : Qt::Key_Backtab);
-}
-
-void QtPlayer::doKey(Key key, int digit) {
-  QTest::keyClick(focusHolder(), static_cast<Qt::Key>(Keys[static_cast<std::size_t>(key)] + digit));
-}
-
-void QtPlayer::doMenu(MenuEntry& entry) {
-  widget(entry.window()).findChild<QAction*>(toQt(entry.name()))->trigger();
-}
-
-void QtPlayer::doShortcut(Button& /*button*/) {
-  QTest::keyClick(focusHolder(), Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
-}
-
-void QtPlayer::doActivate(Window& window) {
-  constexpr QPoint Title(60, 8);
-  QTest::mouseClick(&widget(window), Qt::LeftButton, {}, Title);
-  QCoreApplication::processEvents();
-}
-
-// Qt paints when a timer of five milliseconds has run out.
-void QtPlayer::afterAction() {
-  settle();
-  if (std::exchange(stale_, false)) {
-    QTest::qSleep(6);
-    QCoreApplication::processEvents();
-  }
-  if (forms_)
-    agrees(*forms_);
 }
 
 } // namespace scripted

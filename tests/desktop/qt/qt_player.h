@@ -1,7 +1,6 @@
 // A person at the Qt desktop, offscreen: acts on the widgets that show the elements.
 #pragma once
 
-#include <QPoint>
 #include <QWidget>
 
 #include "desktop/qt/qt_desktop.h"
@@ -20,7 +19,11 @@ public:
   // The widget that shows an element or a window; throws when there is none.
   QWidget& widget(const forms::Element& element);
 
-  void windowOpened(forms::Window& window) override;
+  void windowOpened(forms::Window& window) override {
+    if (!std::exchange(forms_, &window.forms()))
+      qt_.connect(*forms_);
+    qt_.windowOpened(window);
+  }
   void windowClosed(forms::Window& window) override {
     Player::windowClosed(window), qt_.windowClosed(window);
   }
@@ -37,21 +40,8 @@ public:
   }
 
 private:
-  void doClick(forms::Element& element) override;
-  void doRightClick(forms::Element& element) override;
-  void doClickOn(forms::Picture& picture, float X, float Y) override;
-  void doMoveOver(forms::Picture& picture, float X, float Y) override;
-  void doType(forms::TextBox& box, std::string_view text) override;
-  void doChoose(forms::DropList& list, int item) override;
-  void doTab(bool forwards) override;
   void doKey(forms::Key key, int digit) override;
-  void doMenu(forms::MenuEntry& entry) override;
-  void doShortcut(forms::Button& button) override;
-  void doClose(forms::Window& window) override { widget(window).close(); }
-  void doActivate(forms::Window& window) override;
   void afterAction() override;
-
-  void press(forms::Element& element, QPoint place);
 
   forms::qt::QtDesktop qt_;
   bool stale_ = false; // something has changed that may be painted later
