@@ -66,7 +66,8 @@ void same(const Element& element, const char* what, const T& expected, const T& 
 // All that an element says in words, to screen readers too; whether it is ticked, and whether grey.
 void lookAtWords(const Element& element, const QWidget& widget) {
   QStringList expected, seen;
-  QString shown, caption, shownThere, description = text(element.ToolTipText);
+  const QString tip = text(element.ToolTipText), name = text(element.AccessibleName);
+  QString shown, caption, shownThere, description = tip;
   if (const auto* const box = dynamic_cast<const TextBox*>(&element))
     shown = text(box->Text).remove('\r');
   if (const auto* const label = dynamic_cast<const Label*>(&element))
@@ -83,9 +84,7 @@ void lookAtWords(const Element& element, const QWidget& widget) {
   }
   for (const char* property : {"text", "plainText", "currentText"})
     shownThere += widget.property(property).toString();
-  const QString name = text(element.AccessibleName);
-  expected << shown << text(element.ToolTipText) << (name.isEmpty() ? caption : name)
-           << description;
+  expected << shown << tip << (name.isEmpty() ? caption : name) << description;
   seen << shownThere << widget.toolTip() << widget.accessibleName()
        << widget.accessibleDescription();
   same(element, "words", expected, seen);
@@ -96,9 +95,11 @@ void lookAtWords(const Element& element, const QWidget& widget) {
 
 // A lattice of points inside frame and raised edge, where nothing lies in front; a mark for the
 // keyboard may lie over some. Other densities and sizes are painted from other files.
-void lookAtPicture(const Picture& picture, const QWidget& widget, const QImage& screen) {
+void lookAtPicture(const Picture& picture, QWidget& widget, const QImage& screen) {
   static QMap<std::pair<QString, int>, QImage> files; // in so many pixels
   const QString path = text(picture.picturePath());
+  same(picture, "role", picture.Click ? QAccessible::Button : QAccessible::Graphic,
+       QAccessible::queryAccessibleInterface(&widget)->role());
   if (path.isEmpty() || widget.devicePixelRatioF() != 1 || factor != 1)
     return;
   const QPoint corner = picture.Border ? QPoint(1, 1) : QPoint();
@@ -182,11 +183,8 @@ QSize lookAtElements(const Window& window, QWidget& form) {
       needed |= widget->geometry();
     lookAtPlace(*element, *widget);
     lookAtWords(*element, *widget);
-    if (const auto* const picture = dynamic_cast<const Picture*>(element)) {
+    if (const auto* const picture = dynamic_cast<const Picture*>(element))
       lookAtPicture(*picture, *widget, screen);
-      same(*element, "role", picture->Click ? QAccessible::Button : QAccessible::Graphic,
-           QAccessible::queryAccessibleInterface(widget)->role());
-    }
   }
   same<QStringList>(window, "left over", {}, widgets.keys());
   if (const QWidget* const focused = form.window()->focusWidget()) // may be marked
@@ -203,19 +201,18 @@ void lookAtMenu(const Window& window, QList<QAction*> actions) {
     const QAction& action = *actions[i];
     if (!action.isVisible() || action.isSeparator())
       continue;
-    seen << action.objectName() << action.text() << (action.isEnabled() ? "" : "grey");
+    seen << action.objectName() + " " + action.text() + (action.isEnabled() ? "" : " grey");
     actions += action.menu() ? action.menu()->actions() : QList<QAction*>();
   }
   for (const Window* child : window.forms().openWindows())
     if (child->windowKind() == WindowKind::Child)
-      windows << "" << QString("&%1 %2").arg(windows.size() / 3 + 1).arg(text(child->Caption))
-              << "";
+      windows << QString(" &%1 %2").arg(windows.size() + 1).arg(text(child->Caption));
   for (const Element* element : window.elements()) {
     const auto* const entry = dynamic_cast<const MenuEntry*>(element);
     if (!entry || !entry->Visible || (entry->parent && !entry->parent->Visible))
       continue;
     (entry->parent ? below : expected)
-        << text(entry->name()) << text(entry->Caption) << (entry->Enabled ? "" : "grey");
+        << text(entry->name() + " " + entry->Caption.get()) + (entry->Enabled ? "" : " grey");
     listed |= entry->WindowList;
   }
   same(window, "menu", expected + below + (listed ? windows : QStringList()), seen);
@@ -228,9 +225,8 @@ QImage icon(const QIcon& shown) {
 // The size of a maximised frame is the desktop's business; any other window is larger than it says
 // where its own size would cut an element.
 void lookAtWindow(const Window& window, QWidget& widget) {
-  const QString path = text(window.Icon);
   same(window, "title", text(window.Caption), widget.windowTitle());
-  same(window, "icon", icon(QIcon(path)), icon(widget.windowIcon()));
+  same(window, "icon", icon(QIcon(text(window.Icon))), icon(widget.windowIcon()));
   const auto* const bar = widget.findChild<QMenuBar*>();
   lookAtMenu(window, bar ? bar->actions() : QList<QAction*>());
   if (widget.findChild<QMdiArea*>())

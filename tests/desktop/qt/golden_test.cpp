@@ -1,10 +1,8 @@
 // What is painted rather than set: whole windows, held by the pictures in golden/.
 // FALANGES_GOLDEN=write in the environment makes the pictures anew.
 #include <QApplication>
-#include <QComboBox>
 #include <QDateTime>
 #include <QFile>
-#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
@@ -31,17 +29,15 @@ void expectPainted(const char* name, QWidget& shown) {
   const QString file = QString(name) + ".png", golden = QT_TESTCASE_SOURCEDIR "/desktop/qt/golden/";
   EXPECT_TRUE(qgetenv("FALANGES_GOLDEN") != "write" || seen.save(golden + file, nullptr, 0));
   const QImage known(golden + file);
-  QRegion wrong(known.size() == seen.size() ? QRect() : seen.rect());
-  for (int y = 0; wrong.isEmpty() && y < seen.height(); ++y)
-    for (int x = 0; x < seen.width(); ++x) // decoders may differ by a step of the coarse levels
-      if (!isNear(seen.pixel(x, y), known.pixel(x, y), 9))
-        wrong |= QRect(x, y, 1, 1);
-  if (wrong.isEmpty())
+  bool same = known.size() == seen.size();
+  for (int y = 0; y < seen.height(); ++y)
+    for (int x = 0; same && x < seen.width(); ++x) // decoders may differ by a step of the levels
+      same = isNear(seen.pixel(x, y), known.pixel(x, y), 9);
+  if (same)
     return;
   const QString beside = QCoreApplication::applicationDirPath() + "/seen-" + file;
   EXPECT_TRUE(seen.save(beside));
-  ADD_FAILURE() << name << " differs from row " << wrong.boundingRect().top()
-                << "; seen: " << beside.toStdString();
+  ADD_FAILURE() << name << " differs; seen: " << beside.toStdString();
 }
 
 class Golden : public testing::Test {
@@ -100,8 +96,8 @@ TEST_F(Golden, TheFileDialog) {
               game.setFileTime(QDateTime({2005, 3, 9}, {8, 5}), QFileDevice::FileModificationTime));
   player.expectFile("Guardar Juego", std::nullopt, [] {
     QWidget& dialog = *QApplication::activeModalWidget();
-    dialog.findChild<QComboBox*>("lookInCombo")->hide();
-    dialog.findChild<QListView*>("sidebar")->hide();
+    for (const char* part : {"lookInCombo", "sidebar"})
+      dialog.findChild<QWidget*>(part)->hide();
     const auto& files = *dialog.findChild<QTreeView*>();
     EXPECT_TRUE(QTest::qWaitFor([&] { return files.model()->rowCount(files.rootIndex()) == 1; }));
     expectPainted("archivo", dialog);
