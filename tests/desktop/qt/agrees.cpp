@@ -52,12 +52,6 @@ QRect pixels(int left, int top, int width, int height) {
 QRect place(const Element& element) {
   return pixels(element.Left, element.Top, element.Width, element.Height);
 }
-// Without the frame of a picture.
-QRect innerPlace(const Picture& picture) {
-  const int frame = picture.Border ? 15 : 0;
-  return pixels(picture.Left + frame, picture.Top + frame, picture.Width - 2 * frame,
-                picture.Height - 2 * frame);
-}
 
 template <class T>
 void same(const Element& element, const char* what, const T& expected, const T& seen) {
@@ -69,75 +63,60 @@ void same(const Element& element, const char* what, const T& expected, const T& 
                 << both.toStdString();
 }
 
-// All that an element says in words: text or choice, tick, tool tip, name and description for
-// screen readers, whether it is grey, items of a list.
-QStringList words(const Element& element) {
-  const auto* const list = dynamic_cast<const DropList*>(&element);
-  QString shown, name = text(element.AccessibleName);
-  bool ticked = false;
+// All that an element says in words, to screen readers too; whether it is ticked, and whether grey.
+void lookAtWords(const Element& element, const QWidget& widget) {
+  QStringList expected, seen;
+  const QString tip = text(element.ToolTipText), name = text(element.AccessibleName);
+  QString shown, caption, shownThere, description = tip;
   if (const auto* const box = dynamic_cast<const TextBox*>(&element))
     shown = text(box->Text).remove('\r');
-  if (const auto* const box = dynamic_cast<const CheckBox*>(&element))
-    ticked = box->Value != 0;
   if (const auto* const label = dynamic_cast<const Label*>(&element))
-    shown = text(label->Caption);
+    shown = caption = text(label->Caption);
   if (const auto* const button = dynamic_cast<const Button*>(&element))
-    shown = text(button->Caption);
-  if (list)
-    shown = text(list->Text());
-  if (name.isEmpty() && (element.kind() == Kind::Label || element.kind() == Kind::Button))
-    name = shown;
-  const QString tip = text(element.ToolTipText);
-  QStringList all{shown, ticked ? "ticked" : "", tip,
-                  name,  list ? shown : tip,     element.Enabled ? "" : "grey"};
-  for (const std::string& item : list ? list->items() : std::vector<std::string>())
-    all << text(item);
-  return all;
-}
-
-QStringList words(const QWidget& widget) {
-  QString shown;
+    shown = caption = text(button->Caption);
+  if (const auto* const list = dynamic_cast<const DropList*>(&element)) {
+    shown = description = text(list->Text());
+    for (const std::string& item : list->items())
+      expected << text(item);
+    const auto& box = dynamic_cast<const QComboBox&>(widget);
+    for (int i = 0; i < box.count(); ++i)
+      seen << box.itemText(i);
+  }
   for (const char* property : {"text", "plainText", "currentText"})
-    shown += widget.property(property).toString();
-  QStringList all{shown,
-                  widget.property("checked").toBool() ? "ticked" : "",
-                  widget.toolTip(),
-                  widget.accessibleName(),
-                  widget.accessibleDescription(),
-                  widget.isEnabled() ? "" : "grey"};
-  const auto* const list = qobject_cast<const QComboBox*>(&widget);
-  for (int i = 0; list && i < list->count(); ++i)
-    all << list->itemText(i);
-  return all;
-}
-
-// The file in so many pixels.
-const QImage& file(const QString& path, QSize size) {
-  static QMap<std::pair<QString, int>, QImage> known;
-  QImage& image = known[{path, size.width()}];
-  QImageReader reader(path);
-  reader.setDecideFormatFromContent(true);
-  if (image.isNull())
-    image = reader.read().scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  return image;
+    shownThere += widget.property(property).toString();
+  expected << shown << tip << (name.isEmpty() ? caption : name) << description;
+  seen << shownThere << widget.toolTip() << widget.accessibleName()
+       << widget.accessibleDescription();
+  same(element, "words", expected, seen);
+  const auto* const tick = dynamic_cast<const CheckBox*>(&element);
+  same(element, "tick", tick && tick->Value != 0, widget.property("checked").toBool());
+  same(element, "enabled", element.Enabled.get(), widget.isEnabled());
 }
 
 // A lattice of points inside frame and raised edge, where nothing lies in front; a mark for the
 // keyboard may lie over some. Other densities and sizes are painted from other files.
-void lookAtPicture(const Picture& picture, const QWidget& widget, const QImage& screen) {
+void lookAtPicture(const Picture& picture, QWidget& widget, const QImage& screen) {
+  static QMap<std::pair<QString, int>, QImage> files; // in so many pixels
   const QString path = text(picture.picturePath());
-  const QRect inner = innerPlace(picture).translated(-widget.pos());
+  same(picture, "role", picture.Click ? QAccessible::Button : QAccessible::Graphic,
+       QAccessible::queryAccessibleInterface(&widget)->role());
   if (path.isEmpty() || widget.devicePixelRatioF() != 1 || factor != 1)
     return;
+  const QPoint corner = picture.Border ? QPoint(1, 1) : QPoint();
+  QImage& file = files[{path, widget.width()}];
+  QImageReader reader(path);
+  reader.setDecideFormatFromContent(true);
+  if (file.isNull())
+    file = reader.read().scaled(widget.size() - 2 * QSize(corner.x(), corner.y()),
+                                Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   int points = 0, wrong = 0;
-  for (int y = inner.top() + 7; y < inner.bottom() - 7; y += std::max(6, inner.height() / 10))
-    for (int x = inner.left() + 7; x < inner.right() - 7; x += std::max(6, inner.width() / 10)) {
-      const QPoint there = widget.mapTo(widget.window(), QPoint(x, y));
+  for (int y = 7; y < file.height() - 7; y += std::max(6, file.height() / 10))
+    for (int x = 7; x < file.width() - 7; x += std::max(6, file.width() / 10)) {
+      const QPoint there = widget.mapTo(widget.window(), corner + QPoint(x, y));
       if (widget.window()->childAt(there) != &widget)
         continue;
-      const QRgb expected = file(path, inner.size()).pixel(QPoint(x, y) - inner.topLeft());
       ++points;
-      wrong += !isNear(screen.pixel(there), expected, 12);
+      wrong += !isNear(screen.pixel(there), file.pixel(x, y), 12);
     }
   if ((wrong - 2) * 4 > points)
     same(picture, "picture", path, QString("%1 of %2 points differ").arg(wrong).arg(points));
@@ -145,16 +124,14 @@ void lookAtPicture(const Picture& picture, const QWidget& widget, const QImage& 
 
 // The highest rank is in front, and of several the one that was made last.
 const Element& inFrontAt(const Window& window, QPoint point) {
-  const auto rank = [](const Element& element) {
-    const auto* const picture = dynamic_cast<const Picture*>(&element);
-    return picture ? picture->zOrderRank.get() : 0;
-  };
-  const Element* front = nullptr;
-  for (const Element* element : window.elements())
-    if (element->Visible && place(*element).contains(point) &&
-        (!front || rank(*element) >= rank(*front)))
-      front = element;
-  return front ? *front : window;
+  const Element* front = &window;
+  for (int highest = 0; const Element* element : window.elements()) {
+    const auto* const picture = dynamic_cast<const Picture*>(element);
+    const int rank = picture ? picture->zOrderRank.get() : 0;
+    if (element->Visible && rank >= highest && place(*element).contains(point))
+      front = element, highest = rank;
+  }
+  return *front;
 }
 
 // A tick box is drawn at the style's size, in the middle of its element; a small list keeps its
@@ -175,77 +152,70 @@ void lookAtPlace(const Element& element, const QWidget& widget) {
        front ? front->objectName() : "nothing");
 }
 
-// Empty without a cursor.
-QRect cursorPlace(const GridPicture& board) {
-  const int square = board.cursorSquare - 1, columns = board.columns();
-  if (square < 0 || columns == 0 || !board.Visible)
+// Where the keyboard's cursor is marked, if it is.
+QList<QRect> cursorPlace(const GridPicture* board) {
+  if (!board || !board->Visible || board->cursorSquare == 0)
     return {};
-  const int frame = board.Border ? 15 : 0, side = board.side();
-  return pixels(board.Left + frame + square % columns * side,
-                board.Top + frame + square / columns * side, side, side);
+  const int square = board->cursorSquare - 1, columns = board->columns(), side = board->side();
+  return {pixels(board->Left + (board->Border ? 15 : 0) + square % columns * side,
+                 board->Top + (board->Border ? 15 : 0) + square / columns * side, side, side)};
 }
 
 // Looks at all elements of a window; hands back the pixels that they need.
 QSize lookAtElements(const Window& window, QWidget& form) {
   const QImage screen = onScreen(*form.window());
-  QMultiMap<QString, QWidget*> widgets, marks;
+  QMultiMap<QString, QWidget*> widgets;
+  QList<QRect> marks;
   for (QWidget* child : form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
-    if (child->isVisible())
-      (child->testAttribute(Qt::WA_TransparentForMouseEvents) ? marks : widgets)
-          .insert(child->objectName(), child);
-  QRect needed, cursor = window.grid() ? cursorPlace(*window.grid()) : QRect();
+    if (child->isVisible() && child->testAttribute(Qt::WA_TransparentForMouseEvents))
+      marks << child->geometry();
+    else if (child->isVisible())
+      widgets.insert(child->objectName(), child);
+  QRect needed;
   for (const Element* element : window.elements()) {
-    if (element->kind() == Kind::Timer || element->kind() == Kind::MenuEntry)
+    if (!element->Visible || element->kind() == Kind::Timer || element->kind() == Kind::MenuEntry)
       continue;
-    const QList<QWidget*> mine = widgets.values(text(element->name()));
-    same<qsizetype>(*element, "number of widgets", element->Visible ? 1 : 0, mine.size());
-    widgets.remove(text(element->name()));
-    if (!element->Visible || mine.isEmpty())
+    QWidget* const widget = widgets.take(text(element->name()));
+    same(*element, "shown", true, widget != nullptr);
+    if (!widget)
       continue;
-    QWidget& widget = *mine.constFirst();
     if (element->index() < 0) // what comes and goes stretches no window
-      needed |= widget.geometry();
-    lookAtPlace(*element, widget);
-    same(*element, "words", words(*element), words(widget));
-    if (const auto* const picture = dynamic_cast<const Picture*>(element)) {
-      lookAtPicture(*picture, widget, screen);
-      same(*element, "role", picture->Click ? QAccessible::Button : QAccessible::Graphic,
-           QAccessible::queryAccessibleInterface(&widget)->role());
-    }
+      needed |= widget->geometry();
+    lookAtPlace(*element, *widget);
+    lookAtWords(*element, *widget);
+    if (const auto* const picture = dynamic_cast<const Picture*>(element))
+      lookAtPicture(*picture, *widget, screen);
   }
   same<QStringList>(window, "left over", {}, widgets.keys());
-  const QWidget* const focused = form.window()->focusWidget();
-  for (const QWidget* mark : std::as_const(marks))
-    if (mark->geometry() == cursor)
-      cursor = {};
-    else // the focus
-      same(window, "mark", focused ? focused->geometry().adjusted(-3, -3, 3, 3) : QRect(),
-           mark->geometry());
-  same(window, "cursor that is not shown", QRect(), cursor);
+  if (const QWidget* const focused = form.window()->focusWidget()) // may be marked
+    marks.removeOne(focused->geometry().adjusted(-3, -3, 3, 3));
+  same(window, "cursor", cursorPlace(window.grid()), marks);
   return {needed.right() + 1, needed.bottom() + 1};
 }
 
-// The entries below one, or in the menu bar. At the foot of a menu the child windows are listed.
-void lookAtMenu(const Window& window, const MenuEntry* above, const QList<QAction*>& actions) {
-  QStringList expected, seen;
-  for (const QAction* action : actions)
-    if (action->isVisible() && !action->isSeparator())
-      seen << action->objectName() << action->text() << (action->isEnabled() ? "" : "grey");
-  for (const Element* element : window.elements()) {
-    const auto* const wanted = dynamic_cast<const MenuEntry*>(element);
-    if (!wanted || wanted->parent != above || !wanted->Visible)
+// The entries in the menu bar, then those below them. The child windows are listed at the foot.
+void lookAtMenu(const Window& window, QList<QAction*> actions) {
+  QStringList expected, below, windows, seen;
+  bool listed = false;
+  for (qsizetype i = 0; i < actions.size(); ++i) {
+    const QAction& action = *actions[i];
+    if (!action.isVisible() || action.isSeparator())
       continue;
-    expected << text(wanted->name()) << text(wanted->Caption) << (wanted->Enabled ? "" : "grey");
-    for (const QAction* action : actions)
-      if (action->objectName() == text(wanted->name()) && action->menu())
-        lookAtMenu(window, wanted, action->menu()->actions());
+    seen << action.objectName() + " " + action.text() + (action.isEnabled() ? "" : " grey");
+    actions += action.menu() ? action.menu()->actions() : QList<QAction*>();
   }
-  int number = 0;
-  if (above && above->WindowList)
-    for (const Window* child : window.forms().openWindows())
-      if (child->windowKind() == WindowKind::Child)
-        expected << "" << QString("&%1 %2").arg(++number).arg(text(child->Caption)) << "";
-  same(window, above ? above->name().c_str() : "menu bar", expected, seen);
+  for (const Window* child : window.forms().openWindows())
+    if (child->windowKind() == WindowKind::Child)
+      windows << QString(" &%1 %2").arg(windows.size() + 1).arg(text(child->Caption));
+  for (const Element* element : window.elements()) {
+    const auto* const entry = dynamic_cast<const MenuEntry*>(element);
+    if (!entry || !entry->Visible || (entry->parent && !entry->parent->Visible))
+      continue;
+    (entry->parent ? below : expected)
+        << text(entry->name() + " " + entry->Caption.get()) + (entry->Enabled ? "" : " grey");
+    listed |= entry->WindowList;
+  }
+  same(window, "menu", expected + below + (listed ? windows : QStringList()), seen);
 }
 
 QImage icon(const QIcon& shown) {
@@ -255,15 +225,10 @@ QImage icon(const QIcon& shown) {
 // The size of a maximised frame is the desktop's business; any other window is larger than it says
 // where its own size would cut an element.
 void lookAtWindow(const Window& window, QWidget& widget) {
-  static QMap<QString, QImage> icons;
-  const QString path = text(window.Icon);
-  if (!path.isEmpty() && !icons.contains(path))
-    icons[path] = icon(QIcon(path));
   same(window, "title", text(window.Caption), widget.windowTitle());
-  if (icon(widget.windowIcon()) != icons.value(path))
-    same(window, "icon", path, QString("another"));
+  same(window, "icon", icon(QIcon(text(window.Icon))), icon(widget.windowIcon()));
   const auto* const bar = widget.findChild<QMenuBar*>();
-  lookAtMenu(window, nullptr, bar ? bar->actions() : QList<QAction*>());
+  lookAtMenu(window, bar ? bar->actions() : QList<QAction*>());
   if (widget.findChild<QMdiArea*>())
     return; // there is no room for elements
   auto* const form = dynamic_cast<qt::Form*>(widget.findChild<QWidget*>(widget.objectName()));
@@ -294,13 +259,10 @@ void lookAtFocus(const Forms& forms, const Window& active, const QWidget& widget
   if (!holder || !holder->focused())
     return;
   // From an element that has vanished the keys go to the form.
-  const Element* wanted = holder->focused();
-  if (!wanted->isReachable())
-    wanted = holder;
+  const Element* const wanted = holder->focused()->isReachable() ? holder->focused() : holder;
   const QWidget* const focused = QApplication::focusWidget();
-  same(*holder, "focus", QStringList{text(holder->name()), text(wanted->name())},
-       focused ? QStringList{focused->parentWidget()->objectName(), focused->objectName()}
-               : QStringList());
+  same(*holder, "focus", text(holder->name() + " " + wanted->name()),
+       focused ? focused->parentWidget()->objectName() + " " + focused->objectName() : "nowhere");
 }
 
 } // namespace

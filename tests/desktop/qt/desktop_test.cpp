@@ -6,7 +6,6 @@
 #include <QMdiSubWindow>
 #include <QTest>
 #include <QTimer>
-#include <QWheelEvent>
 #include <QWindow>
 #include <gtest/gtest.h>
 
@@ -30,8 +29,11 @@ protected:
     QTest::mouseMove(window(), middle(to));
     QTest::mouseRelease(window(), Qt::LeftButton, {}, middle(to));
   }
-  void doubleClick(const forms::Element& element) {
-    QTest::mouseDClick(window(), Qt::LeftButton, {}, middle(element));
+  // What has happened, once the screen has come to rest.
+  std::string events() {
+    QCoreApplication::processEvents();
+    agrees(program.forms);
+    return log.take();
   }
 
   QtPlayer player;
@@ -43,7 +45,7 @@ protected:
 TEST_F(Desktop, ClicksWhereItIsPressedAndLetGo) {
   one.chk.Width = 195;
   one.pic.MouseMove = [&](float X, float Y) {
-    log.add(std::to_string(static_cast<int>(X)) + "," + std::to_string(static_cast<int>(Y)));
+    log.add(QString("%1,%2").arg(X).arg(Y).toStdString());
   };
   const forms::Element* const elements[] = {&one.pic, &one.lbl, &one.btn, &one.chk};
   for (const auto* from : elements)
@@ -56,7 +58,7 @@ TEST_F(Desktop, ClicksWhereItIsPressedAndLetGo) {
   drag(one.pic, one.lbl);
   EXPECT_EQ(log.take(), "chk_LostFocus 435,180 435,180 txtA_LostFocus pic_Left 435,1080 435,1080");
   for (const auto* element : elements)
-    doubleClick(*element);
+    QTest::mouseDClick(window(), Qt::LeftButton, {}, middle(*element));
   EXPECT_EQ(log.take(), "435,180 435,180 pic_Left 435,180 pic_Click 435,180 pic_Left 435,180 "
                         "pic_Click lbl_Click lbl_Click "
                         "pic_LostFocus btn_Click btn_Click btn_LostFocus chk_Click chk_Click");
@@ -77,13 +79,11 @@ TEST_F(Desktop, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
 
 TEST_F(Desktop, TicksWhileTheTimerRuns) {
   program.frame.tmr.Interval = 20;
-  QTest::qWait(60);
-  program.frame.tmr.Enabled = true;
-  QTest::qWait(110);
-  EXPECT_EQ(log.take().substr(0, 17), "tmr_Tick tmr_Tick");
-  program.frame.tmr.Enabled = false;
-  QTest::qWait(60);
-  EXPECT_EQ(log.take(), "");
+  for (const bool on : {false, true, false}) {
+    program.frame.tmr.Enabled = on;
+    QTest::qWait(110);
+    EXPECT_EQ(log.take().substr(0, 17), on ? "tmr_Tick tmr_Tick" : "");
+  }
 }
 
 TEST_F(Desktop, PutsTheFocusBackThatQtMoves) {
@@ -94,10 +94,8 @@ TEST_F(Desktop, PutsTheFocusBackThatQtMoves) {
     player.widget(behind->btn).setFocus();
     player.widget(behind->btn).activateWindow();
     QCoreApplication::processEvents();
-    QCoreApplication::processEvents();
-    agrees(program.forms);
+    EXPECT_EQ(events(), behind == &one ? "frmPropia_Load txtA_LostFocus" : "");
   }
-  EXPECT_EQ(log.take(), "frmPropia_Load txtA_LostFocus");
 }
 
 // As Ctrl and Tab do.
@@ -105,9 +103,8 @@ TEST_F(Desktop, AsksBeforeAChildThatQtActivatesTakesOver) {
   auto& area = *player.widget(program.frame).findChild<QMdiArea*>();
   const auto activateSecond = [&] {
     area.setActiveSubWindow(dynamic_cast<QMdiSubWindow*>(&player.widget(program.two)));
-    QCoreApplication::processEvents();
-    agrees(program.forms);
-    return log.take() + " " + program.forms.activeChild()->name();
+    const std::string seen = events();
+    return seen + " " + program.forms.activeChild()->name();
   };
   log.on["txtA_LostFocus"] = [&] { EXPECT_TRUE(one.txtA.SetFocus()); };
   EXPECT_EQ(activateSecond(), "txtA_LostFocus frmUno");
@@ -118,59 +115,35 @@ TEST_F(Desktop, AsksBeforeAChildThatQtActivatesTakesOver) {
 TEST_F(Desktop, DoesAScreenReadersWishes) {
   // A refusal puts the focus back.
   log.on["com_LostFocus"] = [&] { EXPECT_TRUE(one.com.SetFocus()); };
-  using Action = QAccessibleActionInterface;
-  const struct {
-    const forms::Element& element;
-    const QString& action;
-    const char* events;
-  } table[] = {
-      {one.txtB, Action::setFocusAction(), "txtA_LostFocus"},
-      {one.pic, Action::pressAction(), "txtB_LostFocus pic_Click"},
-      {one.lbl, Action::pressAction(), "lbl_Click"},
-      {one.chk, Action::toggleAction(), "pic_LostFocus chk_Click"},
-      {one.com, Action::increaseAction(), "chk_LostFocus com_Click"},
-      {one.com, Action::increaseAction(), "com_Click"},
-      {one.com, Action::increaseAction(), ""}, // behind the last
-      {one.com, Action::showMenuAction(), ""},
-      {one.com, Action::decreaseAction(), "com_Click"},
-      {one.txtB, Action::setFocusAction(), "com_LostFocus"},
-  };
-  for (const auto& [element, action, events] : table) {
-    auto* const said = QAccessible::queryAccessibleInterface(&player.widget(element));
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(said->actionInterface()->actionNames().contains(action)) << element.name();
-    said->actionInterface()->doAction(action);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(said->state().expanded, action == Action::showMenuAction());
-    if (said->state().expanded)
-      said->actionInterface()->doAction(action); // once more: closes it
-    QCoreApplication::processEvents();
-    agrees(program.forms);
-    EXPECT_EQ(log.take(), events) << element.name() << " " << action.toStdString();
-  }
-  one.com.LostFocus = {};
-}
-
-TEST_F(Desktop, TurnsNoListByTheWheel) {
-  QWidget& list = player.widget(one.com);
-  QWheelEvent turn({5, 5}, list.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
-                   Qt::NoModifier, Qt::NoScrollPhase, false);
-  QCoreApplication::sendEvent(&list, &turn);
-  EXPECT_EQ(one.com.ListIndex(), -1);
+  for (const char* wish : {"SetFocus", "Press", "Toggle", "Increase", "Decrease", "ShowMenu"})
+    player.verbs[wish] = [this, wish](auto& on, auto&) {
+      auto* const said = QAccessible::queryAccessibleInterface(&player.widget(player.get(on)));
+      QCoreApplication::processEvents();
+      EXPECT_TRUE(said->actionInterface()->actionNames().contains(wish));
+      said->actionInterface()->doAction(wish);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(said->state().expanded, wish == std::string("ShowMenu"));
+      if (said->state().expanded)
+        said->actionInterface()->doAction(wish); // once more: closes it
+    };
+  walk({"SetFocus txtB => txtA_LostFocus", "Press pic => txtB_LostFocus pic_Click",
+        "Press lbl => lbl_Click", "Toggle chk => pic_LostFocus chk_Click",
+        "Increase com => chk_LostFocus com_Click", "Increase com => com_Click",
+        "Increase com => ", // behind the last
+        "ShowMenu com => ", "Decrease com => com_Click", "SetFocus txtB => com_LostFocus"},
+       [&](const std::string& wish) { return player.run(wish), events(); });
 }
 
 TEST_F(Desktop, MovesAChildByItsKeys) {
-  const auto keys = [&](std::initializer_list<Qt::Key> pressed) {
-    for (const Qt::Key key : pressed)
-      QTest::keyClick(&player.widget(one.txtA), key);
-    agrees(program.forms);
+  const auto after = [&](const std::string& keys) {
+    player.run(keys);
     return std::pair(one.Left / 15, one.Top / 15);
   };
-  const auto [left, top] = keys({});
-  for (const Qt::Key end : {Qt::Key_Escape, Qt::Key_Return}) {
+  const auto [left, top] = after("");
+  for (const std::string end : {"Escape", "Enter"}) {
     QTest::keyClick(&player.widget(one.txtA), Qt::Key_F7, Qt::ControlModifier);
-    EXPECT_EQ(keys({Qt::Key_Right, Qt::Key_Down, Qt::Key_Right}), std::pair(left + 20, top + 10));
-    EXPECT_EQ(keys({end, Qt::Key_Up}).first, end == Qt::Key_Escape ? left : left + 20);
+    EXPECT_EQ(after("Right, Down, Right"), std::pair(left + 20, top + 10));
+    EXPECT_EQ(after(end + ", Up").first, end == "Escape" ? left : left + 20);
   }
   EXPECT_EQ(log.take(), "") << "no key is for the element with the focus";
 }

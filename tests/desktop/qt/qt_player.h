@@ -15,6 +15,7 @@ public:
 
   // The program's own loop.
   int run() { return qt_.run(); }
+  using Player::run; // of a script
 
   // The widget that shows an element or a window; throws when there is none.
   QWidget& widget(const forms::Element& element);

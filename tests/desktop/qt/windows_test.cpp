@@ -1,13 +1,10 @@
 // The windows on screens of several densities, in a frame too small for them, and in large type.
 #include <QApplication>
-#include <QComboBox>
 #include <QFontInfo>
-#include <QLabel>
 #include <QMdiArea>
-#include <QPushButton>
 #include <QScreen>
 #include <QTest>
-#include <QWindow>
+#include <QWheelEvent>
 #include <QtMath>
 #include <gtest/gtest.h>
 
@@ -16,21 +13,16 @@
 #include "shell/information_box.h"
 
 using namespace scripted;
-using forms::Key;
 
 namespace {
 
 // Of the environment, while it lives. Qt reads them when the application is made.
-class Variable {
-public:
-  Variable(const char* name, const char* value) : name_(name) { qputenv(name, value); }
-  ~Variable() { qputenv(name_, before_); }
-  Variable(const Variable&) = delete;
-  Variable& operator=(const Variable&) = delete;
+struct Variable {
+  Variable(const char* which, const char* value) : name(which) { qputenv(name, value); }
+  ~Variable() { qputenv(name, before); }
 
-private:
-  const char* name_;
-  const QByteArray before_ = qgetenv(name_);
+  const char* name;
+  QByteArray before = qgetenv(name);
 };
 
 class Windows : public testing::TestWithParam<const char*> {
@@ -53,26 +45,41 @@ protected:
   // Along a row and a column the hint names the square that is seen.
   void expectSquaresWhereSeen() {
     QWidget& board = player.widget(app.nuevoJuego.picTablero);
-    const double ratio = board.devicePixelRatioF();
     const QPoint corner = board.mapTo(board.window(), QPoint()) / 2 * 2; // a whole device pixel
     const QRect part = board.visibleRegion().boundingRect();
     const QImage seen = board.window()->grab(QRect(corner, board.size())).toImage();
-    const auto at = [&](QPoint pixel) { // nothing where two squares meet in one pixel
-      const int row = qRed(seen.pixel(pixel)) + 9, column = qGreen(seen.pixel(pixel)) + 9;
-      const bool one = row % 30 < 19 && column % 30 < 19;
-      return one ? QString("(%1,%2)").arg(row / 30).arg(column / 30) : QString();
-    };
     const int middle = seen.width() * 5 / 16, first = seen.width() / 100 + 1; // none lies outside
     for (int i = first; i < seen.width() - first; ++i)
       for (const QPoint pixel : {QPoint(i, middle), QPoint(middle, i)}) {
-        const QPointF place = board.mapFrom(board.window(), corner + QPointF(pixel) / ratio);
+        const int row = qRed(seen.pixel(pixel)) + 9, column = qGreen(seen.pixel(pixel)) + 9;
+        const QPointF place =
+            board.mapFrom(board.window(), corner + QPointF(pixel) / board.devicePixelRatioF());
+        // Two squares may meet in one pixel, and a small screen shows a part.
+        if (row % 30 > 18 || column % 30 > 18 || !part.contains(place.toPoint()))
+          continue;
         QMouseEvent move(QEvent::MouseMove, place, board.mapToGlobal(place), Qt::NoButton,
                          Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&board, &move);
-        // A small screen shows a part.
-        EXPECT_TRUE(!part.contains(place.toPoint()) || board.toolTip().endsWith(at(pixel)))
+        EXPECT_TRUE(board.toolTip().endsWith(QString("(%1,%2)").arg(row / 30).arg(column / 30)))
             << board.toolTip().toStdString() << " at " << i << " of " << seen.width();
       }
+  }
+  // By so many notches; how wide the board is then.
+  int turnWheel(int notches, const char* over = "picTablero",
+                Qt::KeyboardModifiers held = Qt::ControlModifier) {
+    QWidget& widget = player.widget(player.get(over));
+    QWheelEvent wheel({9, 9}, widget.mapToGlobal(QPoint(9, 9)), {}, {0, notches * 120}, {}, held,
+                      {}, false);
+    QSpontaneKeyEvent::setSpontaneous(&wheel); // or it goes no further than to the widget
+    qApp->notify(&widget, &wheel);
+    return player.widget(app.nuevoJuego.picTablero).width();
+  }
+  // The largest board, in a frame of this size.
+  const QWidget& openBoard(int width, int height) {
+    player.run("menu mnuNuevoJuego, choose comTablero 8x8");
+    player.widget(app.frame).resize(width, height);
+    QCoreApplication::processEvents();
+    return *player.widget(app.frame).findChild<QMdiArea*>()->viewport();
   }
   // With the control key, in the frame.
   void press(Qt::Key key) { QTest::keyClick(&player.widget(app.frame), key, Qt::ControlModifier); }
@@ -85,9 +92,7 @@ protected:
 
 TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
   paintBoard();
-  player.menu(app.frame.mnuNuevoJuego);
-  player.choose(app.nuevoJuego.comTablero, 3);
-  player.widget(app.frame).resize(2300, 2300);
+  openBoard(2300, 2300);
   for (int step = 0; step < 7; ++step)
     press(Qt::Key_Plus);
   for (int step = 0; step < 18; ++step, press(Qt::Key_Minus))
@@ -99,58 +104,43 @@ TEST_P(Windows, FitABoardIntoItsFrame) {
   QWidget& frame = player.widget(app.frame);
   if (qApp->platformName() != "offscreen" && frame.screen()->geometry().height() < 1000)
     GTEST_SKIP() << "the screen is too small";
-  const QWidget& area = *frame.findChild<QMdiArea*>()->viewport();
-  player.menu(app.frame.mnuNuevoJuego);
-  player.choose(app.nuevoJuego.comTablero, 3);
-  QWidget* window = &player.widget(app.nuevoJuego);
-  window->move(100, 100); // it comes back into the frame
+  const QWidget& area = openBoard(700, 700);
+  QWidget& window = player.widget(app.nuevoJuego);
+  window.move(100, 100); // it comes back into the frame
   for (const auto& [width, height] : {std::pair(720, 760), {800, 660}, {400, 400}, {900, 900}}) {
     frame.resize(width, height);
-    player.key(Key::Up); // and everything is where the elements say
-    EXPECT_TRUE(area.rect().contains(window->geometry())) << width << " x " << height;
-    const QSize larger = window->size() + QSize(722, 688) / 20;
-    EXPECT_TRUE(window->width() == 722 || !area.rect().contains(QRect({}, larger)));
+    player.run("Up"); // and everything is where the elements say
+    EXPECT_TRUE(area.rect().contains(window.geometry())) << width << " x " << height;
+    const QSize larger = window.size() + QSize(722, 688) / 20;
+    EXPECT_TRUE(window.width() == 722 || !area.rect().contains(QRect({}, larger)));
   }
-  const auto turn = [&](int notches) {
-    QWidget& board = player.widget(app.nuevoJuego.picTablero);
-    QWheelEvent wheel({9, 9}, board.mapToGlobal(QPoint(9, 9)), {}, {0, notches * 120}, {},
-                      Qt::ControlModifier, {}, false);
-    QSpontaneKeyEvent::setSpontaneous(&wheel); // or it goes no further than to the board
-    qApp->notify(&board, &wheel);
-    return player.widget(app.nuevoJuego.picTablero).width();
-  };
-  EXPECT_EQ(turn(-2), 569); // 90 %
-  EXPECT_EQ(turn(6), 1106); // 175 %
+  EXPECT_EQ(turnWheel(-2), 569); // 90 %
+  EXPECT_EQ(turnWheel(6), 1106); // 175 %
   frame.resize(700, 600);
-  EXPECT_EQ(turn(-1), 948);
-  player.closeWindow(app.nuevoJuego);
-  player.menu(app.frame.mnuNuevoJuego);
-  EXPECT_EQ(turn(0), 594);                     // of the smallest board
-  player.key(Key::Up), player.key(Key::Right); // scrolls
+  EXPECT_EQ(turnWheel(-1), 948);
+  EXPECT_EQ(turnWheel(1, "comTablero", {}), 948) << "on the way past a list";
+  player.run("close frmNuevoJuego, menu mnuNuevoJuego");
+  EXPECT_EQ(turnWheel(0), 594); // of the smallest board
+  player.run("Up, Right");      // scrolls
   press(Qt::Key_0);
-  EXPECT_EQ(turn(0), 396);
+  EXPECT_EQ(turnWheel(0), 396);
   EXPECT_EQ(player.widget(app.nuevoJuego).pos(), QPoint());
 }
 
 TEST_P(Windows, ScrollToWhatTheKeyboardIsOn) {
-  player.menu(app.frame.mnuNuevoJuego);
-  player.choose(app.nuevoJuego.comTablero, 3);
-  QWidget& frame = player.widget(app.frame);
-  frame.resize(300, 250);
-  QCoreApplication::processEvents();
-  const QWidget& area = *frame.findChild<QMdiArea*>()->viewport();
+  const QWidget& area = openBoard(300, 250);
   const QWidget& board = player.widget(app.nuevoJuego.picTablero);
   const auto seen = [&](const QWidget& shown, QPoint place) {
     return area.rect().contains(shown.mapTo(&area, place));
   };
-  for (const Key way : {Key::Up, Key::Right, Key::Down, Key::Left})
+  for (const char* way : {"Up", "Right", "Down", "Left"})
     for (int i = 0; i < 8; ++i) {
-      player.key(way);
+      player.run(way);
       const int n = app.nuevoJuego.picTablero.cursorSquare;
       const QPoint middle((n - 1) % 8 * 2 + 1, (n - 1) / 8 * 2 + 1);
       EXPECT_TRUE(n > 0 && seen(board, middle * board.width() / 16)) << n;
     }
-  player.key(Key::Right), player.tab();
+  player.run("Right, tab");
   EXPECT_TRUE(seen(player.widget(app.nuevoJuego.comTablero), {}));
 }
 
@@ -161,15 +151,14 @@ void expectTextsWhole() {
   // What has changed its text since the layout came to rest may still wait for its place.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   for (const QWidget* shown : QApplication::allWidgets()) {
-    const auto* const label = qobject_cast<const QLabel*>(shown);
     const QString text =
         shown->property("text").toString() + shown->property("currentText").toString();
     if (!shown->isVisible() || shown->isWindow() || text.isEmpty())
       continue;
-    QSize needed = shown->fontMetrics().size(Qt::TextShowMnemonic, text);
-    if (label && label->wordWrap())
-      needed = {0, label->heightForWidth(label->width())};
-    EXPECT_EQ(needed.boundedTo(shown->contentsRect().size()), needed) << text.toStdString();
+    const QRect room = shown->contentsRect();
+    const int how = shown->property("wordWrap").toBool() ? Qt::TextWordWrap : Qt::TextShowMnemonic;
+    const QRect needed = shown->fontMetrics().boundingRect(room, how, text);
+    EXPECT_EQ(room | needed, room) << text.toStdString();
     EXPECT_TRUE(shown->parentWidget()->rect().contains(shown->geometry())) << text.toStdString();
   }
 }
@@ -179,7 +168,7 @@ void expectTextsWhole() {
 class WindowsInWideLetters : Variable, public Windows {
 protected:
   WindowsInWideLetters()
-      : Variable("FONTCONFIG_FILE", QT_TESTCASE_SOURCEDIR "/desktop/qt/golden/one-font.conf") {
+      : Variable{"FONTCONFIG_FILE", QT_TESTCASE_SOURCEDIR "/desktop/qt/golden/one-font.conf"} {
     enlarge(1.5);
     onBox = expectTextsWhole;
   }
@@ -193,16 +182,14 @@ protected:
 INSTANTIATE_TEST_SUITE_P(AtScale, WindowsInWideLetters, testing::Values("1"));
 
 TEST_P(WindowsInWideLetters, CutNoText) {
+  player.verbs["look"] = [](auto&, auto&) { expectTextsWhole(); };
   for (const double larger : {4.0 / 3, 1.0}) {
-    player.menu(app.frame.mnuOpciones);
-    expectTextsWhole();
+    player.run("menu mnuOpciones, look");
     const QFontInfo drawn(player.widget(app.opciones.lblBandera).font());
     EXPECT_TRUE(drawn.family() == "Liberation Sans" || drawn.family() == "Arial");
     const std::string text = "Lo que aquí es bastante más largo que el lugar que hay";
     app.opciones.lblBandera.Caption = app.opciones.btnCargarJuegoRed.Caption = text;
-    expectTextsWhole();
-    player.menu(app.frame.mnuNuevoJuego);
-    expectTextsWhole();
+    player.run("look, menu mnuNuevoJuego, look");
     app.enJuego.open();
     app.enJuego.lblJ1_Estado.Caption = text;
     for (int step = 0; step < 11; ++step, press(Qt::Key_Minus)) // down to 50 %
