@@ -71,8 +71,9 @@ TEST_F(Desktop, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
   };
   EXPECT_TRUE(one.picUnidad.Load(1));
   one.picUnidad(1)->Top = one.pic.Top.get();
-  one.picUnidad(1)->ZOrder(); // in front of the picture
   one.picUnidad(1)->Visible = true;
+  one.pic.ZOrder(), events(); // the one that was made first is in front
+  one.picUnidad(1)->ZOrder();
   drag(*one.picUnidad(1), one.pic);
   EXPECT_EQ(log.take(), "txtA_LostFocus");
 }
