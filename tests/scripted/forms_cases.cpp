@@ -92,7 +92,7 @@ TEST_F(FormsCases, TheProgramsOwnActionsRaiseEventsToo) {
   frame.tmr.Enabled = true;
   player->tick(2);
   EXPECT_TRUE(one.com.SetFocus() && one.com.SetFocus());
-  player->menu(frame.mnuHoja);
+  player->run("menu Hoja");
   EXPECT_EQ(seen(), "tmr_Tick tmr_Tick txtA_LostFocus mnuHoja_Click @com");
 }
 
@@ -105,7 +105,7 @@ TEST_F(FormsCases, AWindowThatClosesBehindABoxOfItsOwnHandlerOpensAsItWasMade) {
     one.open();
   };
   log.on["frmUno_Load"] = [&] { one.open(); }; // opening already
-  player->click(one.btn);
+  player->run("click btn");
   EXPECT_EQ(seen(), "chk_Click txtA_LostFocus btn_Click frmUno_QueryUnload frmUno_Unload "
                     "txtB_Change frmUno_Load txtA_LostFocus frmDos_Deactivate @txtA");
   EXPECT_TRUE(one.chk.Value == 0 && one.txtB.Text.get().empty() && one.com.items().size() == 2);
@@ -141,8 +141,7 @@ TEST_F(FormsCases, WhatAPersonCannotReachHearsNothing) {
   player->expectBox("frmPropia", Answer::Ok, [&] {
     onAll();
     player->tick();
-    player->click(own.btn);
-    player->closeWindow(own);
+    player->run("click Propia.btn, close Propia");
   });
   own.showModal();
   EXPECT_EQ(log.take(), "frmPropia_Load tmr_Tick txtA_LostFocus btn_Click frmPropia_QueryUnload "

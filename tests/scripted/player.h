@@ -67,13 +67,8 @@ public:
   }
   // Steps of their own.
   void click(const Element& element) { run("click " + nameOf(element)); }
-  void choose(const DropList& list, int item) {
-    run("choose " + nameOf(list) + " " + list.items()[static_cast<std::size_t>(item)]);
-  }
-  void tab() { run("tab"); }
   // Any other key; `digit` with Key::Digit.
   void key(Key key, int digit = 0) { doKey(key, digit), afterAction(); }
-  void menu(const MenuEntry& entry) { run("menu " + nameOf(entry)); }
   // Asks the window to close; true when it has.
   bool closeWindow(const Window& window) {
     run("close " + nameOf(window));

@@ -7,7 +7,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
-#include <gtest/gtest.h>
 
 #include "desktop/qt/agrees.h"
 #include "desktop/qt/qt_player.h"

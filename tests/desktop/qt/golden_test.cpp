@@ -7,7 +7,6 @@
 #include <QMenuBar>
 #include <QTest>
 #include <QTreeView>
-#include <gtest/gtest.h>
 
 #include "desktop/qt/agrees.h"
 #include "desktop/qt/qt_player.h"

@@ -6,7 +6,6 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <QtMath>
-#include <gtest/gtest.h>
 
 #include "desktop/qt/qt_player.h"
 #include "shell/app.h"
@@ -197,7 +196,7 @@ TEST_P(WindowsInWideLetters, CutNoText) {
     app.enJuego.close();
     app.nuevoJuego.close();
     player.expectFile("Cargar Juego", std::nullopt, expectTextsWhole);
-    player.menu(app.frame.mnuCargarJuego);
+    player.run("menu mnuCargarJuego");
     enlarge(larger);
   }
 }
