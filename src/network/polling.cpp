@@ -153,7 +153,7 @@ void Polling::poll() {
 // What was checked is what is loaded: one look serves the whole poll.
 void Polling::seen(const FileLook& look) {
   const GameReading read = readingOf(look);
-  if (read.game.resultMarker) {
+  if (read.game.resultLine) {
     readTwice(look);
     return;
   }
@@ -293,7 +293,7 @@ void Polling::refresh(const GameText& game) {
 }
 
 void Polling::defeat(const GameText& game) {
-  const std::string digit = game.resultMarker->substr(1);
+  const std::string digit = game.resultLine->substr(1);
   refresh(game);
   if (digit == "1")
     enJuego_.showStatus("Victoria", "Derrota");

@@ -74,24 +74,24 @@ void judgeWholeness(std::string_view text, const std::vector<std::string_view>& 
   const bool plain = text.find_first_of(",\"") == std::string_view::npos && text.ends_with('\n');
   if (!plain || count < 2)
     return;
-  const bool marked = !boardSide(static_cast<int>(count) - 1);
-  const std::size_t records = count - (marked ? 2 : 1);
+  const bool hasResult = !boardSide(static_cast<int>(count) - 1);
+  const std::size_t records = count - (hasResult ? 2 : 1);
   if (!boardSide(static_cast<int>(records)))
     return;
-  if (marked && items.back().size() != 2)
+  if (hasResult && items.back().size() != 2)
     return;
   for (std::size_t n = 0; n < records; ++n)
     if (game.lines[n].fields != Fields.size())
       return;
-  // With 7 in turn neither player would ever be. Two characters are a result marker.
+  // With 7 in turn neither player would ever be. Two characters are a result line.
   const std::string_view closing = items[records];
-  const bool marker =
+  const bool result =
       closing.size() == 2 && closing.find_first_not_of("0123456789") == std::string_view::npos;
-  if (closing != "0" && closing != "1" && closing != "2" && !marker)
+  if (closing != "0" && closing != "1" && closing != "2" && !result)
     return;
   game.whole = true;
   if (items.back().size() == 2)
-    game.resultMarker = std::string(items.back());
+    game.resultLine = std::string(items.back());
 }
 
 } // namespace
@@ -167,7 +167,7 @@ std::string gameText(const Principal& principal, int JugadorActual) {
   return text + std::to_string(JugadorActual) + "\r\n";
 }
 
-std::string resultMarkerLine(const Principal& principal) {
+std::string resultLine(const Principal& principal) {
   return "1" + std::to_string(principal.JugadorRed) + "\r\n";
 }
 

@@ -24,8 +24,8 @@ struct GameText {
   std::vector<GameLine> lines;               // line n speaks of square n
   std::optional<std::uint8_t> JugadorActual; // of the last line, if it holds no ";"
   // A last line of two characters in a whole game: a network game has ended ("11", "12").
-  std::optional<std::string> resultMarker;
-  // 25, 36, 49 or 64 complete records, a closing line, perhaps a result marker, every line with
+  std::optional<std::string> resultLine;
+  // 25, 36, 49 or 64 complete records, a closing line, perhaps a result line, every line with
   // its end and nothing else: no torn piece of a file passes that.
   bool whole = false;
 };
@@ -60,6 +60,6 @@ void takeGame(const GameText& game, Principal& principal, std::uint8_t& JugadorA
 // The text of a saved game: squares 1 to NumCasillas, then the player in turn.
 std::string gameText(const Principal& principal, int JugadorActual);
 // The line that the winner of a network game puts behind the final position.
-std::string resultMarkerLine(const Principal& principal);
+std::string resultLine(const Principal& principal);
 
 } // namespace falanges

@@ -222,7 +222,7 @@ void frmEnJuego::closeWonGame(Victory victory, int CasillaOrigen, int CasillaDes
     offerRetry();
 }
 
-// False when the final position or the result marker could not be written.
+// False when the final position or the result line could not be written.
 bool frmEnJuego::publishVictory(int CasillaOrigen, int CasillaDestino) {
   applyMove(principal_, CasillaOrigen, CasillaDestino);
   if (JugadorActual == 1)
@@ -233,8 +233,8 @@ bool frmEnJuego::publishVictory(int CasillaOrigen, int CasillaDestino) {
   const bool saved = mainWindow_.mnuGuardarJuego_Click();
   principal_.JuegoEnRed = false;
   mainWindow_.runTimer(false);
-  // A marker may stand only behind a complete position.
-  return saved && forms::appendTextFile(principal_.ArchivoRed, resultMarkerLine(principal_));
+  // The result may stand only behind a complete position.
+  return saved && forms::appendTextFile(principal_.ArchivoRed, resultLine(principal_));
 }
 
 // The other player waits for this file: the winner may repeat both writes until they succeed.
@@ -243,7 +243,7 @@ void frmEnJuego::offerRetry() {
       "No se puede guardar el archivo:\r\n" + principal_.ArchivoRed + "\r\n¿Reintentar?";
   while (forms().messageBox(question, forms::BoxStyle::InformationYesNo) == forms::Answer::Yes) {
     if (forms::writeTextFile(principal_.ArchivoRed, gameText(principal_, JugadorActual)) &&
-        forms::appendTextFile(principal_.ArchivoRed, resultMarkerLine(principal_)))
+        forms::appendTextFile(principal_.ArchivoRed, resultLine(principal_)))
       return;
   }
 }

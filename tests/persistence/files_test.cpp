@@ -77,7 +77,7 @@ TEST(GameText, NoBeginningOfAWholeOnePassesForWhole) {
   for (std::size_t length = 0; length <= text.size(); ++length) {
     const GameText read = parseGame(text.substr(0, length)).game;
     EXPECT_EQ(read.whole, length == text.size() - 4 || length == text.size());
-    EXPECT_EQ(read.resultMarker.has_value(), length == text.size());
+    EXPECT_EQ(read.resultLine.has_value(), length == text.size());
   }
 }
 
