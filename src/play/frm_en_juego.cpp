@@ -7,6 +7,7 @@
 #include "persistence/game_file.h"
 #include "play/move.h"
 #include "play/reach.h"
+#include "play/victory_text.h"
 
 namespace falanges {
 

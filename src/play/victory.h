@@ -1,7 +1,5 @@
-// Whether a move wins the game, and in which words.
+// Whether a move wins the game, and how.
 #pragma once
-
-#include <string>
 
 #include "model/principal.h"
 
@@ -12,8 +10,5 @@ enum class Victory { None, Flag, AllFlags, Elimination };
 // Looks at the board as it stands before JugadorActual's unit takes CasillaDestino: what is being
 // taken is still counted among the enemy's.
 Victory victoryOfMove(const Principal& principal, int JugadorActual, int CasillaDestino);
-
-// The winner's box for one of the three ways of winning.
-std::string victoryText(Victory victory, int JugadorActual);
 
 } // namespace falanges
