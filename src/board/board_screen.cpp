@@ -21,7 +21,7 @@ BoardScreen::BoardScreen(forms::Forms& forms, Principal& principal, MainWindow& 
   picTablero.nameOfEmptySquare = [this](int n) { return emptySquareDescription(principal_, n); };
   picUnidad.pattern.Width = UnitSide;
   picUnidad.pattern.Height = UnitSide;
-  picUnidad.pattern.BackColor = White;
+  picUnidad.pattern.BackColor = UnitGround;
   picUnidad.MouseMove = [this](int Index) { showHint(*picUnidad(Index), Index); };
 }
 

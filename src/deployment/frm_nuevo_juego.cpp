@@ -18,7 +18,7 @@ frmNuevoJuego::frmNuevoJuego(forms::Forms& forms, Principal& principal, MainWind
                                                                             {picGEN, GEN, 3800},
                                                                             {picBAN, BAN, 4880}}} {
   Caption = "Nuevo Juego";
-  BackColor = forms::Color{0, 192, 0};
+  BackColor = DeploymentGround;
   picTablero.Click = [this] { picTablero_Click(); };
   picUnidad.MouseDown = [this](int Index, forms::MouseButton button) {
     picUnidad_MouseDown(Index, button);
@@ -63,7 +63,7 @@ void frmNuevoJuego::makeButtons() {
   btnIniciar.Caption = "Iniciar";
   btnIniciar.place(120, 5880, 930, 375);
   btnIniciar.TextFont.bold = true;
-  btnIniciar.BackColor = ButtonGreen;
+  btnIniciar.BackColor = ButtonGround;
   btnIniciar.Click = [this] { btnIniciar_Click(); };
 }
 

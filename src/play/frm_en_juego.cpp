@@ -28,21 +28,19 @@ void makeLabel(forms::Label& label, const char* caption, int top, int width, for
 
 frmEnJuego::frmEnJuego(forms::Forms& forms, Principal& principal, MainWindow& mainWindow)
     : BoardScreen(forms, principal, mainWindow, "frmEnJuego") {
-  BackColor = PaleGreen;
+  BackColor = PlayGround;
   picUnidad.Click = [this](int Index) { picUnidad_Click(Index); };
   picMovimientoPermitido.pattern.Width = MarkerSide;
   picMovimientoPermitido.pattern.Height = MarkerSide;
-  picMovimientoPermitido.pattern.BackColor = PaleBlue;
+  picMovimientoPermitido.pattern.BackColor = MarkerColor;
   picMovimientoPermitido.Click = [this](int Index) { picMovimientoPermitido_Click(Index); };
   picMovimientoPermitido.MouseMove = [this](int Index) {
     showHint(*picMovimientoPermitido(Index), Index);
   };
-  constexpr forms::Color Blue{0, 0, 255};
-  constexpr forms::Color Red{255, 0, 0};
-  makeLabel(lblJ1, "Jugador 1", 240, 1065, Blue);
-  makeLabel(lblJ1_Estado, "En Turno", 960, 1125, Blue);
-  makeLabel(lblJ2, "Jugador 2", 2040, 1065, Red);
-  makeLabel(lblJ2_Estado, "En Espera", 2760, 1125, Red);
+  makeLabel(lblJ1, "Jugador 1", 240, 1065, Player1Text);
+  makeLabel(lblJ1_Estado, "En Turno", 960, 1125, Player1Text);
+  makeLabel(lblJ2, "Jugador 2", 2040, 1065, Player2Text);
+  makeLabel(lblJ2_Estado, "En Espera", 2760, 1125, Player2Text);
   lblJ1_Estado.Announced = lblJ2_Estado.Announced = true;
   made();
 }

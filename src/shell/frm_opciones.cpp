@@ -23,7 +23,7 @@ struct Place {
 frmOpciones::frmOpciones(forms::Forms& forms, Principal& principal)
     : Window(forms, forms::WindowKind::Child, "frmOpciones"), principal_(principal) {
   Caption = "Opciones de Configuración";
-  BackColor = PaleBlue;
+  BackColor = OptionsGround;
   ClientWidth = 4275;
   ClientHeight = 3390;
   PlacedByDesktop = true;
@@ -60,9 +60,9 @@ void frmOpciones::makeElements() {
   txtMovPorTurno.Text = std::string("1");
   txtTiempoRed.MaxLength = 3;
   txtMovPorTurno.MaxLength = 3;
-  chkPermitirBanderas.BackColor = White;
-  chkLimiteFilas.BackColor = White;
-  btnCargarJuegoRed.BackColor = ButtonGreen;
+  chkPermitirBanderas.BackColor = CheckBoxGround;
+  chkLimiteFilas.BackColor = CheckBoxGround;
+  btnCargarJuegoRed.BackColor = ButtonGround;
   chkPermitirBanderas.AccessibleName = lblBandera.Caption;
   chkLimiteFilas.AccessibleName = lblLimiteFilas.Caption;
   txtTiempoRed.AccessibleName = lblActualizacion.Caption;

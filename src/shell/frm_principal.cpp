@@ -32,7 +32,7 @@ std::string proposedNameAt(const char* stem, const forms::DateTime& time) {
 frmPrincipal::frmPrincipal(forms::Forms& forms, Principal& principal)
     : Window(forms, forms::WindowKind::Frame, "frmPrincipal"), principal_(principal) {
   Caption = "Vornath - Falanges Z - Tomar El Estandarte";
-  BackColor = PaleGreen;
+  BackColor = FrameGround;
   Maximized = true;
   makeMenu();
   tmrRed.Interval = 1000;
