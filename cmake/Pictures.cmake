@@ -77,7 +77,8 @@ function(render_pictures target output_folder)
   set(pictures "")
 
   # A board's side is its number of squares times 78 2/3 pixels, rounded up.
-  foreach(squares 5 6 7 8)
+  # From SmallestBoard to LargestBoard in src/model/principal.h.
+  foreach(squares RANGE 5 8)
     set(name ${squares}x${squares})
     math(EXPR BOARD_PIXELS "(${squares} * 236 + 2) / 3")
     set(board ${CMAKE_CURRENT_BINARY_DIR}/pictures/${name}.svg)

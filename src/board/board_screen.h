@@ -9,6 +9,9 @@
 
 namespace falanges {
 
+// Every square may carry a unit.
+static_assert(forms::PictureArray::Last == TablaCasillas::Last);
+
 class BoardScreen : public forms::Window {
 public:
   forms::GridPicture picTablero{*this, "picTablero"};

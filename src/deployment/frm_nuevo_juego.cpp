@@ -74,11 +74,11 @@ void frmNuevoJuego::Form_Load() {
   mainWindow_.showMenu(AppState::Deployment);
   principal_.TUnidadSeleccionada = 0;
   placeElements();
-  chooseBoard(5);
+  chooseBoard(SmallestBoard);
   for (const PaletteEntry& entry : palette_)
     passOver(entry.picture.LoadPicture(unitPicture(entry.type, 1)));
-  for (const char* board : {"5x5", "6x6", "7x7", "8x8"})
-    comTablero.AddItem(board);
+  for (int side = SmallestBoard; side <= LargestBoard; ++side)
+    comTablero.AddItem(boardName(side));
   passOver(comTablero.select(0)); // counts as a choice of board and runs comTablero_Click
   btnEliminarUnidades_Click();
 }
@@ -112,7 +112,7 @@ void frmNuevoJuego::layOut(const GameText& game) {
 // --- Board choice ------------------------------------------------------------------------------
 
 void frmNuevoJuego::comTablero_Click() {
-  chooseBoard(5 + comTablero.ListIndex());
+  chooseBoard(SmallestBoard + comTablero.ListIndex());
   // The list gives up the focus here, and its LostFocus takes the units' pictures off. While the
   // screen is being opened the focus cannot move yet.
   passOver(picTablero.SetFocus());

@@ -7,17 +7,21 @@
 namespace falanges {
 
 std::optional<int> boardSide(int squares) {
-  for (int side = 5; side <= 8; ++side)
+  for (int side = SmallestBoard; side <= LargestBoard; ++side)
     if (side * side == squares)
       return side;
   return std::nullopt;
 }
 
-std::string boardPicture(int side) {
-  if (side < 5 || side > 8)
-    return {};
+std::string boardName(int side) {
   const std::string digits = std::to_string(side);
-  return "\\img\\" + digits + "x" + digits + ".jpg";
+  return digits + "x" + digits;
+}
+
+std::string boardPicture(int side) {
+  if (side < SmallestBoard || side > LargestBoard)
+    return {};
+  return "\\img\\" + boardName(side) + ".jpg";
 }
 
 int boardElementSide(const Principal& principal) {

@@ -28,8 +28,10 @@ struct PointedSquare {
 
 // The side N of a board with this many squares; nothing when no board has that many.
 std::optional<int> boardSide(int squares);
+// "5x5".
+std::string boardName(int side);
 // Literal of the board picture's path below the program folder, such as "\img\5x5.jpg"; empty for
-// a side outside 5 to 8.
+// a side that no board has.
 std::string boardPicture(int side);
 // Side of the board element, frame included, that shows a grid of this side: whole pixels, in
 // twips. What stands in for the size of a picture that cannot be loaded.

@@ -8,6 +8,10 @@
 
 namespace falanges {
 
+// The boards there are, by their side in squares. cmake/Pictures.cmake draws one for each.
+constexpr int SmallestBoard = 5;
+constexpr int LargestBoard = 8;
+
 // Codes of the unit types; their order is that of the files.
 enum TipoUnidad : std::uint8_t { NINGUNA = 0, BAN = 1, INF = 2, CAB = 3, ELE = 4, GEN = 5 };
 
@@ -23,10 +27,11 @@ struct Casilla {
   bool operator==(const Casilla&) const = default;
 };
 
-// The board: squares 1 to 64. A number outside is a fault of the program and ends it.
+// The board: squares 1 to 64, as many as the largest one has. A number outside is a fault of the
+// program and ends it.
 class TablaCasillas {
 public:
-  static constexpr int Last = 64;
+  static constexpr int Last = LargestBoard * LargestBoard;
   Casilla& operator()(int n) { return squares_.at(static_cast<std::size_t>(n - 1)); }
   const Casilla& operator()(int n) const { return squares_.at(static_cast<std::size_t>(n - 1)); }
   bool operator==(const TablaCasillas&) const = default;
@@ -39,7 +44,7 @@ private:
 // process. Options are the texts "0" and "1", tested as text.
 struct Principal {
   std::string TextoVolcado;             // the field dump on its way to frmMsgBox
-  std::uint8_t NumColumnas = 0;         // 5 to 8; 0 until a board exists
+  std::uint8_t NumColumnas = 0;         // SmallestBoard to LargestBoard; 0 until a board exists
   std::uint8_t NumFilas = 0;            // always equal to NumColumnas
   std::uint8_t NumCasillas = 0;         // squares in play: records above are outside the game
   std::int16_t LadoCasilla = 0;         // side of a square, twips

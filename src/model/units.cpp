@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "model/geometry.h"
+
 namespace falanges {
 
 namespace {
@@ -57,8 +59,7 @@ std::string emptySquareDescription(const Principal& principal, int n) {
 std::string boardDescription(const Principal& principal) {
   if (principal.NumColumnas == 0)
     return "Tablero"; // a file without a board was opened
-  const std::string side = std::to_string(principal.NumColumnas);
-  return "Tablero " + side + "x" + side;
+  return "Tablero " + boardName(principal.NumColumnas);
 }
 
 } // namespace falanges

@@ -71,10 +71,8 @@ void frmEnJuego::placeWindow() {
 void frmEnJuego::drawUnits() {
   for (int i = 1; i <= principal_.NumCasillas; ++i) {
     const Casilla& square = principal_.Casillas(i);
-    if (square.Jugador == 0)
-      continue;
-    passOver(picUnidad.Load(i));
-    showUnit(i, square, square.PosXTwips, square.PosYTwips);
+    if (square.Jugador != 0 && picUnidad.Load(i))
+      showUnit(i, square, square.PosXTwips, square.PosYTwips);
   }
 }
 
