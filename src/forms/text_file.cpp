@@ -1,9 +1,11 @@
 #include "forms/text_file.h"
 
 #include <algorithm>
-#include <cerrno>
+#include <chrono>
 #include <filesystem>
-#include <fstream>
+#include <thread>
+
+#include "forms/system_file.h"
 
 namespace forms {
 
@@ -15,29 +17,86 @@ fs::path toPath(const std::string& utf8) {
   return fs::path(std::u8string(utf8.begin(), utf8.end()));
 }
 
-enum class Written { Whole, Failed, NotAllowed };
+// A larger file is no game of ours, and nothing to keep in memory.
+constexpr std::size_t LargestKept = 16 * 1024 * 1024;
 
-Written put(const fs::path& path, const std::string& text, std::ios::openmode mode) {
-  std::ofstream file;
-  // Unbuffered, so that the text reaches the system whole, in one call.
-  file.rdbuf()->pubsetbuf(nullptr, 0);
-  errno = 0;
-  file.open(path, mode | std::ios::out | std::ios::binary);
-  if (!file)
-    return errno == EACCES || errno == EPERM ? Written::NotAllowed : Written::Failed;
-  file.write(text.data(), static_cast<std::streamsize>(text.size()));
-  file.close();
-  return file.fail() ? Written::Failed : Written::Whole;
+// What a virus scanner or a cloud client holds for a moment is asked for again, for half a second.
+template <class Attempt> Outcome patiently(Attempt attempt) {
+  constexpr int MostAttempts = 10;
+  constexpr std::chrono::milliseconds Pause{50};
+  Outcome outcome = attempt();
+  for (int attempts = 1; outcome == Outcome::Held && attempts < MostAttempts; ++attempts) {
+    std::this_thread::sleep_for(Pause);
+    outcome = attempt();
+  }
+  return outcome;
 }
 
-// A name beside the target that no file has.
-fs::path temporaryBeside(const fs::path& target) {
-  for (int i = 0;; ++i) {
-    fs::path candidate = target.parent_path() / ("falanges-" + std::to_string(i) + ".tmp");
-    std::error_code ignored;
-    if (!fs::exists(fs::symlink_status(candidate, ignored)) || i == 999)
-      return candidate;
+// Opens a file beside the target under a name that no file has. Two copies of the program that save
+// at the same time get one each.
+Outcome openTemporary(SystemFile& file, const fs::path& target, fs::path& name) {
+  constexpr int MostNames = 1000;
+  Outcome outcome = Outcome::Taken;
+  for (int i = 0; outcome == Outcome::Taken && i < MostNames; ++i) {
+    name = target.parent_path() / ("falanges-" + std::to_string(i) + ".tmp");
+    outcome = file.open(name, Opening::New);
   }
+  return outcome;
+}
+
+// NotAllowed where no other file may take the target's name; the target is then as it was.
+Outcome putInPlaceOf(const fs::path& target, const std::string& text, Sync sync) {
+  SystemFile earlier;
+  const Outcome found = patiently([&] { return earlier.open(target, Opening::ToChange); });
+  // A new name would pass over the write protection of the earlier file.
+  if (found != Outcome::Done && found != Outcome::Missing)
+    return Outcome::Failed;
+
+  SystemFile temporary;
+  fs::path name;
+  Outcome outcome = openTemporary(temporary, target, name);
+  if (outcome != Outcome::Done)
+    return outcome;
+  if (earlier.isOpen())
+    temporary.takeRightsOf(earlier);
+  const bool written = temporary.fill(text) && (sync == Sync::No || temporary.sync());
+  // Windows renames no open file, and none over an open one.
+  earlier.close();
+  outcome = Outcome::Failed;
+  if (temporary.close() && written)
+    outcome = patiently([&] { return takeName(name, target); });
+  if (outcome != Outcome::Done) {
+    std::error_code ignored;
+    fs::remove(name, ignored);
+  } else if (sync == Sync::Yes && !syncName(target)) {
+    outcome = Outcome::Failed;
+  }
+  return outcome;
+}
+
+// For a folder that takes no new name. What does not go in whole is undone: the earlier text still
+// has its place on the disk, for the file is cut only behind a text that stands.
+bool writeOver(const fs::path& target, const std::string& text, Sync sync) {
+  SystemFile file;
+  if (patiently([&] { return file.open(target, Opening::ToChange); }) != Outcome::Done)
+    return false;
+  const auto earlier = file.read(LargestKept + 1);
+  if (!earlier || earlier->size() > LargestKept)
+    return false;
+  const auto put = [&](const std::string& content) {
+    return file.fill(content) && (sync == Sync::No || file.sync());
+  };
+  if (put(text))
+    return true;
+  put(*earlier);
+  return false;
+}
+
+// Opens the file, or makes it, changes it and waits for the disk. False on failure.
+template <class Change> bool changeInPlace(const fs::path& path, Change change) {
+  SystemFile file;
+  return file.open(path, Opening::ToWrite) == Outcome::Done && change(file) && file.sync() &&
+         file.close() && syncName(path);
 }
 
 } // namespace
@@ -49,20 +108,10 @@ std::string programPath(const std::string& programFolder, std::string_view liter
 }
 
 std::optional<std::string> readTextFile(const std::string& path, std::size_t limit) {
-  const fs::path file = toPath(path);
-  std::error_code error;
-  // A folder opens like a file on some systems, and a pipe would wait for ever.
-  if (!fs::is_regular_file(file, error))
+  SystemFile file;
+  if (file.open(toPath(path), Opening::ToRead) != Outcome::Done)
     return std::nullopt;
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream)
-    return std::nullopt;
-  std::string text(limit, '\0');
-  stream.read(text.data(), static_cast<std::streamsize>(limit));
-  if (stream.bad() || (stream.fail() && !stream.eof()))
-    return std::nullopt;
-  text.resize(static_cast<std::size_t>(stream.gcount()));
-  return text;
+  return file.read(limit);
 }
 
 bool isMissing(const std::string& path) {
@@ -73,44 +122,22 @@ bool isMissing(const std::string& path) {
 }
 
 bool writeTextFile(const std::string& path, const std::string& text) {
-  return put(toPath(path), text, std::ios::trunc) == Written::Whole;
+  return changeInPlace(toPath(path),
+                       [&](SystemFile& file) { return file.empty() && file.fill(text); });
 }
 
 bool appendTextFile(const std::string& path, const std::string& text) {
-  return put(toPath(path), text, std::ios::app) == Written::Whole;
+  return changeInPlace(toPath(path), [&](SystemFile& file) { return file.append(text); });
 }
 
-bool replaceTextFile(const std::string& path, const std::string& text) {
-  std::error_code error;
-  fs::path target = toPath(path);
-  // Through a link the file it names is replaced, not the link. No other path may be made
-  // canonical: that would take one of the two separators from the path of a Windows share.
-  if (fs::is_symlink(target, error))
-    if (const fs::path real = fs::canonical(target, error); !error)
-      target = real;
-  const fs::file_status before = fs::status(target, error);
-  if (fs::exists(before)) {
-    if (!fs::is_regular_file(before))
-      return writeTextFile(path, text);
-    // A rename would pass over the write protection of the earlier file.
-    if (put(target, {}, std::ios::app) != Written::Whole)
-      return false;
-  }
-
-  const fs::path temporary = temporaryBeside(target);
-  const Written written = put(temporary, text, std::ios::trunc);
-  if (written == Written::Whole) {
-    if (fs::exists(before))
-      fs::permissions(temporary, before.permissions(), error);
-    fs::rename(temporary, target, error);
-    if (!error)
-      return true;
-  }
-  // A full disk must not cost the earlier file; only a folder that takes no new name is written
-  // past.
-  std::error_code ignored;
-  fs::remove(temporary, ignored);
-  return written != Written::Failed && writeTextFile(path, text);
+bool replaceTextFile(const std::string& path, const std::string& text, Sync sync) {
+  // Through a link the file it names is replaced, not the link; where it names none, that file is
+  // made.
+  const auto target = throughLinks(toPath(path));
+  if (!target)
+    return false;
+  const Outcome outcome = putInPlaceOf(*target, text, sync);
+  return outcome == Outcome::NotAllowed ? writeOver(*target, text, sync) : outcome == Outcome::Done;
 }
 
 bool makeFolder(const std::string& path) {

@@ -75,9 +75,11 @@ void readConfiguration(Principal& principal, const std::string& path) {
 
 bool writeConfiguration(const Principal& principal, const std::string& path,
                         std::string_view seconds, std::string_view moves) {
-  return forms::replaceTextFile(path, principal.OpcPermitirBanderas + ";" +
-                                          principal.OpcLimiteFilas + ";" + singleByte(seconds) +
-                                          ";" + singleByte(moves) + ";\r\n");
+  // At each key that is pressed: no waiting for the disk, a lost option is no lost game.
+  return forms::replaceTextFile(path,
+                                principal.OpcPermitirBanderas + ";" + principal.OpcLimiteFilas +
+                                    ";" + singleByte(seconds) + ";" + singleByte(moves) + ";\r\n",
+                                forms::Sync::No);
 }
 
 bool writeConfiguration(const Principal& principal, const std::string& path) {

@@ -1,4 +1,4 @@
-// Text files where POSIX decides: permissions, links, a full disk.
+// Text files where POSIX decides: permissions, links, a full disk, pipes, what the disk is told.
 #include "forms/text_file.h"
 
 #include <csignal>
@@ -6,6 +6,8 @@
 #include <sys/fsuid.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -16,6 +18,24 @@ namespace {
 
 using namespace forms;
 namespace fs = std::filesystem;
+
+std::vector<std::string> diskCalls;
+
+} // namespace
+
+// These take the place of the C library's in this program, and note what the disk was told.
+int fsync(int file) {
+  const std::string link = "/proc/self/fd/" + std::to_string(file);
+  diskCalls.push_back("sync " + fs::read_symlink(link).filename().string());
+  return static_cast<int>(syscall(SYS_fsync, file));
+}
+
+int rename(const char* from, const char* to) noexcept {
+  diskCalls.push_back("rename to " + fs::path(to).filename().string());
+  return static_cast<int>(syscall(SYS_rename, from, to));
+}
+
+namespace {
 
 class TextFilePosixTest : public testing::Test {
 protected:
@@ -32,33 +52,84 @@ TEST_F(TextFilePosixTest, AReplacementKeepsPermissionsAndLinks) {
   EXPECT_TRUE(replaceTextFile(link, "otro") && fs::is_symlink(link));
   EXPECT_EQ(readTextFile(path, 100), "otro");
   EXPECT_EQ(fs::status(path).permissions(), fs::perms(0640));
+  fs::remove(path);
+  EXPECT_TRUE(replaceTextFile(link, "nuevo") && fs::is_symlink(link)) << "it named no file";
+  EXPECT_EQ(readTextFile(path, 100), "nuevo");
   EXPECT_EQ(folder.entries(), 2);
 }
 
+TEST_F(TextFilePosixTest, WhatIsSaidToBeDoneIsOnTheDiskWithItsName) {
+  const std::string own = "sync juego número 1.txt",
+                    itsFolder = "sync " + fs::path(folder.path()).filename().string();
+  diskCalls.clear();
+  EXPECT_TRUE(replaceTextFile(path, "otro"));
+  EXPECT_EQ(diskCalls, (std::vector<std::string>{"sync falanges-0.tmp",
+                                                 "rename to juego número 1.txt", itsFolder}));
+  diskCalls.clear();
+  EXPECT_TRUE(writeTextFile(path, "uno") && appendTextFile(path, "dos"));
+  EXPECT_EQ(diskCalls, (std::vector<std::string>{own, itsFolder, own, itsFolder}));
+}
+
+TEST_F(TextFilePosixTest, NothingWaitsForAPipeOrTakesADeviceForAFile) {
+  const std::string pipe = folder.file("tubería");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0666), 0);
+  for (const std::string& odd : {pipe, std::string("/dev/null"), folder.path()}) {
+    EXPECT_EQ(readTextFile(odd, 100), std::nullopt) << odd;
+    EXPECT_FALSE(writeTextFile(odd, "x") || appendTextFile(odd, "x") || replaceTextFile(odd, "x"))
+        << odd;
+  }
+  EXPECT_TRUE(fs::is_fifo(pipe) && fs::is_character_file("/dev/null"));
+}
+
+// No file may grow beyond so many bytes: what a full disk looks like to the writer.
+class FullDisk {
+public:
+  FullDisk() {
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit full{10, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+  }
+  ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+
+private:
+  rlimit before_{};
+};
+
+// A person without rights to the folder, though the tests may run as root.
+class Stranger {
+public:
+  Stranger() { setfsuid(65534); }
+  ~Stranger() {
+    setfsuid(geteuid());
+    prctl(PR_SET_DUMPABLE, 1); // or the leak check could not look into this process any more
+  }
+};
+
+const std::string Large(5000, 'x');
+
 TEST_F(TextFilePosixTest, AFullDiskCostsNoEarlierFile) {
-  // No file may grow beyond so many bytes: what a full disk looks like to the writer.
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before{};
-  getrlimit(RLIMIT_FSIZE, &before);
-  const rlimit full{10, before.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &full);
-  const std::string large(5000, 'x');
-  EXPECT_FALSE(replaceTextFile(path, large) || writeTextFile(folder.file("directo"), large));
-  setrlimit(RLIMIT_FSIZE, &before);
+  {
+    const FullDisk full;
+    EXPECT_FALSE(replaceTextFile(path, Large) || writeTextFile(folder.file("directo"), Large));
+  }
   EXPECT_EQ(readTextFile(path, 100), "partida");
   EXPECT_EQ(folder.entries(), 2);
 }
 
-TEST_F(TextFilePosixTest, AProtectedFileStaysAndAFolderThatTakesNoNewNameIsWrittenPast) {
+TEST_F(TextFilePosixTest, AFolderThatTakesNoNewNameIsWrittenPastAndAProtectedFileStays) {
   const std::string common = folder.file("común");
   ASSERT_TRUE(writeTextFile(common, "partida"));
   fs::permissions(path, fs::perms(0444));
   fs::permissions(common, fs::perms(0666));
-  setfsuid(65534); // a stranger to the folder, if root: permissions count for root too
-  EXPECT_TRUE(!replaceTextFile(path, "x") && replaceTextFile(common, "x"));
-  setfsuid(geteuid());
-  prctl(PR_SET_DUMPABLE, 1); // or the leak check could not look into this process any more
-  EXPECT_EQ(readTextFile(path, 100).value() + readTextFile(common, 100).value(), "partidax");
+  {
+    const Stranger stranger;
+    EXPECT_TRUE(!replaceTextFile(path, "x") && replaceTextFile(common, "x"));
+    const FullDisk full;
+    EXPECT_FALSE(replaceTextFile(common, Large));
+  }
+  EXPECT_EQ(readTextFile(path, 100), "partida");
+  EXPECT_EQ(readTextFile(common, 100), "x") << "put back";
 }
 
 } // namespace

@@ -18,21 +18,28 @@ TEST(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
   const auto bytes = [&] { return readTextFile(path, 10000).value_or("-"); };
   // What others may do meanwhile, and what can be read then.
   const std::pair<DWORD, const char*> table[] = {
-      {0, "-"}, {FILE_SHARE_READ, "partida"}, {FILE_SHARE_READ | FILE_SHARE_WRITE, "dos+"}};
+      {0, "-"}, {FILE_SHARE_READ, "partida"}, {FILE_SHARE_READ | FILE_SHARE_WRITE, "uno+"}};
   for (const auto& [sharing, read] : table) {
     ASSERT_TRUE(writeTextFile(path, "partida"));
     const HANDLE held = CreateFileW(scripted::toPath(path).c_str(), GENERIC_READ, sharing, nullptr,
                                     OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(held, INVALID_HANDLE_VALUE);
-    // It may be written, but not change its name: in place.
     const bool may = (sharing & FILE_SHARE_WRITE) != 0;
     EXPECT_EQ(writeTextFile(path, "uno"), may);
-    EXPECT_EQ(replaceTextFile(path, "dos"), may);
+    // No other may have its name, and it is not risked.
+    EXPECT_FALSE(replaceTextFile(path, "dos"));
     EXPECT_EQ(appendTextFile(path, "+"), may);
     EXPECT_EQ(bytes(), read);
     CloseHandle(held);
     EXPECT_EQ(bytes(), may ? read : "partida");
     EXPECT_EQ(folder.entries(), 1);
+  }
+}
+
+TEST(TextFileWindowsTest, ADeviceIsNoFile) {
+  for (const char* device : {R"(\\.\NUL)", R"(\\.\CON)"}) {
+    EXPECT_EQ(readTextFile(device, 100), std::nullopt) << device;
+    EXPECT_FALSE(writeTextFile(device, "x") || replaceTextFile(device, "x")) << device;
   }
 }
 
