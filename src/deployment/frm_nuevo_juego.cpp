@@ -32,7 +32,6 @@ frmNuevoJuego::frmNuevoJuego(forms::Forms& forms, Principal& principal, MainWind
   comTablero.LostFocus = [this] { btnEliminarUnidades_Click(); };
   makePalette();
   makeButtons();
-  made();
 }
 
 void frmNuevoJuego::makePalette() {

@@ -54,7 +54,6 @@ private:
   void Form_Unload() override;
   bool Form_KeyDown(forms::Key key, int digit) override;
 
-  void makeElements();
   void makePalette();
   void makeButtons();
   void placeElements();

@@ -1,28 +1,24 @@
 #include "forms/element.h"
 
-#include <algorithm>
-
 #include "forms/forms.h"
 
 namespace forms {
 
-PropertyBase::PropertyBase(Element& owner) : owner_(owner), next_(owner.properties_) {
-  owner.properties_ = this;
-}
+PropertyBase::PropertyBase(Element& owner) : owner_(owner), next_(owner.enter(*this)) {}
 
 void PropertyBase::tellOwner() {
-  owner_.tellDesktop();
+  owner_.changed(*this);
 }
 
-Element::Element(Kind kind, Window* window, std::string_view name, int index)
+Element::Element(Kind kind, Window& window, std::string_view name, int index)
     : kind_(kind), window_(window), name_(name), index_(index) {
-  if (window_)
-    window_->elements_.push_back(this);
+  if (kind_ != Kind::Window)
+    window_.enter(*this);
 }
 
 Element::~Element() {
-  if (window_)
-    std::erase(window_->elements_, this);
+  if (kind_ != Kind::Window)
+    window_.leave(*this);
 }
 
 std::string Element::name() const {
@@ -30,10 +26,6 @@ std::string Element::name() const {
   if (index_ >= 0)
     text += "(" + std::to_string(index_) + ")";
   return text;
-}
-
-Window& Element::window() const {
-  return *window_;
 }
 
 void Element::place(int left, int top, int width, int height) {
@@ -48,32 +40,33 @@ void Element::moveTo(int left, int top) {
 }
 
 bool Element::SetFocus() {
-  return window().forms().takeFocus(*this);
+  return window_.forms().focus().take(*this);
 }
 
-bool Element::takesFocus() const {
-  return kind_ == Kind::Picture || kind_ == Kind::TextBox || kind_ == Kind::CheckBox ||
-         kind_ == Kind::DropList || kind_ == Kind::Button;
+bool Element::press(MouseButton button) {
+  return window_.forms().focus().activate(window_) &&
+         (button != MouseButton::Left || !takesFocus() || SetFocus());
 }
 
 bool Element::isReachable() const {
-  return window().isOpen() && Visible && Enabled;
+  return window_.isOpen() && Visible && Enabled;
 }
 
-void Element::restoreAsMade() {
+void Element::startAnew(bool firstTime) {
   for (PropertyBase* p = properties_; p; p = p->next())
-    p->restoreAsMade();
+    if (firstTime)
+      p->keepAsMade();
+    else
+      p->restoreAsMade();
 }
 
-void Element::keepAsMade() {
-  for (PropertyBase* p = properties_; p; p = p->next())
-    p->keepAsMade();
+void Element::changed(const PropertyBase& /*property*/) {
+  tellDesktop();
 }
 
 void Element::tellDesktop() {
-  Window& owner = window();
-  if (owner.isOpen())
-    owner.forms().desktop().changed(*this);
+  if (window_.isOpen())
+    window_.forms().desktop().changed(*this);
 }
 
 } // namespace forms

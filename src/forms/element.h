@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "forms/input.h"
 #include "forms/property.h"
 
 namespace forms {
@@ -17,6 +18,14 @@ constexpr int TwipsPerPixel = 15; // at 96 dpi
 
 // A failure that the caller knows of and passes over, said by name.
 inline void passOver(bool /*worked*/) {}
+
+// Runs an event's handler. It may destroy the element that holds it: what runs is a copy.
+template <class Handler, class... Arguments>
+void raise(const Handler& handler, Arguments... arguments) {
+  const Handler running = handler;
+  if (running)
+    running(arguments...);
+}
 
 enum class Kind { Window, Picture, Label, TextBox, CheckBox, DropList, Button, MenuEntry, Timer };
 
@@ -39,9 +48,9 @@ struct Font {
 // handler may close its own window and go on.
 class Element {
 public:
-  // `index` is 0 or above for the elements of an array. Only a Window has no window to stand on.
-  // The name must outlive the element: a literal.
-  Element(Kind kind, Window* window, std::string_view name, int index = -1);
+  // `index` is 0 or above for the elements of an array. A Window is its own window. The name must
+  // outlive the element: a literal.
+  Element(Kind kind, Window& window, std::string_view name, int index = -1);
   virtual ~Element();
   Element(const Element&) = delete;
   Element& operator=(const Element&) = delete;
@@ -51,7 +60,7 @@ public:
   std::string name() const;
   std::string_view arrayName() const { return name_; }
   int index() const { return index_; }
-  Window& window() const;
+  Window& window() const { return window_; }
 
   // Place and size, twips.
   void place(int left, int top, int width, int height);
@@ -63,18 +72,29 @@ public:
   bool SetFocus();
 
   // True for the kinds that a click or the Tab key gives the focus to.
-  bool takesFocus() const;
+  virtual bool takesFocus() const { return false; }
   // True when a person can see and use the element now.
   bool isReachable() const;
 
-  // The element as it was made: every property goes back, no event is raised.
-  virtual void restoreAsMade();
-  void keepAsMade();
+  // What a press of a mouse button does, by whatever means. False: the action ends here, as the
+  // focus was not let go.
+  virtual bool press(MouseButton button);
+  // What a click does beyond the focus.
+  virtual void click() {}
+  // What assistive technology says; empty: the caption.
+  virtual std::string spokenName() const { return AccessibleName; }
+
+  // The window opens. At its first time the properties say how the element is made; later they go
+  // back to that, and no event is raised.
+  virtual void startAnew(bool firstTime);
+
+  // A new property enters itself; back comes the one before it in the chain.
+  PropertyBase* enter(PropertyBase& property) { return std::exchange(properties_, &property); }
+  // The property has another value. Tells the desktop, while the window is on the screen.
+  virtual void changed(const PropertyBase& property);
 
 private:
-  friend class PropertyBase;
-  friend class Window;                 // which is its own window
-  PropertyBase* properties_ = nullptr; // before the properties, which enter themselves here
+  PropertyBase* properties_ = nullptr; // before the properties
 
 public:
   // Twips inside the parent; of a window: its outer frame.
@@ -85,7 +105,6 @@ public:
   Property<bool> Visible{*this, true};
   Property<bool> Enabled{*this, true};
   Property<std::string> ToolTipText{*this, {}};
-  // What assistive technology says; empty: the caption.
   Property<std::string> AccessibleName{*this, {}};
 
   // Looks and order that never change once the window is made.
@@ -98,12 +117,11 @@ public:
   std::function<void()> LostFocus;
 
 protected:
-  // Tells the desktop, while the window is on the screen.
   void tellDesktop();
 
 private:
   Kind kind_;
-  Window* window_;
+  Window& window_;
   std::string_view name_;
   int index_;
 };

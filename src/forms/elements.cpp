@@ -4,13 +4,14 @@
 
 namespace forms {
 
-TextBox::TextBox(Window& window, std::string_view name) : Element(Kind::TextBox, &window, name) {
-  Text.raised = [this] {
-    if (std::string held = fitting(Text.get()); held != Text.get())
-      Text = std::move(held);
-    else if (Change)
-      Change();
-  };
+void TextBox::changed(const PropertyBase& property) {
+  Element::changed(property);
+  if (&property != &Text)
+    return;
+  if (std::string held = fitting(Text); held != Text.get())
+    Text = std::move(held);
+  else
+    raise(Change);
 }
 
 std::string TextBox::fitting(const std::string& text) const {
@@ -21,11 +22,10 @@ std::string TextBox::fitting(const std::string& text) const {
   return text.substr(0, end);
 }
 
-CheckBox::CheckBox(Window& window, std::string_view name) : Element(Kind::CheckBox, &window, name) {
-  Value.raised = [this] {
-    if (Click)
-      Click();
-  };
+void CheckBox::changed(const PropertyBase& property) {
+  Element::changed(property);
+  if (&property == &Value)
+    raise(Click);
 }
 
 void DropList::AddItem(std::string item) {
@@ -38,8 +38,7 @@ bool DropList::select(int index) {
     return false;
   listIndex_ = index;
   tellDesktop();
-  if (Click)
-    Click();
+  raise(Click);
   return true;
 }
 
@@ -52,14 +51,10 @@ bool DropList::setText(const std::string& text) {
   return found != items_.end() && select(static_cast<int>(found - items_.begin()));
 }
 
-void DropList::restoreAsMade() {
-  Element::restoreAsMade();
+void DropList::startAnew(bool firstTime) {
+  Element::startAnew(firstTime);
   items_.clear();
   listIndex_ = -1;
-}
-
-Timer::Timer(Window& window, std::string_view name) : Element(Kind::Timer, &window, name) {
-  Enabled = false;
 }
 
 } // namespace forms

@@ -13,7 +13,8 @@ namespace forms {
 // A text on the window. A click on it takes no focus.
 class Label : public Element {
 public:
-  Label(Window& window, std::string_view name) : Element(Kind::Label, &window, name) {}
+  Label(Window& window, std::string_view name) : Element(Kind::Label, window, name) {}
+  void click() override { raise(Click); }
   Property<std::string> Caption{*this, {}};
   bool Announced = false; // a screen reader says each new AccessibleName, wherever the focus is
   std::function<void()> Click;
@@ -22,9 +23,13 @@ public:
 // One or more lines of text. Assigning another text raises Change, as a person's typing does.
 class TextBox : public Element {
 public:
-  TextBox(Window& window, std::string_view name);
+  TextBox(Window& window, std::string_view name) : Element(Kind::TextBox, window, name) {}
+  bool takesFocus() const override { return true; }
+  // Each button does something here: the right one opens its menu, the middle one pastes.
+  bool press(MouseButton /*button*/) override { return Element::press(MouseButton::Left); }
   // As much of the text as the box holds.
   std::string fitting(const std::string& text) const;
+  void changed(const PropertyBase& property) override;
   Property<std::string> Text{*this, {}};
   int MaxLength = 0; // characters, of an assigned text too; 0: no bound
   bool MultiLine = false;
@@ -35,7 +40,10 @@ public:
 // A box without a caption. Assigning another value raises Click, as a person's click does.
 class CheckBox : public Element {
 public:
-  CheckBox(Window& window, std::string_view name);
+  CheckBox(Window& window, std::string_view name) : Element(Kind::CheckBox, window, name) {}
+  bool takesFocus() const override { return true; }
+  void click() override { Value = Value == 0 ? 1 : 0; }
+  void changed(const PropertyBase& property) override;
   Property<int> Value{*this, 0}; // 0 or 1
   std::function<void()> Click;
 };
@@ -44,7 +52,8 @@ public:
 // already: for a person's choice always, for an assignment by the program likewise.
 class DropList : public Element {
 public:
-  DropList(Window& window, std::string_view name) : Element(Kind::DropList, &window, name) {}
+  DropList(Window& window, std::string_view name) : Element(Kind::DropList, window, name) {}
+  bool takesFocus() const override { return true; }
 
   void AddItem(std::string item);
   const std::vector<std::string>& items() const { return items_; }
@@ -56,7 +65,7 @@ public:
   // Selects the item with this text; false, and nothing happens, when there is none.
   [[nodiscard]] bool setText(const std::string& text);
 
-  void restoreAsMade() override;
+  void startAnew(bool firstTime) override;
   std::function<void()> Click;
 
 private:
@@ -66,7 +75,9 @@ private:
 
 class Button : public Element {
 public:
-  Button(Window& window, std::string_view name) : Element(Kind::Button, &window, name) {}
+  Button(Window& window, std::string_view name) : Element(Kind::Button, window, name) {}
+  bool takesFocus() const override { return true; }
+  void click() override { raise(Click); }
   Property<std::string> Caption{*this, {}};
   // A key such as "Ctrl+Shift+D" that runs Click even while the button is hidden; for developers.
   std::string Shortcut;
@@ -77,7 +88,8 @@ public:
 class MenuEntry : public Element {
 public:
   MenuEntry(Window& window, std::string_view name, MenuEntry* above = nullptr)
-      : Element(Kind::MenuEntry, &window, name), parent(above) {}
+      : Element(Kind::MenuEntry, window, name), parent(above) {}
+  void click() override { raise(Click); }
   Property<std::string> Caption{*this, {}};
   MenuEntry* const parent;
   bool WindowList = false; // shows the captions of the open child windows at its foot
@@ -87,7 +99,9 @@ public:
 // Raises Tick once in each interval while it is enabled; made stopped.
 class Timer : public Element {
 public:
-  Timer(Window& window, std::string_view name);
+  Timer(Window& window, std::string_view name) : Element(Kind::Timer, window, name) {
+    Enabled = false;
+  }
   Property<int> Interval{*this, 1000}; // milliseconds
   std::function<void()> Tick;
 };

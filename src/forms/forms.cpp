@@ -10,7 +10,7 @@ namespace forms {
 // The outermost scope ends an event; what waits for that runs then.
 class Forms::EventScope {
 public:
-  // A move of the pointer changes nothing that the cursor stands on, and comes too often to look.
+  // A move of the pointer changes nothing that a cursor stands on, and comes too often to look.
   enum Cause { Action, Pointer };
   explicit EventScope(Forms& forms, Cause cause = Action) : forms_(forms), cause_(cause) {
     ++forms_.events_;
@@ -18,7 +18,9 @@ public:
   ~EventScope() {
     if (forms_.events_ == 1) {
       if (cause_ == Action)
-        forms_.describeCursors();
+        for (const Window* window : forms_.openWindows())
+          if (window->grid())
+            window->grid()->tellCursor();
       if (forms_.afterEvent)
         forms_.afterEvent();
     }
@@ -46,14 +48,6 @@ private:
   int& count_;
 };
 
-// A handler may destroy the element that holds it: what runs is a copy.
-template <class Handler, class... Arguments>
-void raise(const Handler& handler, Arguments... arguments) {
-  const Handler running = handler;
-  if (running)
-    running(arguments...);
-}
-
 } // namespace
 
 // --- What the program asks ---------------------------------------------------------------------
@@ -76,10 +70,6 @@ std::optional<std::string> Forms::fileDialog(const FileDialog& dialog) {
   return path;
 }
 
-Window* Forms::activeChild() const {
-  return children_.empty() ? nullptr : children_.back();
-}
-
 void Forms::startUp(Window& frame) {
   const EventScope event(*this);
   frame.open();
@@ -99,155 +89,31 @@ std::optional<Forms::PictureFile> Forms::findPicture(std::string_view literal,
   return std::nullopt;
 }
 
-// --- Windows -----------------------------------------------------------------------------------
-
-Element* Forms::firstInTabOrder(Window& window, bool (*fits)(Element&)) {
-  Element* first = nullptr;
-  for (Element* element : window.elements()) {
-    if (element->TabIndex < 0 || !element->takesFocus() || !element->isReachable() ||
-        !fits(*element))
-      continue;
-    if (!first || element->TabIndex < first->TabIndex)
-      first = element;
-  }
-  return first;
-}
-
-void Forms::windowOpened(Window& window) {
-  open_.push_back(&window);
-  window.focused_ = firstInTabOrder(window, [](Element&) { return true; });
-  desktop_.windowOpened(window);
-  if (window.windowKind() == WindowKind::Child) {
-    passOver(activate(window));
-  } else if (window.focused_) {
-    desktop_.focusAsked(*window.focused_);
-  }
-}
-
-void Forms::windowClosed(Window& window) {
-  std::erase(open_, &window);
-  const bool wasActive = activeChild() == &window;
-  std::erase(children_, &window);
-  desktop_.windowClosed(window);
-  // The child that was active before takes over. Nothing was left by a person's choice here, so
-  // no event of departure is raised.
-  if (Window* next = activeChild(); wasActive && next) {
-    desktop_.focusAsked(*next);
-    if (next->focused_)
-      desktop_.focusAsked(*next->focused_);
-  }
-}
-
-bool Forms::activate(Window& child) {
-  if (child.windowKind() != WindowKind::Child || activeChild() == &child)
-    return true;
-  Window* const left = activeChild();
-  std::erase(children_, &child);
-  children_.push_back(&child);
-  if (left && leaving_ == 0) {
-    const Counted leaving(leaving_);
-    if (left->focused_)
-      raise(left->focused_->LostFocus);
-    if (activeChild() == &child && left->isOpen())
-      left->Form_Deactivate();
-    // A handler took the activation back, or something it did closed the window.
-    if (activeChild() != &child)
-      return false;
-  }
-  desktop_.focusAsked(child);
-  if (child.focused_)
-    desktop_.focusAsked(*child.focused_);
-  return true;
-}
-
-// --- Focus -------------------------------------------------------------------------------------
-
-bool Forms::takeFocus(Element& element) {
-  Window& window = element.window();
-  if (!element.takesFocus() || !element.isReachable() || !activate(window))
-    return false;
-  Element* const left = window.focused_;
-  window.focused_ = &element;
-  // A closing check that points at what is wrong is no departure from where the focus was.
-  if (left && left != &element && leaving_ == 0 && !window.closing_) {
-    const Counted leaving(leaving_);
-    raise(left->LostFocus);
-    if (window.focused_ != &element)
-      return false;
-    if (!element.isReachable()) {
-      elementVanishes(element);
-      return false;
-    }
-  }
-  desktop_.focusAsked(element);
-  return true;
-}
-
-// An element that vanishes hands the focus on without any event, and to none that would act when
-// it leaves again.
-void Forms::elementVanishes(Element& element) {
-  Window& window = element.window();
-  if (window.focused_ != &element)
-    return;
-  window.focused_ = firstInTabOrder(window, [](Element& next) { return !next.LostFocus; });
-  if (window.focused_)
-    desktop_.focusAsked(*window.focused_);
-}
-
 // --- What the desktop reports ------------------------------------------------------------------
 
-bool Forms::personMayUse(const Window& window) const {
-  return boxes_ == 0 && window.isOpen() && (modal_.empty() || modal_.back() == &window);
+bool Forms::personMayUse(const Element& element) const {
+  const auto& open = focus_.open();
+  const auto modal =
+      std::find_if(open.rbegin(), open.rend(), [](Window* w) { return w->isModal(); });
+  return boxes_ == 0 && element.isReachable() &&
+         (modal == open.rend() || *modal == &element.window());
 }
 
 bool Forms::pressed(Element& element, MouseButton button) {
-  if (!personMayUse(element.window()) || !element.isReachable())
+  if (!personMayUse(element))
     return false;
   const EventScope event(*this);
-  if (GridPicture* grid = element.window().grid_)
+  if (GridPicture* grid = element.window().grid())
     grid->hideCursor();
-  return press(element, button);
-}
-
-bool Forms::press(Element& element, MouseButton button) {
-  if (!activate(element.window()))
-    return false;
-  // Each button does something in a text box: the right one opens its menu, the middle one pastes.
-  const bool takes =
-      button == MouseButton::Left ? element.takesFocus() : element.kind() == Kind::TextBox;
-  if (takes && !takeFocus(element))
-    return false;
-  if (element.kind() == Kind::Picture)
-    raise(static_cast<Picture&>(element).MouseDown, button);
-  return true;
+  return element.press(button);
 }
 
 void Forms::clicked(Element& element) {
-  if (!personMayUse(element.window()) || !element.isReachable())
+  if (!personMayUse(element))
     return;
   const EventScope event(*this);
-  if (!activate(element.window()))
-    return;
-  if (element.takesFocus() && !takeFocus(element))
-    return;
-  switch (element.kind()) {
-  case Kind::Picture:
-    raise(static_cast<Picture&>(element).Click);
-    break;
-  case Kind::Label:
-    raise(static_cast<Label&>(element).Click);
-    break;
-  case Kind::Button:
-    raise(static_cast<Button&>(element).Click);
-    break;
-  case Kind::CheckBox: {
-    auto& box = static_cast<CheckBox&>(element);
-    box.Value = box.Value == 0 ? 1 : 0;
-    break;
-  }
-  default:
-    break; // the other kinds have no click of their own
-  }
+  if (focus_.activate(element.window()) && (!element.takesFocus() || element.SetFocus()))
+    element.click();
 }
 
 void Forms::shortcutPressed(Button& button) {
@@ -258,76 +124,51 @@ void Forms::shortcutPressed(Button& button) {
 }
 
 void Forms::moved(Picture& picture, float X, float Y) {
-  if (!personMayUse(picture.window()) || !picture.isReachable())
+  if (!personMayUse(picture))
     return;
   const EventScope event(*this, EventScope::Pointer);
-  if (GridPicture* grid = picture.window().grid_)
+  if (GridPicture* grid = picture.window().grid())
     grid->pointerAt(picture, X, Y);
-  point(picture, X, Y);
-}
-
-void Forms::point(Picture& picture, float X, float Y) {
   raise(picture.MouseMove, X, Y);
 }
 
 void Forms::typed(TextBox& box, const std::string& text) {
-  if (!personMayUse(box.window()) || !box.isReachable() || box.ReadOnly)
+  if (!personMayUse(box) || box.ReadOnly)
     return;
   const EventScope event(*this);
   // A menu, another program or a screen reader may change the text of a box without the focus:
   // what looks at the text when the focus leaves must not be passed by.
-  if (takeFocus(box))
+  if (box.SetFocus())
     box.Text = box.fitting(text);
 }
 
 void Forms::chosen(DropList& list, int index) {
-  if (!personMayUse(list.window()) || !list.isReachable())
+  if (!personMayUse(list))
     return;
   const EventScope event(*this);
-  if (!takeFocus(list))
-    return;
-  passOver(list.select(index));
-}
-
-void Forms::menuChosen(MenuEntry& entry) {
-  if (!personMayUse(entry.window()) || !entry.isReachable())
-    return;
-  const EventScope event(*this);
-  raise(entry.Click);
+  if (list.SetFocus())
+    passOver(list.select(index));
 }
 
 bool Forms::activated(Window& child) {
   if (!personMayUse(child))
     return false;
   const EventScope event(*this);
-  return activate(child);
+  return focus_.activate(child);
 }
 
 bool Forms::focusMoved(Element& element) {
   if (!personMayUse(element.window()))
     return false;
   const EventScope event(*this);
-  return takeFocus(element);
+  return element.SetFocus();
 }
 
 void Forms::tabbed(Window& window, bool forwards) {
   if (!personMayUse(window))
     return;
-  std::vector<Element*> order;
-  for (Element* element : window.elements())
-    if (element->TabIndex >= 0 && element->takesFocus() && element->isReachable())
-      order.push_back(element);
-  if (order.empty())
-    return;
-  std::stable_sort(order.begin(), order.end(),
-                   [](Element* a, Element* b) { return a->TabIndex < b->TabIndex; });
-  const auto here = std::find(order.begin(), order.end(), window.focused_);
-  auto position = static_cast<std::size_t>(here - order.begin());
-  if (here == order.end())
-    position = forwards ? 0 : order.size() - 1;
-  else
-    position = (position + (forwards ? 1 : order.size() - 1)) % order.size();
-  focusMoved(*order[position]);
+  if (Element* const next = focus_.behind(window, forwards))
+    focusMoved(*next);
 }
 
 // The keyboard's cursor works on the window's board, whether the board, a unit on it or nothing has
@@ -338,20 +179,14 @@ bool Forms::keyPressed(Window& window, Key key, int digit) {
   const EventScope event(*this);
   if (window.Form_KeyDown(key, digit))
     return true;
-  Element* const focused = window.focused_;
-  GridPicture* const grid = window.grid_ && window.grid_->columns() > 0 ? window.grid_ : nullptr;
-  if (!focused || focused == grid || (focused->kind() == Kind::Picture && focused->index() > 0))
+  Element* const focused = window.focused();
+  GridPicture* const grid = window.grid();
+  if (!focused || (grid && grid->columns() > 0 && focused == grid) || focused->index() > 0)
     return grid && grid->keyPressed(key);
   const bool press = key == Key::Enter || key == Key::Space;
   if (press)
     clicked(*focused);
   return press;
-}
-
-void Forms::describeCursors() {
-  for (Window* window : open_)
-    if (window->grid_)
-      window->grid_->describeCursor();
 }
 
 void Forms::closeRequested(Window& window) {
@@ -369,10 +204,10 @@ void Forms::ticked(Timer& timer) {
 }
 
 bool Forms::sessionMayEnd() {
-  if (open_.empty())
+  if (openWindows().empty())
     return true;
-  Window& first = *open_.front();
-  if (boxes_ > 0 || first.closing_)
+  Window& first = *openWindows().front();
+  if (boxes_ > 0 || first.isClosing())
     return false;
   const EventScope event(*this);
   return first.mayClose();

@@ -8,6 +8,7 @@
 
 #include "forms/desktop.h"
 #include "forms/elements.h"
+#include "forms/focus.h"
 #include "forms/picture.h"
 #include "forms/window.h"
 
@@ -29,9 +30,16 @@ public:
   std::optional<std::string> fileDialog(const FileDialog& dialog);
   // Opens the program's frame window, as an event of its own.
   void startUp(Window& frame);
-  // The active child window, or nullptr.
-  Window* activeChild() const;
-  const std::vector<Window*>& openWindows() const { return open_; }
+  Window* activeChild() const { return focus_.activeChild(); }
+  const std::vector<Window*>& openWindows() const { return focus_.open(); }
+  Focus& focus() { return focus_; }
+  struct PictureFile {
+    std::string path; // full
+    PictureSize size;
+  };
+  // A picture or icon file, by its literal below the program folder; nothing when it cannot be
+  // shown.
+  std::optional<PictureFile> findPicture(std::string_view literal, OnFailure onFailure);
 
   // Title of every box without one of its own.
   std::string applicationTitle;
@@ -52,7 +60,7 @@ public:
   // A mouse button went down. False: the action ends here, as the focus was not let go.
   bool pressed(Element& element, MouseButton button);
   // The left button was pressed and let go over the element, or a key or a screen reader did the
-  // same. Buttons, check boxes, pictures, labels.
+  // same. Buttons, check boxes, pictures, labels, menu entries.
   void clicked(Element& element);
   // A button's Shortcut was pressed in its window.
   void shortcutPressed(Button& button);
@@ -62,7 +70,6 @@ public:
   void typed(TextBox& box, const std::string& text);
   // The person chose this item, perhaps the one that was chosen before.
   void chosen(DropList& list, int index);
-  void menuChosen(MenuEntry& entry);
   // Another child window shall be the active one. False: the one that was did not let it happen.
   bool activated(Window& child);
   // The focus went to the element by other means than a click. False: it was not let go.
@@ -81,39 +88,14 @@ public:
   bool sessionMayEnd();
 
 private:
-  friend class Element;
-  friend class Window;
-  friend class GridPicture;
-  friend class Picture;
-  friend class PictureArray;
-
   class EventScope; // from the report to the end of its handlers
 
-  struct PictureFile {
-    std::string path; // full
-    PictureSize size;
-  };
-  // A picture or icon file below the program folder; nothing when it cannot be shown.
-  std::optional<PictureFile> findPicture(std::string_view literal, OnFailure onFailure);
-  bool personMayUse(const Window& window) const;
-  bool takeFocus(Element& element);
-  // As pressed and moved, by whatever means.
-  bool press(Element& element, MouseButton button);
-  void point(Picture& picture, float X, float Y);
-  bool activate(Window& child);
-  void windowOpened(Window& window);
-  void windowClosed(Window& window);
-  void elementVanishes(Element& element);
-  void describeCursors();
-  static Element* firstInTabOrder(Window& window, bool (*fits)(Element&));
+  bool personMayUse(const Element& element) const;
 
   Desktop& desktop_;
-  std::vector<Window*> open_;     // in the order of their opening
-  std::vector<Window*> children_; // open child windows, the active one last
-  std::vector<Window*> modal_;
+  Focus focus_{desktop_};
   int boxes_ = 0; // message boxes and file dialogs on the screen
   int events_ = 0;
-  int leaving_ = 0; // handlers of departure under way: putting the focus back is no departure
 };
 
 } // namespace forms

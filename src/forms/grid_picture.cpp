@@ -7,36 +7,19 @@
 namespace forms {
 
 GridPicture::GridPicture(Window& window, std::string_view name) : Picture(window, name) {
-  window.grid_ = this;
+  window.enter(*this);
 }
 
 void GridPicture::setGrid(int columns, int side) {
   columns_ = columns;
   side_ = side;
-  cursor_ = {};
-  cursorSquare = 0;
+  cursor_ = Cursor{};
   pointed_ = 0;
 }
 
-void GridPicture::putCursor(Cursor cursor) {
-  if (cursorSquare == 0)
-    ownName_ = AccessibleName;
-  cursor_ = cursor.square <= columns_ * columns_ ? cursor : Cursor{};
-  cursorSquare = cursor_.hidden ? 0 : cursor_.square;
-  describeCursor();
-}
-
-void GridPicture::restoreAsMade() {
-  Picture::restoreAsMade();
+void GridPicture::startAnew(bool firstTime) {
+  Picture::startAnew(firstTime);
   setGrid(0, 0);
-}
-
-void GridPicture::hideCursor() {
-  cursor_.hidden = true;
-  if (cursorSquare == 0)
-    return;
-  cursorSquare = 0;
-  AccessibleName = ownName_;
 }
 
 void GridPicture::pointerAt(const Picture& picture, float X, float Y) {
@@ -48,9 +31,8 @@ void GridPicture::pointerAt(const Picture& picture, float X, float Y) {
     pointed_ = y / side_ * columns_ + x / side_ + 1;
 }
 
-// Of the cursor's square.
-GridPicture::Point GridPicture::corner() const {
-  return {(cursor_.square - 1) % columns_ * side_, (cursor_.square - 1) / columns_ * side_};
+GridPicture::Point GridPicture::cornerOfCursor() const {
+  return {(cursor().square - 1) % columns_ * side_, (cursor().square - 1) / columns_ * side_};
 }
 
 GridPicture::Point GridPicture::cornerOf(const Picture& picture) const {
@@ -59,35 +41,37 @@ GridPicture::Point GridPicture::cornerOf(const Picture& picture) const {
   return {picture.Left - Left - frameWidth(), picture.Top - Top - frameWidth()};
 }
 
-// What stands on the cursor's square, frontmost first; the picture itself where nothing does. It
-// need not reach the square's middle: its own lies on the square.
-Picture& GridPicture::target() {
-  const Point square = corner();
+// What stands in front on the cursor's square, or nullptr. It need not reach the square's middle:
+// its own lies on the square.
+Picture* GridPicture::standing() const {
+  const Point square = cornerOfCursor();
   const auto standsHere = [&](const Picture& picture) {
     const auto [x, y] = cornerOf(picture);
     const int middleX = x + picture.Width / 2 - square.x;
     const int middleY = y + picture.Height / 2 - square.y;
     return middleX >= 0 && middleX < side_ && middleY >= 0 && middleY < side_;
   };
-  Picture* front = this;
+  Picture* front = nullptr;
   for (Element* element : window().elements()) {
-    if (element == this || element->kind() != Kind::Picture || !element->Visible)
-      continue;
-    auto* const picture = static_cast<Picture*>(element);
-    if (standsHere(*picture) && picture->zOrderRank.get() >= front->zOrderRank.get())
+    auto* const picture = dynamic_cast<Picture*>(element);
+    if (picture && picture != this && picture->Visible && standsHere(*picture) &&
+        picture->zOrderRank >= (front ? front : this)->zOrderRank)
       front = picture;
   }
-  return *front;
+  return front;
 }
 
-void GridPicture::describeCursor() {
-  if (cursorSquare == 0)
-    return;
-  const Picture& standing = target();
-  if (&standing != this)
-    AccessibleName = standing.AccessibleName.get();
-  else if (nameOfEmptySquare)
-    AccessibleName = nameOfEmptySquare(cursorSquare);
+void GridPicture::tellCursor() {
+  if (cursorSquare() != 0)
+    tellDesktop();
+}
+
+std::string GridPicture::spokenName() const {
+  if (cursorSquare() == 0)
+    return AccessibleName;
+  if (const Picture* const picture = standing())
+    return picture->AccessibleName;
+  return nameOfEmptySquare ? nameOfEmptySquare(cursorSquare()) : AccessibleName.get();
 }
 
 bool GridPicture::keyPressed(Key key) {
@@ -113,33 +97,30 @@ bool GridPicture::keyPressed(Key key) {
   default:
     return false;
   }
-  if (cursorSquare == 0)
+  if (cursorSquare() == 0)
     return true; // nothing that could be seen is pointed at
   Picture& picture = target();
   point(picture);
   const bool remove = key == Key::Delete;
-  Forms& forms = window().forms();
-  if (forms.press(picture, remove ? MouseButton::Right : MouseButton::Left) && !remove)
-    forms.clicked(picture);
+  if (picture.press(remove ? MouseButton::Right : MouseButton::Left) && !remove)
+    window().forms().clicked(picture);
   return true;
 }
 
 // The first key puts the cursor on the lower left square, next to player 1's army; the first after
 // the mouse puts it where that pointed.
 void GridPicture::move(int columns, int rows) {
-  Cursor to;
-  if (cursor_.hidden && pointed_ != 0) {
-    to.square = pointed_;
-  } else if (cursor_.square == 0) {
-    to.square = columns_ * (columns_ - 1) + 1;
-  } else if (cursor_.hidden) {
-    to.square = cursor_.square;
-  } else {
-    const int column = std::clamp((cursor_.square - 1) % columns_ + columns, 0, columns_ - 1);
-    const int row = std::clamp((cursor_.square - 1) / columns_ + rows, 0, columns_ - 1);
-    to.square = row * columns_ + column + 1;
+  auto [square, hidden] = cursor();
+  if (hidden && pointed_ != 0) {
+    square = pointed_;
+  } else if (square == 0) {
+    square = columns_ * (columns_ - 1) + 1;
+  } else if (!hidden) {
+    const int column = std::clamp((square - 1) % columns_ + columns, 0, columns_ - 1);
+    const int row = std::clamp((square - 1) / columns_ + rows, 0, columns_ - 1);
+    square = row * columns_ + column + 1;
   }
-  putCursor(to);
+  putCursor({square, false});
   // A click may have left the focus on a unit; the picture that carries the cursor's name takes it
   // back.
   passOver(SetFocus());
@@ -149,9 +130,9 @@ void GridPicture::move(int columns, int rows) {
 // The hint of what stands there follows the cursor as it follows the pointer.
 void GridPicture::point(Picture& picture) {
   const auto [left, top] = cornerOf(picture);
-  const int x = corner().x + side_ / 2 - left;
-  const int y = corner().y + side_ / 2 - top;
-  window().forms().point(picture, static_cast<float>(x), static_cast<float>(y));
+  const int x = cornerOfCursor().x + side_ / 2 - left;
+  const int y = cornerOfCursor().y + side_ / 2 - top;
+  raise(picture.MouseMove, static_cast<float>(x), static_cast<float>(y));
 }
 
 } // namespace forms

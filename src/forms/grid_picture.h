@@ -30,25 +30,29 @@ public:
   struct Cursor {
     int square = 0;
     bool hidden = false;
+    bool operator==(const Cursor&) const = default;
   };
   Cursor cursor() const { return cursor_; }
   // A square that the grid does not have gives none.
-  void putCursor(Cursor cursor);
+  void putCursor(Cursor cursor) {
+    cursor_ = cursor.square <= columns_ * columns_ ? cursor : Cursor{};
+  }
+  // The square that the cursor marks, drawn in front of everything; 0 while none shows.
+  int cursorSquare() const { return cursor().hidden ? 0 : cursor().square; }
 
   // True for a key that means something here: it has been handled.
   bool keyPressed(Key key);
-  // Brings the picture's accessible name into line with the square; while no cursor shows it is the
-  // picture's own.
-  void describeCursor();
+  // Tells the desktop what stands on the cursor's square now.
+  void tellCursor();
   // A mouse button was pressed in the window.
-  void hideCursor();
+  void hideCursor() { cursor_ = Cursor{cursor().square, true}; }
   // The mouse points at X, Y (twips) of a picture of the window.
   void pointerAt(const Picture& picture, float X, float Y);
 
-  void restoreAsMade() override;
+  // While the cursor shows: what stands on its square.
+  std::string spokenName() const override;
+  void startAnew(bool firstTime) override;
 
-  // The square that the cursor marks, drawn in front of everything; 0 while none shows.
-  Property<int> cursorSquare{*this, 0};
   // What the picture is called while the cursor stands on an empty square.
   std::function<std::string(int square)> nameOfEmptySquare;
 
@@ -58,8 +62,9 @@ private:
     int x;
     int y;
   };
-  Point corner() const;
-  Picture& target();
+  Point cornerOfCursor() const;
+  Picture* standing() const;
+  Picture& target() { return standing() ? *standing() : *this; }
   // The corner of a picture, from that of the grid.
   Point cornerOf(const Picture& picture) const;
   void move(int columns, int rows);
@@ -67,9 +72,8 @@ private:
 
   int columns_ = 0;
   int side_ = 0;
-  Cursor cursor_;
-  int pointed_ = 0;     // square that the mouse last pointed at
-  std::string ownName_; // AccessibleName while no cursor shows
+  Property<Cursor> cursor_{*this, {}};
+  int pointed_ = 0; // square that the mouse last pointed at
 };
 
 } // namespace forms

@@ -18,11 +18,18 @@ bool Picture::LoadPicture(std::string_view literal, OnFailure onFailure) {
 }
 
 void Picture::ZOrder() {
-  zOrderRank = ++window().topmost_;
+  zOrderRank = window().nextRank();
 }
 
-void Picture::restoreAsMade() {
-  Element::restoreAsMade();
+bool Picture::press(MouseButton button) {
+  if (!Element::press(button))
+    return false;
+  raise(MouseDown, button);
+  return true;
+}
+
+void Picture::startAnew(bool firstTime) {
+  Element::startAnew(firstTime);
   path_.clear();
 }
 

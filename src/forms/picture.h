@@ -5,7 +5,6 @@
 #include <string>
 
 #include "forms/element.h"
-#include "forms/input.h"
 
 namespace forms {
 
@@ -15,7 +14,7 @@ enum class OnFailure { Tell, PassOver };
 class Picture : public Element {
 public:
   Picture(Window& window, std::string_view name, int index = -1)
-      : Element(Kind::Picture, &window, name, index) {}
+      : Element(Kind::Picture, window, name, index) {}
 
   // Takes the picture from a file, given by its path below the program folder: a literal that
   // starts with "\". On failure the element keeps the picture it has, the failure is noted
@@ -27,7 +26,10 @@ public:
   // Brings the element to the front of its window.
   void ZOrder();
 
-  void restoreAsMade() override;
+  bool takesFocus() const override { return true; }
+  bool press(MouseButton button) override;
+  void click() override { raise(Click); }
+  void startAnew(bool firstTime) override;
 
   // 1 is a raised look with a frame, 0 flat. The rules use it as data.
   Property<int> Appearance{*this, 0};

@@ -6,7 +6,7 @@ namespace forms {
 
 PictureArray::PictureArray(Window& window, std::string_view name) : pattern(window, name, 0) {
   pattern.Visible = false;
-  window.arrays_.push_back(this);
+  window.enter(*this);
 }
 
 bool PictureArray::Load(int i) {
@@ -42,7 +42,7 @@ bool PictureArray::Unload(int i) {
   --loaded_;
   Window& window = gone->window();
   if (window.isOpen()) {
-    window.forms().elementVanishes(*gone);
+    window.forms().focus().vanishes(*gone);
     window.forms().desktop().removed(*gone);
   }
   return true;

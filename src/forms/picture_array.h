@@ -30,16 +30,15 @@ public:
   // The number of elements, the pattern included.
   int count() const { return loaded_ + 1; }
 
+  // Destroys all elements but the pattern, whose window has closed.
+  void clear();
+
   Picture pattern; // element 0
   std::function<void(int Index)> Click;
   std::function<void(int Index, MouseButton)> MouseDown;
   std::function<void(int Index)> MouseMove;
 
 private:
-  friend class Window;
-
-  // Destroys all elements but the pattern, without telling the desktop.
-  void clear();
   std::unique_ptr<Picture>& slot(int i) { return elements_[static_cast<std::size_t>(i - 1)]; }
 
   std::array<std::unique_ptr<Picture>, Last> elements_;

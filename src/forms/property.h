@@ -1,7 +1,6 @@
 // A value of a screen element that tells the open screen when it changes.
 #pragma once
 
-#include <functional>
 #include <utility>
 
 namespace forms {
@@ -17,7 +16,7 @@ public:
 
   // Makes the present value the one that the element is made with.
   virtual void keepAsMade() = 0;
-  // Goes back to the value that the element is made with. Raises no event.
+  // Goes back to the value that the element is made with, without telling anybody.
   virtual void restoreAsMade() = 0;
   // The owner's properties form a chain.
   PropertyBase* next() const { return next_; }
@@ -31,37 +30,29 @@ private:
   PropertyBase* next_;
 };
 
-// Assigning another value tells the owner, which tells the desktop if its window is on the screen.
-// Where `raised` is set, assigning another value also raises that event, whoever assigns.
+// Assigning another value tells the owner (Element::changed), whoever assigns.
 template <class T> class Property final : public PropertyBase {
 public:
-  Property(Element& owner, T initial) : PropertyBase(owner), value_(initial), made_(initial) {}
+  Property(Element& owner, T initial) : PropertyBase(owner), value_(std::move(initial)) {}
 
   Property& operator=(T value) {
     if (value == value_)
       return *this;
     value_ = std::move(value);
     tellOwner();
-    if (raised)
-      raised();
     return *this;
   }
   Property& operator=(const Property& other) { return *this = other.value_; }
   operator const T&() const { return value_; }
   const T& get() const { return value_; }
-
-  friend bool operator==(const Property& property, const T& value) {
-    return property.value_ == value;
-  }
+  bool operator==(const T& value) const { return value_ == value; }
 
   void keepAsMade() override { made_ = value_; }
   void restoreAsMade() override { value_ = made_; }
 
-  std::function<void()> raised;
-
 private:
   T value_;
-  T made_;
+  T made_{};
 };
 
 } // namespace forms

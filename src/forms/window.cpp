@@ -7,20 +7,8 @@
 
 namespace forms {
 
-Window::Window(Forms& forms, WindowKind windowKind, std::string_view name)
-    : Element(Kind::Window, nullptr, name), forms_(forms), windowKind_(windowKind) {
-  window_ = this;
-}
-
-Window::~Window() {
-  // What is left of this object is no element of a window.
-  window_ = nullptr;
-}
-
-void Window::made() {
-  keepAsMade();
-  for (Element* element : elements_)
-    element->keepAsMade();
+Element* Window::focused() const {
+  return forms_.focus().of(*this);
 }
 
 bool Window::LoadIcon(std::string_view literal) {
@@ -33,25 +21,23 @@ bool Window::LoadIcon(std::string_view literal) {
 void Window::open() {
   if (open_ || opening_)
     return;
-  restoreAsMade();
+  const bool first = !std::exchange(made_, true);
+  startAnew(first);
   for (Element* element : elements_)
-    element->restoreAsMade();
-  focused_ = nullptr;
+    element->startAnew(first);
   topmost_ = 0;
   opening_ = true;
   Form_Load();
   opening_ = false;
   open_ = true;
-  forms_.windowOpened(*this);
+  forms_.focus().opened(*this);
 }
 
 void Window::showModal() {
   modal_ = true;
   open();
-  forms_.modal_.push_back(this);
   if (open_)
     forms_.desktop().waitModal(*this);
-  std::erase(forms_.modal_, this);
   modal_ = false;
 }
 
@@ -59,9 +45,9 @@ bool Window::mayClose() {
   closing_ = true;
   bool allowed = Form_QueryUnload();
   if (allowed && windowKind_ == WindowKind::Frame) {
-    const auto children = forms_.children_;
+    const auto children = forms_.focus().children();
     allowed = std::all_of(children.begin(), children.end(),
-                          [](Window* child) { return !child->open_ || child->mayClose(); });
+                          [](Window* child) { return !child->isOpen() || child->mayClose(); });
   }
   closing_ = false;
   return allowed;
@@ -80,15 +66,14 @@ bool Window::close() {
 void Window::finishClosing() {
   closing_ = true;
   if (windowKind_ == WindowKind::Frame) {
-    const auto children = forms_.children_;
+    const auto children = forms_.focus().children();
     for (Window* child : children)
-      if (child->open_)
+      if (child->isOpen())
         child->finishClosing();
   }
   Form_Unload();
   open_ = false;
-  focused_ = nullptr;
-  forms_.windowClosed(*this);
+  forms_.focus().closed(*this);
   for (PictureArray* array : arrays_)
     array->clear();
   closing_ = false;

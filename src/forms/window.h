@@ -16,17 +16,19 @@ class PictureArray;
 enum class WindowKind { Frame, Child, Own };
 
 // A window object outlives the open window: its public variables keep their values. Its elements
-// go back to what they are made with at each opening; its array elements go at the closing.
+// go back at each opening to what they were at the first; its array elements go at the closing.
 class Window : public Element {
 public:
-  Window(Forms& forms, WindowKind windowKind, std::string_view name);
-  ~Window() override;
+  Window(Forms& forms, WindowKind windowKind, std::string_view name)
+      : Element(Kind::Window, *this, name), forms_(forms), windowKind_(windowKind) {}
 
   Forms& forms() const { return forms_; }
   WindowKind windowKind() const { return windowKind_; }
   bool isOpen() const { return open_; }
   // True while somebody waits for the window to close; no other window can be used then.
   bool isModal() const { return modal_; }
+  // True inside the closing check or steps.
+  bool isClosing() const { return closing_; }
 
   // Runs the opening steps, then shows the window; a child becomes the active one. Opening a
   // window that is open does nothing.
@@ -37,13 +39,23 @@ public:
   // a check refused; then nothing has changed. The frame asks its children too before anything
   // closes, and closes them before itself. No LostFocus is raised.
   bool close();
+  // Asks what closing asks, and closes nothing.
+  bool mayClose();
 
   // All elements there are now, in the order of their making.
   const std::vector<Element*>& elements() const { return elements_; }
   // The element with the keyboard focus, or nullptr.
-  Element* focused() const { return focused_; }
+  Element* focused() const;
   // The picture that shows a grid of squares, or nullptr.
   GridPicture* grid() const { return grid_; }
+
+  // A new element enters itself, and again as what it is besides; it leaves at its end.
+  void enter(Element& element) { elements_.push_back(&element); }
+  void enter(PictureArray& array) { arrays_.push_back(&array); }
+  void enter(GridPicture& grid) { grid_ = &grid; }
+  void leave(Element& element) { std::erase(elements_, &element); }
+  // The zOrderRank in front of all that were given since the window opened.
+  int nextRank() { return ++topmost_; }
 
   Property<std::string> Caption{*this, {}};
   Property<std::string> Icon{*this, {}}; // path of the file shown; empty: none
@@ -57,40 +69,30 @@ public:
   // noted.
   [[nodiscard]] bool LoadIcon(std::string_view literal);
 
-protected:
-  // Makes the present values of all elements those that each opening starts from. The constructor
-  // of a window calls it last.
-  void made();
-
-  virtual void Form_Load() {}
-  // The closing check: false refuses. It tells the person why.
-  virtual bool Form_QueryUnload() { return true; }
-  virtual void Form_Unload() {}
   // A key that the focused element had no use for; `digit` with Key::Digit. True: handled.
   virtual bool Form_KeyDown(Key /*key*/, int /*digit*/) { return false; }
   // Another child window has become the active one.
   virtual void Form_Deactivate() {}
 
-private:
-  friend class Element;
-  friend class Forms;
-  friend class GridPicture;
-  friend class Picture;
-  friend class PictureArray;
+protected:
+  virtual void Form_Load() {}
+  // The closing check: false refuses. It tells the person why.
+  virtual bool Form_QueryUnload() { return true; }
+  virtual void Form_Unload() {}
 
-  bool mayClose();
+private:
   void finishClosing();
 
   Forms& forms_;
   WindowKind windowKind_;
   bool open_ = false;    // on the screen
   bool opening_ = false; // inside its opening steps
-  bool closing_ = false; // inside its closing check or steps
+  bool closing_ = false;
   bool modal_ = false;
+  bool made_ = false; // its first opening has begun
   std::vector<Element*> elements_;
   std::vector<PictureArray*> arrays_;
   GridPicture* grid_ = nullptr;
-  Element* focused_ = nullptr;
   int topmost_ = 0; // highest zOrderRank given so far
 };
 

@@ -42,7 +42,6 @@ frmEnJuego::frmEnJuego(forms::Forms& forms, Principal& principal, MainWindow& ma
   makeLabel(lblJ2, "Jugador 2", 2040, 1065, Player2Text);
   makeLabel(lblJ2_Estado, "En Espera", 2760, 1125, Player2Text);
   lblJ1_Estado.Announced = lblJ2_Estado.Announced = true;
-  made();
 }
 
 // --- Opening and closing -----------------------------------------------------------------------

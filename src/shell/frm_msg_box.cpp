@@ -14,8 +14,7 @@ frmMsgBox::frmMsgBox(forms::Forms& forms, Principal& principal)
   Text1.MultiLine = true;
   Text1.ReadOnly = true;
   Text1.TabIndex = 0;
-  Text1.AccessibleName = std::string("Datos del tablero");
-  made();
+  Text1.AccessibleName = "Datos del tablero";
 }
 
 // Takes the text over: the next opening shows only what was handed over for it.

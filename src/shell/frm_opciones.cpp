@@ -11,15 +11,6 @@ using forms::passOver;
 using forms::storedNearest;
 using forms::Val;
 
-namespace {
-
-struct Place {
-  forms::Element& element;
-  int left, top, width, height;
-};
-
-} // namespace
-
 frmOpciones::frmOpciones(forms::Forms& forms, Principal& principal)
     : Window(forms, forms::WindowKind::Child, "frmOpciones"), principal_(principal) {
   Caption = "Opciones de Configuración";
@@ -29,23 +20,26 @@ frmOpciones::frmOpciones(forms::Forms& forms, Principal& principal)
   PlacedByDesktop = true;
   makeElements();
   makeEvents();
-  made();
 }
 
 void frmOpciones::makeElements() {
+  chkPermitirBanderas.place(240, 240, 195, 190);
+  lblBandera.place(480, 220, 2760, 240);
+  chkLimiteFilas.place(240, 600, 195, 190);
+  lblLimiteFilas.place(480, 580, 3585, 240);
+  btnCargarJuegoRed.place(240, 2040, 3450, 375);
+  lblRed.place(1200, 1680, 1635, 300);
+  txtTiempoRed.place(3120, 2880, 495, 360);
+  lblActualizacion.place(240, 2925, 2835, 240);
+  comJugadorActualRed.place(2040, 2520, 810, 360);
+  lblJugadorActualRed.place(240, 2595, 1695, 240);
+  txtMovPorTurno.place(1080, 960, 495, 360);
+  Label1.place(240, 1005, 810, 240);
+  Label3.place(1680, 1005, 2385, 240);
   int tabIndex = 0;
-  for (const Place& place :
-       {Place{chkPermitirBanderas, 240, 240, 195, 190}, Place{lblBandera, 480, 220, 2760, 240},
-        Place{chkLimiteFilas, 240, 600, 195, 190}, Place{lblLimiteFilas, 480, 580, 3585, 240},
-        Place{btnCargarJuegoRed, 240, 2040, 3450, 375}, Place{lblRed, 1200, 1680, 1635, 300},
-        Place{txtTiempoRed, 3120, 2880, 495, 360}, Place{lblActualizacion, 240, 2925, 2835, 240},
-        Place{comJugadorActualRed, 2040, 2520, 810, 360},
-        Place{lblJugadorActualRed, 240, 2595, 1695, 240},
-        Place{txtMovPorTurno, 1080, 960, 495, 360}, Place{Label1, 240, 1005, 810, 240},
-        Place{Label3, 1680, 1005, 2385, 240}}) {
-    place.element.place(place.left, place.top, place.width, place.height);
-    place.element.TabIndex = tabIndex++;
-    place.element.TextFont.bold = true;
+  for (forms::Element* element : elements()) {
+    element->TabIndex = tabIndex++;
+    element->TextFont.bold = true;
   }
   lblBandera.Caption = "Permitir más de 1 Bandera";
   lblLimiteFilas.Caption = "Permitir Unidades en cualquier fila";
@@ -56,8 +50,8 @@ void frmOpciones::makeElements() {
   lblJugadorActualRed.Caption = "Jugador de Red";
   Label1.Caption = "Permitir";
   Label3.Caption = "movimientos por Turno";
-  txtTiempoRed.Text = std::string("10");
-  txtMovPorTurno.Text = std::string("1");
+  txtTiempoRed.Text = "10";
+  txtMovPorTurno.Text = "1";
   txtTiempoRed.MaxLength = 3;
   txtMovPorTurno.MaxLength = 3;
   chkPermitirBanderas.BackColor = CheckBoxGround;
@@ -67,7 +61,7 @@ void frmOpciones::makeElements() {
   chkLimiteFilas.AccessibleName = lblLimiteFilas.Caption;
   txtTiempoRed.AccessibleName = lblActualizacion.Caption;
   comJugadorActualRed.AccessibleName = lblJugadorActualRed.Caption;
-  txtMovPorTurno.AccessibleName = std::string("Movimientos por Turno");
+  txtMovPorTurno.AccessibleName = "Movimientos por Turno";
 }
 
 void frmOpciones::makeEvents() {

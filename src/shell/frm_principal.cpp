@@ -36,7 +36,6 @@ frmPrincipal::frmPrincipal(forms::Forms& forms, Principal& principal)
   Maximized = true;
   makeMenu();
   tmrRed.Interval = 1000;
-  made();
 }
 
 void frmPrincipal::makeMenu() {

@@ -112,7 +112,7 @@ private:
     const auto& standing = element.window().elements();
     const unsigned number = below(8);
     if (auto* const entry = dynamic_cast<MenuEntry*>(&element))
-      return app.forms.menuChosen(*entry);
+      return app.forms.clicked(*entry);
     if (auto* const developers = dynamic_cast<Button*>(&element); developers && number < 2)
       return app.forms.shortcutPressed(*developers);
     if (auto* const picture = dynamic_cast<Picture*>(&element))

@@ -34,7 +34,7 @@ TEST_F(Network, ARefreshKeepsTheWindowsPlaceAndDropsWhatWasSelected) {
           "B tick 6 => 01 01= 01p1", "B tick 1 => 01 01= 01p."});
   EXPECT_FALSE(b->play.picMovimientoPermitido(18));
   EXPECT_TRUE(b->play.Top == 1500 && b->play.Left == -315);
-  EXPECT_EQ(b->play.picTablero.cursorSquare, 18);
+  EXPECT_EQ(b->play.picTablero.cursorSquare(), 18);
 }
 
 TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {

@@ -119,7 +119,7 @@ TEST_F(FormsCases, WhatAPersonCannotReachHearsNothing) {
       forms.clicked(*element), passOver(forms.focusMoved(*element));
     forms.typed(one.txtB, "x");
     forms.chosen(one.com, 0);
-    forms.menuChosen(frame.mnuHoja);
+    forms.clicked(frame.mnuHoja);
   };
   const auto onAll = [&] {
     onElements();
@@ -194,7 +194,7 @@ TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
   log.take();
   const auto after = [&](const std::string& keys) {
     player->run(keys);
-    return seen() + " " + std::to_string(board.cursorSquare) + " " + board.AccessibleName.get();
+    return seen() + " " + std::to_string(board.cursorSquare()) + " " + board.spokenName();
   };
   walk({"Enter => @pic 0 Tablero", // no square is pointed at yet
         "Right, Left, Down => 300,1500 300,1500 300,1500 @pic 7 vacío 7",
@@ -215,7 +215,7 @@ TEST_F(FormsCases, TheKeyboardsCursorDoesWhatThePointerDoes) {
   walk({"Enter => @pic 0 Tablero", "Up => 300,900 @pic 4 vacío 4", "Up => 300,300 @pic 1 vacío 1"},
        after);
   board.setGrid(3, 600);
-  EXPECT_EQ(board.cursorSquare, 0) << "another board has none";
+  EXPECT_EQ(board.cursorSquare(), 0) << "another board has none";
 }
 
 } // namespace scripted

@@ -46,7 +46,7 @@ Player::Player() {
   verbs["right"] = [this](auto& on, auto&) { forms_->pressed(usable(on), MouseButton::Right); };
   verbs["type"] = [this](auto& on, auto& text) { type(usable<TextBox>(on), text); };
   verbs["tab"] = [this](auto& back, auto&) { forms_->tabbed(keyboardWindow(), back.empty()); };
-  verbs["menu"] = [this](auto& on, auto&) { forms_->menuChosen(usable<MenuEntry>(on)); };
+  verbs["menu"] = [this](auto& on, auto&) { forms_->clicked(usable<MenuEntry>(on)); };
   // Also of a button that is hidden.
   verbs["shortcut"] = [this](auto& on, auto&) {
     if (auto& button = get<Button>(on); button.Shortcut == "Ctrl+Shift+D")

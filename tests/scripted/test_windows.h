@@ -49,7 +49,6 @@ public:
       log.add(button == MouseButton::Left ? "pic_Left" : "pic_Right");
     };
     picUnidad.Click = [&log](int Index) { log.add("picUnidad_Click" + std::to_string(Index)); };
-    made();
   }
   bool letClose = true; // what the closing check answers
 
@@ -87,7 +86,6 @@ public:
     mnuHoja.Click = log.adds("mnuHoja_Click");
     tmr.Tick = log.adds("tmr_Tick");
     tmr.Interval = 3600000; // only the player's hand makes it tick
-    made();
   }
 
   MenuEntry mnu{*this, "mnu"}, mnuHoja{*this, "mnuHoja", &mnu};

@@ -59,7 +59,7 @@ const Scale& WidgetView::scale() const {
 }
 
 void WidgetView::syncNames() {
-  QString name = toQt(element()->AccessibleName);
+  QString name = toQt(element()->spokenName());
   if (name.isEmpty())
     name = caption();
   if (widget_.accessibleName() != name)

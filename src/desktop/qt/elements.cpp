@@ -246,7 +246,7 @@ public:
       action_ = new QAction(this);
       connect(action_, &QAction::triggered, this, [this] {
         if (element())
-          reporter().report([this](Forms& forms) { forms.menuChosen(elementAs<MenuEntry>()); });
+          reporter().report([this](Forms& forms) { forms.clicked(elementAs<MenuEntry>()); });
       });
     }
     action_->setObjectName(toQt(entry.name()));

@@ -154,7 +154,7 @@ public:
 
   // On a board the cursor shows the place, also that of a unit.
   bool needsMark() const override {
-    return shown().index() < 0 && (!board() || board()->cursorSquare == 0);
+    return shown().index() < 0 && (!board() || board()->cursorSquare() == 0);
   }
   QRect focusPlace() const override { return cursorPlace().value_or(widget().geometry()); }
 
@@ -214,9 +214,9 @@ private:
 
   // Pixels of the cursor's square on the form; nothing while no cursor shows here.
   std::optional<QRect> cursorPlace() const {
-    if (!board() || board()->cursorSquare == 0)
+    if (!board() || board()->cursorSquare() == 0)
       return std::nullopt;
-    const int square = board()->cursorSquare - 1; // from 0
+    const int square = board()->cursorSquare() - 1; // from 0
     const int columns = board()->columns();
     const int side = board()->side();
     const QPoint corner(square % columns * side, square / columns * side);

@@ -66,7 +66,7 @@ void same(const Element& element, const char* what, const T& expected, const T& 
 // All that an element says in words, to screen readers too; whether it is ticked, and whether grey.
 void lookAtWords(const Element& element, const QWidget& widget) {
   QStringList expected, seen;
-  const QString tip = text(element.ToolTipText), name = text(element.AccessibleName);
+  const QString tip = text(element.ToolTipText), name = text(element.spokenName());
   QString shown, caption, shownThere, description = tip;
   if (const auto* const box = dynamic_cast<const TextBox*>(&element))
     shown = text(box->Text).remove('\r');
@@ -154,9 +154,9 @@ void lookAtPlace(const Element& element, const QWidget& widget) {
 
 // Where the keyboard's cursor is marked, if it is.
 QList<QRect> cursorPlace(const GridPicture* board) {
-  if (!board || !board->Visible || board->cursorSquare == 0)
+  if (!board || !board->Visible || board->cursorSquare() == 0)
     return {};
-  const int square = board->cursorSquare - 1, columns = board->columns(), side = board->side();
+  const int square = board->cursorSquare() - 1, columns = board->columns(), side = board->side();
   return {pixels(board->Left + (board->Border ? 15 : 0) + square % columns * side,
                  board->Top + (board->Border ? 15 : 0) + square / columns * side, side, side)};
 }

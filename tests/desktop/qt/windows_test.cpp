@@ -135,7 +135,7 @@ TEST_P(Windows, ScrollToWhatTheKeyboardIsOn) {
   for (const char* way : {"Up", "Right", "Down", "Left"})
     for (int i = 0; i < 8; ++i) {
       player.run(way);
-      const int n = app.nuevoJuego.picTablero.cursorSquare;
+      const int n = app.nuevoJuego.picTablero.cursorSquare();
       const QPoint middle((n - 1) % 8 * 2 + 1, (n - 1) / 8 * 2 + 1);
       EXPECT_TRUE(n > 0 && seen(board, middle * board.width() / 16)) << n;
     }
