@@ -10,8 +10,8 @@ Form1::Form1(forms::Forms& forms) : Window(forms, forms::WindowKind::Own, "Form1
   Picture1.place(1920, 240, 5655, 5055);
   Picture9.place(11160, 360, 975, 975);
   int top = 360;
-  for (forms::Picture* picture : {&Picture2, &Picture3, &Picture4, &Picture5, &Picture6, &Picture7,
-                                  &Picture8}) {
+  for (forms::Picture* picture :
+       {&Picture2, &Picture3, &Picture4, &Picture5, &Picture6, &Picture7, &Picture8}) {
     picture->place(10080, top, 975, 975);
     top += 1080;
   }

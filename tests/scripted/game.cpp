@@ -155,8 +155,7 @@ std::string Game::shown() {
     for (const auto* element : window->elements())
       if (element->Visible)
         text << element->name() << ' ' << element->Left << ',' << element->Top << ' '
-             << element->Width << 'x' << element->Height << ' ' << element->spokenName()
-             << '\n';
+             << element->Width << 'x' << element->Height << ' ' << element->spokenName() << '\n';
   return text.str();
 }
 
