@@ -28,7 +28,7 @@ class BlindPlayer(Player):
         """No has the focus at first."""
         self.sits_at("No")
         self.key("Left", "Sí")
-        self.answer(words, key="Return")
+        self.answer(words, key="s")
 
 
 def change_options(ana):

@@ -1,10 +1,14 @@
 #include "desktop/qt/message_box.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QFontMetrics>
 #include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 #include "desktop/qt/conversions.h"
 
@@ -12,17 +16,53 @@ namespace forms::qt {
 
 namespace {
 
+constexpr int ButtonsAndIcon = 120; // pixels beside a text
+
+// As wide as its longest line: Qt would break the lines at 500 pixels, in however large a type.
+class Box final : public QMessageBox {
+public:
+  using QMessageBox::QMessageBox;
+
+protected:
+  // Qt has chosen its size, and puts the box in the middle next.
+  void resizeEvent(QResizeEvent* event) override {
+    QMessageBox::resizeEvent(event);
+    keepLinesWhole();
+  }
+  // Qt would choose once more, and the box go back to where it was before the window manager put it
+  // elsewhere.
+  bool event(QEvent* event) override {
+    return event->type() == QEvent::LayoutRequest ? QDialog::event(event)
+                                                  : QMessageBox::event(event);
+  }
+
+private:
+  void keepLinesWhole() {
+    auto* const label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (!label)
+      return;
+    constexpr int LongestLine = 80; // letters; what is longer is better read in several lines
+    const int letters = LongestLine * label->fontMetrics().averageCharWidth();
+    const int room = screen()->availableSize().width() - ButtonsAndIcon;
+    label->setWordWrap(false);
+    label->setMinimumWidth(std::min({label->sizeHint().width(), letters, room}));
+    label->setWordWrap(true);
+    layout()->activate();
+    const int width = layout()->totalMinimumSize().width();
+    setFixedSize(width, layout()->totalHeightForWidth(width));
+  }
+};
+
 void addYesAndNo(QMessageBox& shown) {
-  shown.addButton(QMessageBox::Yes)->setText(QStringLiteral("Sí"));
+  shown.addButton(QMessageBox::Yes)->setText(QStringLiteral("&Sí"));
   QPushButton* const no = shown.addButton(QMessageBox::No);
-  no->setText(QStringLiteral("No"));
+  no->setText(QStringLiteral("&No"));
   shown.setDefaultButton(no);
   shown.setEscapeButton(no);
 }
 
 // Window managers cut a title that is wider than its box.
 void makeRoomForTitle(QMessageBox& shown) {
-  constexpr int ButtonsAndIcon = 120;
   auto* const grid = qobject_cast<QGridLayout*>(shown.layout());
   if (!grid)
     return;
@@ -35,7 +75,7 @@ void makeRoomForTitle(QMessageBox& shown) {
 } // namespace
 
 Answer showMessageBox(const MessageBox& box, const QIcon& icon, QWidget* parent) {
-  QMessageBox shown(parent);
+  Box shown(parent);
   if (!icon.isNull())
     shown.setWindowIcon(icon);
   shown.setWindowTitle(toQt(box.title));

@@ -163,8 +163,8 @@ Answer QtPlayer::messageBox(const MessageBox& box) {
     ASSERT_TRUE(shown);
     const bool asks = box.style != BoxStyle::Information;
     EXPECT_EQ(shown->buttons().size(), asks ? 2 : 1);
-    EXPECT_TRUE(!asks || shown->defaultButton()->text() == QStringLiteral("No"));
-    const QString caption = !asks ? "Aceptar" : wanted == Answer::Yes ? "Sí" : "No";
+    EXPECT_TRUE(!asks || shown->defaultButton()->text() == QStringLiteral("&No"));
+    const QString caption = !asks ? "Aceptar" : wanted == Answer::Yes ? "&Sí" : "&No";
     for (QAbstractButton* button : shown->buttons())
       if (button->text() == caption)
         return QTest::mouseClick(button, Qt::LeftButton);

@@ -1,6 +1,7 @@
 // The windows on screens of several densities, in a frame too small for them, and in large type.
 #include <QApplication>
 #include <QFontInfo>
+#include <QLabel>
 #include <QMdiArea>
 #include <QScreen>
 #include <QTest>
@@ -154,6 +155,8 @@ void expectTextsWhole() {
         shown->property("text").toString() + shown->property("currentText").toString();
     if (!shown->isVisible() || shown->isWindow() || text.isEmpty())
       continue;
+    if (shown->objectName() == "lookInCombo") // leaves out the middle of a long path
+      continue;
     const QRect room = shown->contentsRect();
     const int how = shown->property("wordWrap").toBool() ? Qt::TextWordWrap : Qt::TextShowMnemonic;
     const QRect needed = shown->fontMetrics().boundingRect(room, how, text);
@@ -169,7 +172,12 @@ protected:
   WindowsInWideLetters()
       : Variable{"FONTCONFIG_FILE", QT_TESTCASE_SOURCEDIR "/desktop/qt/golden/one-font.conf"} {
     enlarge(1.5);
-    onBox = expectTextsWhole;
+    onBox = [] {
+      expectTextsWhole();
+      const auto& text = *QApplication::activeModalWidget()->findChild<QLabel*>("qt_msgbox_label");
+      EXPECT_EQ(text.heightForWidth(text.width()), text.heightForWidth(10000))
+          << "a line is broken";
+    };
   }
   static void enlarge(double factor) {
     QFont font = QApplication::font();
