@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QHash>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QToolTip>
@@ -95,6 +96,13 @@ QString availableFamily(const QString& wanted) {
   return family = wanted;
 }
 
+// Those of the file dialog and the boxes are Qt's own, drawn for light colours: a dark theme's
+// would be white on white. Qt takes the system's theme when the program names none.
+void leaveSystemIcons() {
+  QIcon::setThemeSearchPaths({QStringLiteral(":/icons")});
+  QIcon::setThemeName(QStringLiteral("falanges"));
+}
+
 } // namespace
 
 void applyLook() {
@@ -103,6 +111,7 @@ void applyLook() {
   const QPalette palette = lightPalette();
   QApplication::setPalette(palette);
   QToolTip::setPalette(palette);
+  leaveSystemIcons();
 }
 
 void speakSpanish() {

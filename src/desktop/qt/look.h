@@ -12,7 +12,7 @@ class QWidget;
 
 namespace forms::qt {
 
-// Gives the whole application its style and colours. Menus and boxes keep the system's font.
+// Gives the whole application its style, colours and icons. Menus and boxes keep the system's font.
 void applyLook();
 // Makes Spanish the language of Qt's own texts. Needs the application. Without Qt's translation
 // file its few texts stay English.
