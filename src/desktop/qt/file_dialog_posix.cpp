@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileIconProvider>
@@ -12,13 +13,18 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QLocale>
+#include <QPushButton>
+#include <QScreen>
 #include <QSettings>
 #include <QSplitter>
 #include <QStyledItemDelegate>
 #include <QToolButton>
 #include <QTreeView>
 
+#include <unistd.h>
+
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/message_box.h"
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -72,21 +78,53 @@ public:
   }
 };
 
-// The name of a folder leads into it; what is typed next takes the name's place.
+bool isTooLong(const QFileInfo& file) {
+  const long most = pathconf(QFile::encodeName(file.path()).constData(), _PC_NAME_MAX);
+  return most > 0 && QFile::encodeName(file.fileName()).size() > most;
+}
+
+// Tells which name is too long, where Qt passes over it, and takes one with double quotes as it is
+// typed. The name of a folder leads into it; what is typed next takes the name's place.
 class Dialog final : public QFileDialog {
 public:
   using QFileDialog::QFileDialog;
 
+  // Of the file that the person has chosen.
+  QString path() const { return quoted_.isEmpty() ? selectedFiles().value(0) : quoted_; }
+
 protected:
   void accept() override {
-    QFileDialog::accept();
     auto* const name = findChild<QLineEdit*>();
-    if (!isVisible() || !name)
+    if (!name)
+      return QFileDialog::accept();
+    const QFileInfo file(directory(), name->text());
+    if (isTooLong(file))
+      showMessageBox({"El nombre del archivo es demasiado largo.",
+                      BoxStyle::Information,
+                      fromQt(windowTitle()),
+                      {}},
+                     {}, this);
+    else if (name->text().contains(QLatin1Char('"')))
+      acceptQuoted(file);
+    else
+      QFileDialog::accept();
+    if (!isVisible())
       return;
     name->selectAll();
     if (name->completer())
       name->completer()->popup()->hide();
   }
+
+private:
+  // Qt would take what stands between double quotes for a name of its own.
+  void acceptQuoted(const QFileInfo& file) {
+    if (file.isDir())
+      return setDirectory(file.filePath());
+    quoted_ = file.absoluteFilePath();
+    QDialog::accept();
+  }
+
+  QString quoted_; // the path with double quotes that was accepted
 };
 
 void setSpanishCells(QFileDialog& shown) {
@@ -104,7 +142,21 @@ void setSpanishCells(QFileDialog& shown) {
     header.resizeSection(column, std::max(digits * digit, header.sectionSizeHint(column)));
   if (auto* const splitter = shown.findChild<QSplitter*>())
     splitter->setSizes({18 * digit, 84 * digit});
-  shown.resize(shown.sizeHint().expandedTo({106 * digit, 0}));
+  const QSize wanted = shown.sizeHint().expandedTo({106 * digit, 0});
+  shown.resize(wanted.boundedTo(shown.screen()->availableSize()));
+}
+
+// Qt disables it for some names. What is wrong with them, the person is told on pressing it.
+void keepAcceptEnabled(QFileDialog& shown) {
+  auto* const name = shown.findChild<QLineEdit*>();
+  auto* const buttons = shown.findChild<QDialogButtonBox*>();
+  if (!name || !buttons)
+    return;
+  const bool save = shown.acceptMode() == QFileDialog::AcceptSave;
+  QPushButton* const accept =
+      buttons->button(save ? QDialogButtonBox::Save : QDialogButtonBox::Open);
+  QObject::connect(name, &QLineEdit::textChanged, accept,
+                   [accept](const QString& text) { accept->setEnabled(!text.isEmpty()); });
 }
 
 // What Qt's translation leaves to the system's theme, or lacks.
@@ -135,9 +187,10 @@ std::optional<std::string> ask(const FileDialog& dialog, QWidget* parent) {
   shown.setIconProvider(&types);
   setSpanishTexts(shown, dialog.save);
   setSpanishCells(shown);
-  if (shown.exec() != QDialog::Accepted || shown.selectedFiles().isEmpty())
+  keepAcceptEnabled(shown);
+  if (shown.exec() != QDialog::Accepted || shown.path().isEmpty())
     return std::nullopt;
-  return fromQt(QDir::toNativeSeparators(shown.selectedFiles().constFirst()));
+  return fromQt(shown.path());
 }
 
 } // namespace
