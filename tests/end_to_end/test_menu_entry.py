@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""The desktop's menu gets an entry that starts the game where it lies, and loses it again."""
+"""The desktop's menu gets an entry that starts the game where it lies, and loses it again. A folder that
+no entry can lead to is refused."""
 
 import os
 import shutil
@@ -11,30 +12,48 @@ from pathlib import Path
 from gi.repository import Gio
 
 ROOT = Path(__file__).resolve().parents[2]
-SCRIPT = ROOT / "packaging" / "linux" / "menu.sh"
 sys.path.insert(0, str(ROOT / "tools"))
 from player import wait_for  # noqa: E402
 
-with tempfile.TemporaryDirectory() as home:
-    # All that an entry's own rules have a meaning for.
-    game = Path(home, 'Ángel 100%f "$a" `b` \\c')
+
+def unpack(home, name):
+    game = home / name
     shutil.copytree(Path(sys.argv[1], "ico"), game / "ico")
+    shutil.copy(ROOT / "packaging/linux/menu.sh", game)
     program = game / "falanges"
-    program.write_text(f"#!/bin/sh\necho $# >'{home}/started'\n")
+    program.write_text(f"#!/bin/sh\nprintf '%s' \"$0 $#\" >'{home}/started'\n")
     program.chmod(0o755)
-    shutil.copy(SCRIPT, game)
-    os.environ["XDG_DATA_HOME"] = home
-    entry = Path(home, "applications", "falanges.desktop")
+    return game
 
-    def menu(word):
-        return subprocess.run([game / SCRIPT.name, word], stdout=subprocess.DEVNULL).returncode
 
-    assert menu("poner") == 0 and menu("poner") == 0
-    subprocess.run(["desktop-file-validate", entry], check=True)
-    known = Gio.DesktopAppInfo.new_from_filename(str(entry))
-    assert Path(known.get_icon().get_file().get_path()).is_file()
-    known.launch()
-    started = Path(home, "started")
-    wait_for(known.get_commandline(), lambda: started.exists() and started.read_text() == "0\n")
-    assert menu("quitar") == 0 and menu("quitar") == 0
-    assert not entry.exists() and menu("otra cosa") == 2
+def menu(script, word, folder=None):
+    return subprocess.run([script, word], cwd=folder, capture_output=True).returncode
+
+
+with tempfile.TemporaryDirectory() as home:
+    home = Path(home)
+    os.environ["XDG_DATA_HOME"] = str(home)
+    os.environ["CDPATH"] = str(home)
+    entry = home / "applications/falanges.desktop"
+    started = home / "started"
+    link = home / "menú"
+
+    # All that an entry's own rules have a meaning for, and what env would take for a variable.
+    for name in ('Ángel 100%f "$a" `b` \\c', "a=b"):
+        game = unpack(home, name)
+        link.unlink(missing_ok=True)
+        link.symlink_to(game / "menu.sh")
+        for script in (link, f"{name}/menu.sh"):
+            assert menu(script, "poner", home) == 0
+            subprocess.run(["desktop-file-validate", entry], check=True)
+            known = Gio.DesktopAppInfo.new_from_filename(str(entry))
+            assert Path(known.get_icon().get_file().get_path()).is_file()
+            started.write_text("")
+            known.launch()
+            wait_for(known.get_commandline(), lambda: started.read_text() == f"{game}/falanges 0")
+    for _ in range(2):
+        assert menu(game / "menu.sh", "quitar") == 0 and not entry.exists()
+    assert menu(game / "menu.sh", "otra cosa") == 2
+
+    for name in ("con\nExec=touch renglones", "al final\n", os.fsdecode(b"d\xeda")):
+        assert menu(unpack(home, name) / "menu.sh", "poner") == 1 and not entry.exists()
