@@ -1,6 +1,6 @@
 #!/bin/sh
-# Succeeds where the system has every library that the program asks of it; says in a window and in the
-# terminal what is missing otherwise. Lies in lib/.
+# Succeeds where the system has every library that the program asks of it; says what is missing otherwise,
+# as a reason for the player. Lies in lib/, and the starter asks it.
 #   check.sh PROGRAM
 
 # The loader lists what it would load, and starts nothing. Its way to the screen counts, too; $ORIGIN is the
@@ -15,17 +15,11 @@ missing=$(printf '%s\n' "$list" | sed -n \
   sort --reverse --version-sort | awk -F_ '!told[$1]++') # of each library the newest version that it needs
 [ -n "$missing" ] || exit 0
 
-text="Falanges no puede empezar. A este sistema le falta,
+printf '%s\n' "A este sistema le falta,
 o tiene demasiado antiguo, lo siguiente:
 
 $missing
 
 Instálelo con el programa que instala los demás,
 o actualice el sistema."
-printf '%s\n' "$text" >&2
-title="Falanges Z"
-zenity --error --no-markup --width 420 --title "$title" --text "$text" 2>/dev/null ||
-  kdialog --title "$title" --error "$text" 2>/dev/null ||
-  xmessage -xrm '*international: true' -center -title "$title" "$text" 2>/dev/null ||
-  notify-send "$title" "$text" 2>/dev/null
 exit 1
