@@ -20,14 +20,14 @@ public:
   std::function<void()> Click;
 };
 
-// One or more lines of text. Assigning another text raises Change, as a person's typing does.
+// One line of text, or more. Assigning another text raises Change, as a person's typing does.
 class TextBox : public Element {
 public:
   TextBox(Window& window, std::string_view name) : Element(Kind::TextBox, window, name) {}
   bool takesFocus() const override { return true; }
   // Each button does something here: the right one opens its menu, the middle one pastes.
   bool press(MouseButton /*button*/) override { return Element::press(MouseButton::Left); }
-  // As much of the text as the box holds.
+  // As much of the text as the box holds: of several lines the first, unless it is MultiLine.
   std::string fitting(const std::string& text) const;
   void changed(const PropertyBase& property) override;
   Property<std::string> Text{*this, {}};

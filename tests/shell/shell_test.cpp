@@ -68,6 +68,8 @@ TEST_F(Shell, EachChangeOfAnOptionReachesItemAndFileAtOnce) {
   configure("0;1;30;5;\r\n");
   run("menu Opciones");
   EXPECT_EQ(options(), "0;1;30;5;\r\n30 5 01");
+  app.forms.typed(app.opciones.txtTiempoRed, "12\r\n3"); // pasted
+  EXPECT_EQ(options(), "0;1;12;5;\r\n12 5 01") << "a box of one line holds one line";
   const frmOpciones& shown = app.opciones;
   EXPECT_EQ(shown.chkPermitirBanderas.Value * 10 + shown.chkLimiteFilas.Value, 1);
   EXPECT_EQ(shown.comJugadorActualRed.Text() + std::to_string(principal.JugadorRed), "22");
