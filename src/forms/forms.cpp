@@ -57,11 +57,15 @@ Answer Forms::messageBox(const std::string& text, BoxStyle style) {
 }
 
 Answer Forms::messageBox(const MessageBox& box) {
+  if (ended_)
+    return box.style == BoxStyle::Information ? Answer::Ok : Answer::No;
   const Counted open(boxes_);
   return desktop_.messageBox(box);
 }
 
 std::optional<std::string> Forms::fileDialog(const FileDialog& dialog) {
+  if (ended_)
+    return std::nullopt;
   const Counted open(boxes_);
   auto path = desktop_.fileDialog(dialog);
   // An accepted dialog without a name counts as cancelled.

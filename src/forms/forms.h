@@ -86,6 +86,9 @@ public:
   // asks, and closes nothing: another program may still hold the session up. False also while a
   // box waits for its answer.
   bool sessionMayEnd();
+  // The session has ended. What a handler still does comes to its end without a window or a box.
+  void sessionEnded() { ended_ = true; }
+  bool hasEnded() const { return ended_; }
 
 private:
   class EventScope; // from the report to the end of its handlers
@@ -96,6 +99,7 @@ private:
   Focus focus_{desktop_};
   int boxes_ = 0; // message boxes and file dialogs on the screen
   int events_ = 0;
+  bool ended_ = false; // the session, and with it the program
 };
 
 } // namespace forms

@@ -29,6 +29,8 @@ void Window::open() {
   opening_ = true;
   Form_Load();
   opening_ = false;
+  if (forms_.hasEnded())
+    return;
   open_ = true;
   forms_.focus().opened(*this);
 }

@@ -31,6 +31,16 @@ TEST_F(Shell, TheInformationBoxStandsAloneBeforeAndAfterTheRest) {
   EXPECT_TRUE(screen.closeWindow(frame));
 }
 
+TEST_F(Shell, ASessionThatEndsBehindTheInformationBoxOpensNothing) {
+  screen.missingPictures = "tiempo"; // which nobody hears of any more
+  screen.expectBox(informationBox().text, Answer::Ok, [&] {
+    EXPECT_TRUE(app.forms.sessionMayEnd());
+    app.forms.sessionEnded();
+  });
+  app.start();
+  EXPECT_FALSE(frame.isOpen());
+}
+
 TEST_F(Shell, AFileLeadsOnFromEverywhereButPlayAndClosesTheOptions) {
   start();
   const auto seen = [&] {

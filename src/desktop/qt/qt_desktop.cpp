@@ -16,7 +16,8 @@ namespace forms::qt {
 
 // --- From start to end ---------------------------------------------------------------------------
 
-Application::Application(int& argc, char** argv, Reporter& reporter) : QApplication(argc, argv) {
+Application::Application(int& argc, char** argv, Reporter& reporter)
+    : QApplication(argc, argv), reporter_(reporter) {
   connect(this, &QGuiApplication::commitDataRequest, this, [&reporter](QSessionManager& session) {
     session.setRestartHint(QSessionManager::RestartNever); // it would come back without its game
     if (!session.allowsInteraction())
@@ -32,6 +33,7 @@ Application::Application(int& argc, char** argv, Reporter& reporter) : QApplicat
 bool Application::event(QEvent* event) {
   if (event->type() != QEvent::Quit)
     return QApplication::event(event);
+  reporter_.forms().sessionEnded();
   exit();
   return true;
 }

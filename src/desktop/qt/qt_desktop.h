@@ -20,6 +20,9 @@ public:
 
 protected:
   bool event(QEvent* event) override;
+
+private:
+  Reporter& reporter_;
 };
 
 // One per process. First make it, then connect the forms layer to it, open the first window, and
