@@ -86,16 +86,18 @@ def save_and_load(player):
     player.choose("Juego", "Guardar Juego")
     proposed = value_of(player.find("Nombre:", "text"))
     assert re.fullmatch(r"JuegoGuardado(-\d\d){2}-\d{4}(-\d\d){3}", proposed), proposed
-    player.choose_file("Guardar Juego", "partida.txt")
-    saved = player.folder / "jguardados" / "partida.txt"
+    player.choose_file("Guardar Juego", proposed)
+    saved = player.folder / "jguardados" / proposed
     text = saved_game(pieces_after(OPENING), 1, side=6)
     wait_for("the saved game", lambda: saved.exists() and saved.read_bytes() == text)
     player.close_window("En Juego")
     player.choose("Juego", "Cargar Juego")
-    player.sees("partida.txt")
+    player.choose_item("Archivos de texto", "Todos los archivos")
+    player.sees(proposed)
     player.photograph("cargar")
-    player.choose_file("Cargar Juego", "partida.txt")
+    player.choose_file("Cargar Juego", proposed)
     player.sees("En Juego")
+    return saved
 
 
 def win(player):
@@ -112,13 +114,13 @@ def win(player):
     player.close_window("En Juego")
 
 
-def join(player):
+def join(player, game):
     player.choose("Juego", "Nuevo Juego")
     player.choose("Opciones")
     player.sees("Jugar en Red")
     player.photograph("opciones")
     player.click("Cargar Juego en Red")
-    player.choose_file("Cargar Juego", "partida.txt")
+    player.choose_file("Cargar Juego", game)
     player.sees("Jugador -1- Actualización en: -*- segundos")
     player.photograph("red")
 
@@ -140,10 +142,10 @@ def main():
         player.sees(marker(16))
         player.photograph("en-juego")
         player.click(unit(23))
-        save_and_load(player)
+        saved = save_and_load(player)
         player.play(ENDING)
         win(player)
-        join(player)
+        join(player, saved)
         player.leave()
 
 
