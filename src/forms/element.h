@@ -81,8 +81,9 @@ public:
   virtual bool press(MouseButton button);
   // What a click does beyond the focus.
   virtual void click() {}
-  // What assistive technology says; empty: the caption.
+  // What assistive technology says, and what it adds; an empty name: the caption.
   virtual std::string spokenName() const { return AccessibleName; }
+  virtual std::string spokenHint() const { return ToolTipText; }
 
   // The window opens. At its first time the properties say how the element is made; later they go
   // back to that, and no event is raised.

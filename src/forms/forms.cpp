@@ -120,6 +120,16 @@ void Forms::clicked(Element& element) {
     element.click();
 }
 
+void Forms::invoked(Element& element) {
+  GridPicture* const grid = element.window().grid();
+  if (&element != grid || grid->columns() == 0)
+    return clicked(element);
+  if (!personMayUse(element))
+    return;
+  const EventScope event(*this);
+  passOver(grid->keyPressed(Key::Enter));
+}
+
 void Forms::shortcutPressed(Button& button) {
   if (!personMayUse(button.window()))
     return;

@@ -59,9 +59,12 @@ public:
 
   // A mouse button went down. False: the action ends here, as the focus was not let go.
   bool pressed(Element& element, MouseButton button);
-  // The left button was pressed and let go over the element, or a key or a screen reader did the
-  // same. Buttons, check boxes, pictures, labels, menu entries.
+  // The left button was pressed and let go over the element, or a key did the same. Buttons, check
+  // boxes, pictures, labels, menu entries.
   void clicked(Element& element);
+  // A screen reader pressed the element: a click, and on a board what Enter does at the cursor, for
+  // no pointer stands anywhere.
+  void invoked(Element& element);
   // A button's Shortcut was pressed in its window.
   void shortcutPressed(Button& button);
   // The pointer stands at X, Y (twips) of the picture.

@@ -74,6 +74,10 @@ std::string GridPicture::spokenName() const {
   return nameOfEmptySquare ? nameOfEmptySquare(cursorSquare()) : AccessibleName.get();
 }
 
+std::string GridPicture::spokenHint() const {
+  return cursorSquare() == 0 ? ToolTipText.get() : std::string();
+}
+
 bool GridPicture::keyPressed(Key key) {
   if (columns_ == 0)
     return false;
@@ -127,12 +131,14 @@ void GridPicture::move(int columns, int rows) {
   point(target());
 }
 
-// The hint of what stands there follows the cursor as it follows the pointer.
+// The grid's own tip stays: it is shown at the mouse, and tells of what that points at.
 void GridPicture::point(Picture& picture) {
   const auto [left, top] = cornerOf(picture);
   const int x = cornerOfCursor().x + side_ / 2 - left;
   const int y = cornerOfCursor().y + side_ / 2 - top;
+  const std::string tip = ToolTipText;
   raise(picture.MouseMove, static_cast<float>(x), static_cast<float>(y));
+  ToolTipText = tip;
 }
 
 } // namespace forms

@@ -49,8 +49,9 @@ public:
   // The mouse points at X, Y (twips) of a picture of the window.
   void pointerAt(const Picture& picture, float X, float Y);
 
-  // While the cursor shows: what stands on its square.
+  // While the cursor shows: what stands on its square. The tip belongs to the mouse.
   std::string spokenName() const override;
+  std::string spokenHint() const override;
   void startAnew(bool firstTime) override;
 
   // What the picture is called while the cursor stands on an empty square.

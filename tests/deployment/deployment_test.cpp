@@ -65,6 +65,17 @@ TEST_F(Deployment, TheRefusalsComeInTheirOrder) {
             "Cuadro: 20 (4,5)Cuadro: 12 (3,2)");
 }
 
+TEST_F(Deployment, AScreenReaderPlacesAUnitWhereTheCursorIsNotThePointer) {
+  forms::GridPicture& board = app.nuevoJuego.picTablero;
+  screen.key(forms::Key::Digit, 1); // infantry
+  EXPECT_EQ(hint("picTablero 590;590"), "Cuadro: 1 (1,1)");
+  app.forms.invoked(board); // no cursor shows
+  run("Right, Right");
+  app.forms.invoked(board);
+  EXPECT_EQ(pictures(), "...i./...../...../...../.I...");
+  EXPECT_EQ(board.ToolTipText.get(), "Cuadro: 1 (1,1)") << "it is shown at the mouse";
+}
+
 TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoard) {
   for (const std::string board :
        {"b.g../ci.../...../...IC/..G.B", "....../.e..../g...../.....G/....E./......",

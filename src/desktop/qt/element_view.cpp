@@ -79,7 +79,7 @@ void WidgetView::syncNames() {
 }
 
 QString WidgetView::description() const {
-  return toQt(element()->ToolTipText);
+  return toQt(element()->spokenHint());
 }
 
 void WidgetView::syncReach() {
@@ -158,7 +158,8 @@ void WidgetView::offerPress(Pressable& shown, bool offered) {
   // Later, for the press may end in a message box, and the screen reader waits for its call's end.
   shown.press = [this] {
     QMetaObject::invokeMethod(
-        this, [this] { click(); }, Qt::QueuedConnection);
+        this, [this] { reportUse([this](Forms& forms) { forms.invoked(*element()); }); },
+        Qt::QueuedConnection);
   };
 }
 

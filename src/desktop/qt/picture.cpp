@@ -165,7 +165,7 @@ protected:
     constexpr int EdgeWidth = 4; // pixels at 96 dpi
     const int raised = shown().Appearance == 1 ? std::max(2, scale().length(EdgeWidth)) : 0;
     widget().setLooks({toQt(shown().picturePath()), inner(), raised, shown().Border, background});
-    offerPress(widget(), static_cast<bool>(shown().Click));
+    offerPress(widget(), shown().Click || board());
     widget().role = shown().Click ? QAccessible::Button : QAccessible::Graphic;
     // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
     if (const int rank = shown().zOrderRank; std::exchange(shownRank_, rank) != rank)

@@ -67,7 +67,7 @@ void same(const Element& element, const char* what, const T& expected, const T& 
 void lookAtWords(const Element& element, const QWidget& widget) {
   QStringList expected, seen;
   const QString tip = text(element.ToolTipText), name = text(element.spokenName());
-  QString shown, caption, shownThere, description = tip;
+  QString shown, caption, shownThere, description = text(element.spokenHint());
   if (const auto* const box = dynamic_cast<const TextBox*>(&element))
     shown = text(box->Text).remove('\r');
   if (const auto* const label = dynamic_cast<const Label*>(&element))
