@@ -1,0 +1,42 @@
+#!/usr/bin/python3
+"""The archive's starter becomes the program, or says in a window why it cannot; also where the launcher
+has the end of children ignored."""
+
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+
+def script(path, *lines):
+    path.write_text("\n".join(["#!/bin/sh", *lines]))
+    path.chmod(0o755)
+
+
+with tempfile.TemporaryDirectory() as home:
+    folder = Path(home)
+    check, program = folder / "lib/check.sh", folder / "falanges.bin"
+    check.parent.mkdir()
+    shutil.copy(sys.argv[2], folder / "falanges")
+    script(program, "echo El programa")
+    script(folder / "zenity", 'echo "Ventana: $*"')
+    os.environ["PATH"] = f"{folder}:/usr/bin:/bin"
+
+    def shows(*words):
+        shown = subprocess.run(
+            [folder / "falanges"],
+            stdout=subprocess.PIPE,
+            preexec_fn=lambda: signal.signal(signal.SIGCHLD, signal.SIG_IGN),
+        ).stdout.decode()
+        assert all(word in shown for word in words), shown
+
+    shows("Ventana", f"{check}")  # missing
+    script(check, "echo 'Falta libX'", "exit 1")
+    shows("Ventana", "Falta libX")
+    script(check, "exit 0")
+    shows("El programa")
+    program.unlink()
+    shows("Ventana", f"{program}")
