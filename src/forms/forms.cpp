@@ -89,7 +89,7 @@ std::optional<Forms::PictureFile> Forms::findPicture(std::string_view literal,
   if (const auto size = desktop_.pictureSize(path))
     return PictureFile{std::move(path), *size};
   if (onFailure == OnFailure::Tell)
-    failed("No se puede cargar la imagen:\r\n", std::move(path));
+    failed(PictureFailure, std::move(path));
   return std::nullopt;
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "shell/missing_pictures.h"
+
 namespace falanges {
 
 App::App(forms::Desktop& desktop, std::unique_ptr<Runner> runner)
@@ -37,7 +39,8 @@ void App::tellFailures() {
     if (principal.JuegoEnRed || std::find(told_.begin(), told_.end(), text) != told_.end())
       continue;
     told_.push_back(text);
-    forms.messageBox(text + path);
+    forms.messageBox(text == forms::Forms::PictureFailure ? missingPicturesText(forms, path)
+                                                          : text + path);
   }
 }
 

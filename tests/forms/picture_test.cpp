@@ -25,4 +25,22 @@ TEST_F(MissingPictures, AreToldOnceAndItGoesOnWithTheOldOnes) {
   EXPECT_EQ(status(), "En Espera/En Turno");
 }
 
+TEST_F(MissingPictures, AreAllNamedInOneBox) {
+  start();
+  screen.missingPictures = "x"; // the boards
+  std::string text = "No se pueden cargar las imágenes:";
+  for (const char* name : {"5x5", "6x6", "7x7", "8x8"})
+    text += "\r\n" + file("img\\" + std::string(name) + ".jpg");
+  screen.expectBox(text);
+  run("menu NuevoJuego, choose comTablero 6x6");
+}
+
+TEST_F(MissingPictures, OfAWholeFolderAskToUnpackTheProgram) {
+  screen.missingPictures = ".ico";
+  screen.expectBox(informationBox().text);
+  screen.expectBox("Faltan las imágenes del juego: descomprima la carpeta completa del programa y "
+                   "ábralo desde ella.");
+  app.start();
+}
+
 } // namespace falanges
