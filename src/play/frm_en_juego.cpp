@@ -60,9 +60,10 @@ void frmEnJuego::Form_Load() {
 }
 
 void frmEnJuego::placeWindow() {
+  // Both are whole numbers, which a refresh has written.
   if (principal_.JuegoEnRed)
-    moveTo(forms::storedNearest<int>(forms::Val(mainWindow_.LeftEnJuego)),
-           forms::storedNearest<int>(forms::Val(mainWindow_.TopEnJuego)));
+    moveTo(static_cast<int>(forms::Val(mainWindow_.LeftEnJuego)),
+           static_cast<int>(forms::Val(mainWindow_.TopEnJuego)));
   else
     moveTo(0, 0);
 }
