@@ -26,6 +26,17 @@ FLOORS = {
 }
 SCREEN = "desktop/qt"
 SCREEN_MAY_INCLUDE = {SCREEN, "forms"}
+# Inside the screen's folder, too: from the ground up; files on one floor don't know each other.
+SCREEN_FLOORS = [
+    "conversions decoder_warnings keyboard_move reporter scale scrolling stacking style zoom",
+    "element_view fonts form mark message_box picture_store",
+    "accessibility file_dialog focus_keeper zoom_control",
+    "application picture_widget screen",
+    "control_view window_view",
+    "child_window picture_view",
+    "elements windows",
+    "qt_desktop",
+]
 LONGEST_SEAM = 12
 
 TEXT_FILES = {".cpp", ".h", ".cmake", ".in", ".json", ".manifest", ".md", ".py", ".sh", ".supp", ".svg"}
@@ -58,6 +69,18 @@ def may_include(folder, other):
     return other == folder or FLOORS.get(other, len(FLOORS)) < FLOORS[folder]
 
 
+def screen_floor(name):
+    """Of a file in the screen's folder, whatever system it is for; -1 for one that has no place."""
+    part = re.sub(r"_(posix|windows)$", "", Path(name).stem)
+    return next((i for i, floor in enumerate(SCREEN_FLOORS) if part in floor.split()), -1)
+
+
+def runs_up(name, target):
+    """Whether one file of the screen's folder includes another that does not lie below it."""
+    same = re.sub(r"_(posix|windows)$", "", Path(name).stem) == Path(target).stem
+    return not same and screen_floor(target) >= screen_floor(name)
+
+
 def check_source(path):
     name = path.relative_to(SRC).as_posix()
     text = path.read_text(encoding="utf-8", errors="replace")
@@ -68,6 +91,8 @@ def check_source(path):
         if not name.startswith("main"):
             report(path, 1, "lies in no folder of the layout")
         return
+    if folder == SCREEN and screen_floor(name) < 0:
+        report(path, 1, "has no floor in SCREEN_FLOORS")
     for include in INCLUDE.finditer(text):
         kind, target = include.groups()
         line = line_of(text, include.start(1))
@@ -76,6 +101,8 @@ def check_source(path):
         elif kind == '"' and not target.endswith(".moc"):
             if not may_include(folder, folder_of(target)):
                 report(path, line, f"{folder} may not include {target}")
+            elif folder == folder_of(target) == SCREEN and runs_up(name, target):
+                report(path, line, f"{target} lies no lower")
     if folder != SCREEN:
         # Comments keep their line ends, so that positions stay true.
         code = COMMENT.sub(lambda comment: re.sub(r"[^\n]", " ", comment.group()), text)

@@ -6,7 +6,6 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QComboBox>
-#include <QHash>
 
 #include "desktop/qt/form.h"
 
@@ -138,9 +137,8 @@ void tellSight(QWidget& element, bool inSight) {
   QAccessible::updateAccessibility(&event);
 }
 
-void announce(QWidget& element, const QString& text) {
-  static QHash<QString, QString> said; // by the name of the element
-  if (std::exchange(said[element.objectName()], text) == text || !QAccessible::isActive())
+void Announcer::announce(QWidget& element, const QString& text) {
+  if (std::exchange(said_[element.objectName()], text) == text || !QAccessible::isActive())
     return;
   const auto tell = [&element, text] {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)

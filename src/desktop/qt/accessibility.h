@@ -5,6 +5,7 @@
 #include <functional>
 
 #include <QAccessible>
+#include <QHash>
 
 class QWidget;
 
@@ -23,9 +24,16 @@ void installAccessibility();
 // Tells screen readers that the element has come into sight, or is about to go out of it.
 void tellSight(QWidget& element, bool inSight);
 
-// Has screen readers say the text, wherever the focus is, unless it is what they said last for an
-// element of this name. Before Qt 6.8 nothing is said on Windows; elsewhere the element counts as a
-// notification that appears, which the readers there say.
-void announce(QWidget& element, const QString& text);
+// Has screen readers say what nobody asked for, wherever the focus is. Before Qt 6.8 nothing is
+// said on Windows; elsewhere the element counts as a notification that appears, which the readers
+// there say.
+class Announcer {
+public:
+  // Says the text, unless it was the last one for an element of this name.
+  void announce(QWidget& element, const QString& text);
+
+private:
+  QHash<QString, QString> said_; // by the name of the element
+};
 
 } // namespace forms::qt

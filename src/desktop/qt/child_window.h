@@ -8,10 +8,10 @@ class Window;
 
 namespace forms::qt {
 
-class QtDesktop;
 class WindowView;
+struct Screen;
 
 // To be made while the frame is on the screen.
-WindowView* makeChildView(Window& window, QtDesktop& desktop);
+WindowView* makeChildView(Window& window, Screen& screen);
 
 } // namespace forms::qt

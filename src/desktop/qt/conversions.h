@@ -21,10 +21,6 @@ inline QColor toQt(Color color) {
   return {color.red, color.green, color.blue};
 }
 
-// The nearest whole pixel.
-inline int pixels(int twips) {
-  return static_cast<int>(std::lround(static_cast<double>(twips) / TwipsPerPixel));
-}
 inline int twips(int pixels) {
   return pixels * TwipsPerPixel;
 }

@@ -22,13 +22,11 @@
 #include <QStyleOptionButton>
 #include <QTimer>
 
+#include "desktop/qt/control_view.h"
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/element_view.h"
 #include "desktop/qt/form.h"
-#include "desktop/qt/look.h"
-#include "desktop/qt/picture.h"
-#include "desktop/qt/qt_desktop.h"
-#include "desktop/qt/windows.h"
+#include "desktop/qt/picture_view.h"
+#include "desktop/qt/window_view.h"
 
 namespace forms::qt {
 
@@ -43,14 +41,14 @@ public:
 
 class LabelView final : public ViewOf<Label, LabelWidget> {
 public:
-  LabelView(Label& label, QtDesktop& desktop, QWidget* form)
-      : ViewOf(label, desktop, new LabelWidget(form)) {
+  LabelView(Label& label, Screen& screen, QWidget* form)
+      : ViewOf(label, screen, new LabelWidget(form)) {
     widget().role = label.Announced ? QAccessible::Notification : QAccessible::StaticText;
     offerPress(widget(), static_cast<bool>(label.Click));
     widget().setTextFormat(Qt::PlainText);
     widget().setAlignment(Qt::AlignLeft | Qt::AlignTop);
     widget().setAutoFillBackground(label.BackColor.has_value());
-    applyColors(widget(), label, QPalette::Window, QPalette::WindowText);
+    setColors(QPalette::Window, QPalette::WindowText);
     setClicks(Clicks::OfMouse);
   }
 
@@ -58,11 +56,11 @@ protected:
   void syncKind() override {
     widget().setText(caption());
     // Where there is room for one line only, a wrapped word would vanish altogether.
-    const QFont font = fontFor(shown().TextFont, scale());
+    const QFont font = screen().fonts.fontFor(shown().TextFont, scale());
     widget().setWordWrap(widget().height() >= 2 * QFontMetrics(font).lineSpacing());
     fitText(widget(), font, caption(), widget().contentsRect().size(), widget().wordWrap());
     if (shown().Announced)
-      announce(widget(), widget().accessibleName());
+      screen().announcer.announce(widget(), widget().accessibleName());
   }
   QString caption() const override { return toQt(shown().Caption); }
 };
@@ -71,12 +69,12 @@ protected:
 
 class TextBoxView final : public ViewOf<TextBox, QLineEdit> {
 public:
-  TextBoxView(TextBox& box, QtDesktop& desktop, QWidget* form)
-      : ViewOf(box, desktop, new QLineEdit(form)) {
+  TextBoxView(TextBox& box, Screen& screen, QWidget* form)
+      : ViewOf(box, screen, new QLineEdit(form)) {
     if (box.MaxLength > 0)
       widget().setMaxLength(box.MaxLength);
     widget().setReadOnly(box.ReadOnly);
-    applyColors(widget(), box, QPalette::Base, QPalette::Text);
+    setColors(QPalette::Base, QPalette::Text);
     // Not textEdited: a screen reader sets the text without it.
     connect(&widget(), &QLineEdit::textChanged, this, [this](const QString& text) {
       reportUse([&](Forms& forms) { forms.typed(shown(), fromQt(text)); });
@@ -94,8 +92,8 @@ protected:
 
 class TextAreaView final : public ViewOf<TextBox, QPlainTextEdit> {
 public:
-  TextAreaView(TextBox& box, QtDesktop& desktop, QWidget* form)
-      : ViewOf(box, desktop, new QPlainTextEdit(form)) {
+  TextAreaView(TextBox& box, Screen& screen, QWidget* form)
+      : ViewOf(box, screen, new QPlainTextEdit(form)) {
     widget().setReadOnly(box.ReadOnly);
     if (box.ReadOnly)
       widget().setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -105,7 +103,7 @@ public:
     widget().setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     for (QScrollBar* bar : {widget().horizontalScrollBar(), widget().verticalScrollBar()})
       bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    applyColors(widget(), box, QPalette::Base, QPalette::Text);
+    setColors(QPalette::Base, QPalette::Text);
     watch(*widget().viewport());
     connect(&widget(), &QPlainTextEdit::textChanged, this,
             [this] { reportUse([this](Forms& forms) { forms.typed(shown(), fromQt(text())); }); });
@@ -128,9 +126,9 @@ private:
 
 class CheckBoxView final : public ViewOf<CheckBox, QCheckBox> {
 public:
-  CheckBoxView(CheckBox& box, QtDesktop& desktop, QWidget* form)
-      : ViewOf(box, desktop, new QCheckBox(form)) {
-    applyColors(widget(), box, QPalette::Base, QPalette::Text);
+  CheckBoxView(CheckBox& box, Screen& screen, QWidget* form)
+      : ViewOf(box, screen, new QCheckBox(form)) {
+    setColors(QPalette::Base, QPalette::Text);
     // Not clicked: a screen reader toggles the box without it.
     connect(&widget(), &QCheckBox::toggled, this, [this] { click(); });
   }
@@ -155,9 +153,9 @@ protected:
 
 class DropListView final : public ViewOf<DropList, QComboBox> {
 public:
-  DropListView(DropList& list, QtDesktop& desktop, QWidget* form)
-      : ViewOf(list, desktop, new QComboBox(form)) {
-    applyColors(widget(), list, QPalette::Base, QPalette::Text);
+  DropListView(DropList& list, Screen& screen, QWidget* form)
+      : ViewOf(list, screen, new QComboBox(form)) {
+    setColors(QPalette::Base, QPalette::Text);
     // A choice of the item that is chosen already counts too.
     connect(&widget(), &QComboBox::activated, this,
             [this](int index) { reportUse([&](Forms& forms) { forms.chosen(shown(), index); }); });
@@ -189,7 +187,7 @@ protected:
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() != QEvent::Wheel)
-      return WidgetView::eventFilter(watched, event);
+      return ControlView::eventFilter(watched, event);
     // A turn of the wheel on the way past would choose an item; it is meant for the window.
     event->ignore();
     return true;
@@ -200,10 +198,10 @@ protected:
 
 class ButtonView final : public ViewOf<Button, QPushButton> {
 public:
-  ButtonView(Button& button, QtDesktop& desktop, QWidget* form)
-      : ViewOf(button, desktop, new QPushButton(form)) {
+  ButtonView(Button& button, Screen& screen, QWidget* form)
+      : ViewOf(button, screen, new QPushButton(form)) {
     widget().setAutoDefault(false);
-    applyColors(widget(), button, QPalette::Button, QPalette::ButtonText);
+    setColors(QPalette::Button, QPalette::ButtonText);
     connect(&widget(), &QPushButton::clicked, this, [this] { click(); });
     if (button.Shortcut.empty())
       return;
@@ -220,7 +218,7 @@ protected:
     option.initFrom(&widget());
     const QStyle& style = *widget().style();
     const QRect room = style.subElementRect(QStyle::SE_PushButtonContents, &option, &widget());
-    fitText(widget(), fontFor(shown().TextFont, scale()), caption(), room.size());
+    fitText(widget(), screen().fonts.fontFor(shown().TextFont, scale()), caption(), room.size());
   }
   QString caption() const override { return toQt(shown().Caption); }
 };
@@ -229,17 +227,16 @@ protected:
 
 class MenuEntryView final : public ElementView {
 public:
-  MenuEntryView(MenuEntry& entry, QtDesktop& desktop, QMenuBar* bar)
-      : ElementView(entry, desktop, bar) {
+  MenuEntryView(MenuEntry& entry, Screen& screen, QMenuBar* bar)
+      : ElementView(entry, screen.reporter, bar) {
     if (isMenu(entry)) {
       menu_ = new QMenu(bar);
       action_ = menu_->menuAction();
       if (entry.WindowList) {
         connect(menu_, &QMenu::aboutToShow, this, [this] { listWindows(); });
         // A screen reader looks into the menu while it is closed. Behind the change of windows.
-        const auto* const area = bar->window()->findChild<QMdiArea*>();
         connect(
-            area, &QMdiArea::subWindowActivated, this, [this] { listWindows(); },
+            screen.area, &QMdiArea::subWindowActivated, this, [this] { listWindows(); },
             Qt::QueuedConnection);
       }
     } else {
@@ -252,7 +249,7 @@ public:
     action_->setObjectName(toQt(entry.name()));
     QWidget* holder = bar;
     if (entry.parent)
-      holder = desktop.viewOf<MenuEntryView>(*entry.parent).menu_;
+      holder = viewOf<MenuEntryView>(screen.views, *entry.parent).menu_;
     holder->addAction(action_);
   }
 
@@ -306,8 +303,8 @@ private:
 
 class TimerView final : public ElementView {
 public:
-  TimerView(Timer& timer, QtDesktop& desktop, QObject* parent)
-      : ElementView(timer, desktop, parent) {
+  TimerView(Timer& timer, Screen& screen, QObject* parent)
+      : ElementView(timer, screen.reporter, parent) {
     connect(&clock_, &QTimer::timeout, this, [this] {
       reporter().report([this](Forms& forms) { forms.ticked(elementAs<Timer>()); });
     });
@@ -333,22 +330,22 @@ private:
   QTimer clock_;
 };
 
-ElementView* makeWidgetView(Element& element, QWidget* form, QtDesktop& desktop) {
+ElementView* makeWidgetView(Element& element, QWidget* form, Screen& screen) {
   switch (element.kind()) {
   case Kind::Picture:
-    return makePictureView(static_cast<Picture&>(element), desktop, form);
+    return makePictureView(static_cast<Picture&>(element), screen, form);
   case Kind::Label:
-    return new LabelView(static_cast<Label&>(element), desktop, form);
+    return new LabelView(static_cast<Label&>(element), screen, form);
   case Kind::TextBox:
     if (static_cast<TextBox&>(element).MultiLine)
-      return new TextAreaView(static_cast<TextBox&>(element), desktop, form);
-    return new TextBoxView(static_cast<TextBox&>(element), desktop, form);
+      return new TextAreaView(static_cast<TextBox&>(element), screen, form);
+    return new TextBoxView(static_cast<TextBox&>(element), screen, form);
   case Kind::CheckBox:
-    return new CheckBoxView(static_cast<CheckBox&>(element), desktop, form);
+    return new CheckBoxView(static_cast<CheckBox&>(element), screen, form);
   case Kind::DropList:
-    return new DropListView(static_cast<DropList&>(element), desktop, form);
+    return new DropListView(static_cast<DropList&>(element), screen, form);
   case Kind::Button:
-    return new ButtonView(static_cast<Button&>(element), desktop, form);
+    return new ButtonView(static_cast<Button&>(element), screen, form);
   default:
     qFatal("%s is no element that a form shows", element.name().c_str());
   }
@@ -356,15 +353,15 @@ ElementView* makeWidgetView(Element& element, QWidget* form, QtDesktop& desktop)
 
 } // namespace
 
-ElementView* makeView(Element& element, WindowView& window, QtDesktop& desktop) {
+ElementView* makeView(Element& element, WindowView& window, Screen& screen) {
   if (element.kind() == Kind::Timer)
-    return new TimerView(static_cast<Timer&>(element), desktop, &window.widget());
+    return new TimerView(static_cast<Timer&>(element), screen, &window.widget());
   if (element.kind() != Kind::MenuEntry)
-    return makeWidgetView(element, &window.form(), desktop);
+    return makeWidgetView(element, &window.form(), screen);
   auto* const frame = qobject_cast<QMainWindow*>(&window.widget());
   if (!frame)
     qFatal("%s stands on a window without a menu", element.name().c_str());
-  return new MenuEntryView(static_cast<MenuEntry&>(element), desktop, frame->menuBar());
+  return new MenuEntryView(static_cast<MenuEntry&>(element), screen, frame->menuBar());
 }
 
 } // namespace forms::qt

@@ -7,10 +7,10 @@
 namespace forms::qt {
 
 class ElementView;
-class QtDesktop;
 class WindowView;
+struct Screen;
 
 // Makes the view of an element that stands on `window`, which must have a place for it.
-ElementView* makeView(Element& element, WindowView& window, QtDesktop& desktop);
+ElementView* makeView(Element& element, WindowView& window, Screen& screen);
 
 } // namespace forms::qt

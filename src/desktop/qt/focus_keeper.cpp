@@ -6,38 +6,34 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
-#include "desktop/qt/form.h"
-#include "desktop/qt/picture.h"
-#include "desktop/qt/qt_desktop.h"
-#include "desktop/qt/windows.h"
+#include "desktop/qt/mark.h"
 
 namespace forms::qt {
 
 namespace {
 
-// Of the mark.
-QRect placeAround(const QWidget& widget) {
+QRect markAround(const QWidget& widget) {
   constexpr int Distance = 3; // pixels
   return widget.geometry().adjusted(-Distance, -Distance, Distance, Distance);
 }
 
 } // namespace
 
-FocusKeeper::FocusKeeper(QtDesktop& desktop) : desktop_(desktop) {
+FocusKeeper::FocusKeeper(Reporter& reporter, const Views& views)
+    : reporter_(reporter), views_(views) {
   qApp->installEventFilter(this);
 }
 
 void FocusKeeper::watch(QMdiArea& area) {
-  area_ = &area;
   // Later, for the area is in the middle of its own work when it signals.
   connect(
-      &area, &QMdiArea::subWindowActivated, this, [this] { childActivated(); },
+      &area, &QMdiArea::subWindowActivated, &area, [this, &area] { childActivated(area); },
       Qt::QueuedConnection);
 }
 
 void FocusKeeper::give(Element& element) {
-  const auto quiet = desktop_.reporter().quiet();
-  const auto& view = desktop_.viewOf<WidgetView>(element);
+  const auto quiet = reporter_.quiet();
+  const auto& view = viewOf<WidgetView>(views_, element);
   QWidget& widget = view.widget();
   widget.window()->setAttribute(Qt::WA_KeyboardFocusChange, keyboard_);
   // A text that the keyboard comes to is selected: typing replaces it.
@@ -48,13 +44,13 @@ void FocusKeeper::give(Element& element) {
 
 void FocusKeeper::laidOut(Window& window) {
   if (window.focused())
-    showInSight(desktop_.viewOf<WidgetView>(*window.focused()));
+    showInSight(viewOf<WidgetView>(views_, *window.focused()));
 }
 
 // The mouse is at what it clicks, and that must not go away from under it.
 void FocusKeeper::showInSight(const WidgetView& view) {
   if (keyboard_)
-    desktop_.viewOf<WindowView>(view.element()->window()).showInSight(view.focusPlace());
+    viewOf<WidgetView>(views_, view.element()->window()).showInSight(view.focusPlace());
 }
 
 bool FocusKeeper::eventFilter(QObject* /*watched*/, QEvent* event) {
@@ -81,21 +77,21 @@ void FocusKeeper::mark(const WidgetView& view) {
   constexpr int Width = 1; // pixels
   const QWidget& widget = view.widget();
   mark_ = new Mark(widget.parentWidget());
-  mark_->showAt(placeAround(widget), Width);
+  mark_->showAt(markAround(widget), Width);
 }
 
 void FocusKeeper::placed(const QWidget& widget) {
   if (mark_ && widget.window()->focusWidget() == &widget)
-    mark_->setGeometry(placeAround(widget));
+    mark_->setGeometry(markAround(widget));
 }
 
 void FocusKeeper::activate(Window& child) {
-  const auto quiet = desktop_.reporter().quiet();
-  QWidget& widget = desktop_.viewOf<WindowView>(child).widget();
-  area_->setActiveSubWindow(static_cast<QMdiSubWindow*>(&widget));
+  const auto quiet = reporter_.quiet();
+  auto& sub = static_cast<QMdiSubWindow&>(viewOf<WidgetView>(views_, child).widget());
+  sub.mdiArea()->setActiveSubWindow(&sub);
   focus(child);
   if (child.focused())
-    showInSight(desktop_.viewOf<WidgetView>(*child.focused()));
+    showInSight(viewOf<WidgetView>(views_, *child.focused()));
 }
 
 void FocusKeeper::vanishes(QWidget& widget) {
@@ -103,7 +99,7 @@ void FocusKeeper::vanishes(QWidget& widget) {
   QWidget* const holder = top->focusWidget();
   if (!holder || (holder != &widget && !widget.isAncestorOf(holder)))
     return;
-  const auto quiet = desktop_.reporter().quiet();
+  const auto quiet = reporter_.quiet();
   delete mark_;
   if (QWidget* form = widget.parentWidget())
     form->setFocus(Qt::OtherFocusReason);
@@ -111,61 +107,61 @@ void FocusKeeper::vanishes(QWidget& widget) {
 
 void FocusKeeper::arrived(WidgetView& view) {
   const Element& element = *view.element();
-  if (desktop_.reporter().isQuiet() || element.window().focused() == &element)
+  if (reporter_.isQuiet() || element.window().focused() == &element)
     return;
-  arrived_ = settling_ ? nullptr : &view;
+  arrived_ = movedByQt_ ? nullptr : &view;
   later();
 }
 
 void FocusKeeper::windowChanged() {
-  settling_ = true;
+  movedByQt_ = true;
   later();
 }
 
 void FocusKeeper::later() {
-  if (std::exchange(looking_, true))
+  if (std::exchange(settleComes_, true))
     return;
   QMetaObject::invokeMethod(
-      this, [this] { look(); }, Qt::QueuedConnection);
+      this, [this] { settle(); }, Qt::QueuedConnection);
 }
 
-void FocusKeeper::look() {
-  looking_ = false;
-  settling_ = false;
+void FocusKeeper::settle() {
+  settleComes_ = false;
+  movedByQt_ = false;
   const QPointer<WidgetView> wished = std::exchange(arrived_, nullptr);
   QWidget* const holder = QApplication::focusWidget();
   // Behind a menu, a list or a box everything keeps its place until they have gone.
   if (!holder || QApplication::activePopupWidget())
     return;
   if (wished && wished->element() && &wished->widget() == holder)
-    if (desktop_.reporter().report([&](Forms& f) { return f.focusMoved(*wished->element()); }))
+    if (reporter_.report([&](Forms& f) { return f.focusMoved(*wished->element()); }))
       return;
   realign();
 }
 
 Window* FocusKeeper::windowOf(const QWidget* widget) const {
-  for (Window* window : desktop_.reporter().forms().openWindows())
-    if (&desktop_.viewOf<WindowView>(*window).widget() == widget)
+  for (Window* window : reporter_.forms().openWindows())
+    if (&viewOf<WidgetView>(views_, *window).widget() == widget)
       return window;
   return nullptr;
 }
 
-void FocusKeeper::childActivated() {
-  QMdiSubWindow* const sub = area_ ? area_->activeSubWindow() : nullptr;
+void FocusKeeper::childActivated(const QMdiArea& area) {
+  QMdiSubWindow* const sub = area.activeSubWindow();
   if (!sub)
     return; // another program, or the last child has gone
   Window* const window = windowOf(sub);
-  if (window && window == desktop_.reporter().forms().activeChild())
+  if (window && window == reporter_.forms().activeChild())
     return;
-  if (window && !settling_ &&
-      desktop_.reporter().report([&](Forms& forms) { return forms.activated(*window); }))
+  if (window && !movedByQt_ &&
+      reporter_.report([&](Forms& forms) { return forms.activated(*window); }))
     return;
   realign();
 }
 
 void FocusKeeper::realign() {
   Window* const window = windowOf(QApplication::activeWindow());
-  Window* const child = desktop_.reporter().forms().activeChild();
+  Window* const child = reporter_.forms().activeChild();
   if (window && window->windowKind() == WindowKind::Own)
     focus(*window);
   else if (window && child)
@@ -173,9 +169,9 @@ void FocusKeeper::realign() {
 }
 
 void FocusKeeper::focus(Window& window) {
-  const auto quiet = desktop_.reporter().quiet();
-  QWidget& holder = window.focused() ? desktop_.viewOf<WidgetView>(*window.focused()).widget()
-                                     : desktop_.viewOf<WindowView>(window).form();
+  const auto quiet = reporter_.quiet();
+  const Element& holding = window.focused() ? *window.focused() : window;
+  QWidget& holder = viewOf<WidgetView>(views_, holding).focusHolder();
   if (!holder.hasFocus())
     holder.setFocus(Qt::OtherFocusReason);
 }

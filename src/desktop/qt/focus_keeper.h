@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include "desktop/qt/element_view.h"
+#include "desktop/qt/reporter.h"
 #include "forms/window.h"
 
 class QMdiArea;
@@ -12,17 +14,15 @@ class QWidget;
 namespace forms::qt {
 
 class Mark;
-class QtDesktop;
-class WidgetView;
 
 // Qt moves the focus by itself, for instance when the frame becomes active again; then it is put
 // back. Where it goes to another element by a screen reader's wish, the forms layer is asked.
 class FocusKeeper : public QObject {
 public:
   // To be made behind the application.
-  explicit FocusKeeper(QtDesktop& desktop);
+  FocusKeeper(Reporter& reporter, const Views& views);
 
-  // The frame's area of child windows, from now on watched.
+  // The area of the child windows, from now on watched.
   void watch(QMdiArea& area);
 
   // The window was laid out anew: what the keyboard is on stays in sight.
@@ -48,8 +48,8 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-  void childActivated();
-  void look();
+  void childActivated(const QMdiArea& area);
+  void settle();
   // nullptr when the widget is none of a window on the screen.
   Window* windowOf(const QWidget* widget) const;
   void later();
@@ -59,15 +59,15 @@ private:
   void mark(const WidgetView& view);
   void showInSight(const WidgetView& view);
 
-  QtDesktop& desktop_;
-  QPointer<QMdiArea> area_;
+  Reporter& reporter_;
+  const Views& views_;
   QPointer<WidgetView> arrived_;
   QPointer<Mark> mark_;
   // Whether the person went on with the keyboard or the mouse: for the keyboard the focus is
   // marked.
   bool keyboard_ = false;
-  bool looking_ = false;  // a look is on its way
-  bool settling_ = false; // what moves now is moved by Qt
+  bool settleComes_ = false; // settle() is on its way
+  bool movedByQt_ = false;   // what moves until then
 };
 
 } // namespace forms::qt

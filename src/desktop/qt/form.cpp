@@ -10,7 +10,6 @@
 #include <QPainter>
 
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/qt_desktop.h"
 
 namespace forms::qt {
 
@@ -42,7 +41,7 @@ bool isArrow(Key key) {
 
 } // namespace
 
-Form::Form(Window& window, QtDesktop& desktop) : desktop_(desktop), window_(&window) {
+Form::Form(Window& window, Reporter& reporter) : reporter_(reporter), window_(&window) {
   setObjectName(toQt(window.name()));
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -71,7 +70,7 @@ void Form::mousePressEvent(QMouseEvent* event) {
   event->accept();
   if (!window_ || window_->windowKind() != WindowKind::Child)
     return;
-  desktop_.reporter().report([this](Forms& forms) { return forms.activated(*window_); });
+  reporter_.report([this](Forms& forms) { return forms.activated(*window_); });
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
@@ -83,15 +82,15 @@ void Form::keyPressEvent(QKeyEvent* event) {
   if (event->isAutoRepeat() && !isArrow(*key))
     return;
   const int digit = *key == Key::Digit ? event->key() - Qt::Key_0 : 0;
-  event->setAccepted(desktop_.reporter().report(
-      [&](Forms& forms) { return forms.keyPressed(*window_, *key, digit); }));
+  event->setAccepted(
+      reporter_.report([&](Forms& forms) { return forms.keyPressed(*window_, *key, digit); }));
 }
 
 // Qt asks also when the widget with the focus vanishes; nothing of that concerns the forms layer.
 bool Form::focusNextPrevChild(bool next) {
-  if (!window_ || desktop_.reporter().isQuiet())
+  if (!window_ || reporter_.isQuiet())
     return true;
-  desktop_.reporter().report([&](Forms& forms) { forms.tabbed(*window_, next); });
+  reporter_.report([&](Forms& forms) { forms.tabbed(*window_, next); });
   return true;
 }
 

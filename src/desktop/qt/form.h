@@ -4,16 +4,15 @@
 #include <QList>
 #include <QWidget>
 
+#include "desktop/qt/reporter.h"
 #include "desktop/qt/scale.h"
 #include "forms/window.h"
 
 namespace forms::qt {
 
-class QtDesktop;
-
 class Form final : public QWidget {
 public:
-  Form(Window& window, QtDesktop& desktop);
+  Form(Window& window, Reporter& reporter);
 
   // The window goes: the form never looks at it again.
   void detach() { window_ = nullptr; }
@@ -32,7 +31,7 @@ protected:
   bool focusNextPrevChild(bool next) override;
 
 private:
-  QtDesktop& desktop_;
+  Reporter& reporter_;
   Window* window_; // nullptr once it has gone
   Scale scale_;
 };

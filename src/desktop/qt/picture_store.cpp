@@ -33,34 +33,6 @@ QStringList candidates(const QString& path, int wanted) {
   return files;
 }
 
-// The decoders fill in what they cannot read, and only warn.
-bool damaged = false;
-
-void noteWarning(QtMsgType /*type*/, const QMessageLogContext& context, const QString& /*text*/) {
-  damaged = damaged || QLatin1String(context.category).startsWith(QLatin1String("qt.gui.imageio"));
-}
-
-// Null for a file that is not whole.
-QImage decode(const QString& path) {
-  QImageReader reader(path);
-  reader.setDecideFormatFromContent(true);
-  damaged = false;
-  const QtMessageHandler handler = qInstallMessageHandler(noteWarning);
-  QImage image = reader.read();
-  qInstallMessageHandler(handler);
-  return damaged ? QImage() : image;
-}
-
-QImage load(const QString& path, int wanted) {
-  for (const QString& file : candidates(path, wanted)) {
-    if (!QFileInfo::exists(file))
-      continue;
-    if (QImage image = decode(file); !image.isNull())
-      return image;
-  }
-  return {};
-}
-
 // Title bars and task lists take no larger images than that, also at the largest scale; the file's
 // largest one alone would cost a quarter of a megabyte for each icon.
 constexpr int LargestIcon = 128; // pixels
@@ -77,6 +49,24 @@ QIcon loadIcon(const QString& path) {
 }
 
 } // namespace
+
+QImage PictureStore::decode(const QString& path) {
+  QImageReader reader(path);
+  reader.setDecideFormatFromContent(true);
+  warnings_.take(); // of an icon
+  QImage image = reader.read();
+  return warnings_.take() ? QImage() : image;
+}
+
+QImage PictureStore::load(const QString& path, int wanted) {
+  for (const QString& file : candidates(path, wanted)) {
+    if (!QFileInfo::exists(file))
+      continue;
+    if (QImage image = decode(file); !image.isNull())
+      return image;
+  }
+  return {};
+}
 
 std::optional<PictureSize> PictureStore::size(const QString& path) {
   if (const auto known = sizes_.constFind(path); known != sizes_.constEnd())

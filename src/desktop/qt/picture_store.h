@@ -8,6 +8,7 @@
 #include <QPixmap>
 #include <QString>
 
+#include "desktop/qt/decoder_warnings.h"
 #include "forms/desktop.h"
 
 namespace forms::qt {
@@ -29,6 +30,12 @@ public:
   QIcon icon(const QString& path);
 
 private:
+  // Null for a file that is not whole.
+  QImage decode(const QString& path);
+  // From the smallest file with so many pixels to one at 96 dpi, or the next best.
+  QImage load(const QString& path, int wanted);
+
+  DecoderWarnings warnings_;
   QHash<QString, PictureSize> sizes_;
   QHash<QString, QPixmap> pixmaps_;
   QHash<QString, QIcon> icons_;

@@ -1,58 +1,32 @@
 #include "desktop/qt/qt_desktop.h"
 
+#include <utility>
+
 #include <QDateTime>
 #include <QDir>
-#include <QSessionManager>
 
-#include "desktop/qt/accessibility.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/elements.h"
 #include "desktop/qt/file_dialog.h"
-#include "desktop/qt/look.h"
 #include "desktop/qt/message_box.h"
+#include "desktop/qt/window_view.h"
 #include "desktop/qt/windows.h"
 
 namespace forms::qt {
 
 // --- From start to end ---------------------------------------------------------------------------
 
-Application::Application(int& argc, char** argv, Reporter& reporter)
-    : QApplication(argc, argv), reporter_(reporter) {
-  connect(this, &QGuiApplication::commitDataRequest, this, [&reporter](QSessionManager& session) {
-    session.setRestartHint(QSessionManager::RestartNever); // it would come back without its game
-    if (!session.allowsInteraction())
-      return;
-    if (reporter.report([](Forms& forms) { return forms.sessionMayEnd(); }))
-      session.release();
-    else
-      session.cancel();
-  });
-}
-
-// The session ends, and the person has agreed to that. Qt would ask each window to close once more.
-bool Application::event(QEvent* event) {
-  if (event->type() != QEvent::Quit)
-    return QApplication::event(event);
-  reporter_.forms().sessionEnded();
-  exit();
-  return true;
-}
-
-QtDesktop::QtDesktop(int& argc, char** argv) : application_(argc, argv, reporter_) {
-  // Boxes of the system would have its texts, and a menu at the screen's edge is none of the
-  // frame's.
-  QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-  QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
-  QApplication::setQuitOnLastWindowClosed(false);
-  applyLook();
-  speakSpanish();
-  installAccessibility();
+QtDesktop::QtDesktop(int& argc, char** argv) : application_(argc, argv) {
+  application_.sessionMayEnd = [this] {
+    return screen_.reporter.report([](Forms& forms) { return forms.sessionMayEnd(); });
+  };
+  application_.sessionEnded = [this] { screen_.reporter.forms().sessionEnded(); };
 }
 
 QtDesktop::~QtDesktop() {
-  for (ElementView* view : std::as_const(views_))
+  for (ElementView* view : std::as_const(screen_.views))
     view->detach();
-  for (ElementView* view : std::as_const(views_))
+  for (ElementView* view : std::as_const(screen_.views))
     if (auto* const window = dynamic_cast<WindowView*>(view))
       window->remove();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -60,16 +34,14 @@ QtDesktop::~QtDesktop() {
 
 int QtDesktop::run() {
   // The first window may have closed before it was all there.
-  return reporter_.forms().openWindows().empty() ? 0 : QApplication::exec();
+  return screen_.reporter.forms().openWindows().empty() ? 0 : QApplication::exec();
 }
 
 // --- Windows and elements ------------------------------------------------------------------------
 
 void QtDesktop::windowOpened(Window& window) {
-  WindowView* const view = makeView(window, *this);
-  views_.insert(&window, view);
-  if (window.windowKind() == WindowKind::Frame)
-    frame_ = &view->widget();
+  WindowView* const view = makeView(window, screen_);
+  screen_.views.insert(&window, view);
   for (Element* element : window.elements())
     changed(*element);
   view->sync();
@@ -77,45 +49,43 @@ void QtDesktop::windowOpened(Window& window) {
 }
 
 void QtDesktop::windowClosed(Window& window) {
-  auto& view = viewOf<WindowView>(window);
-  if (frame_ == &view.widget())
-    frame_ = nullptr;
+  auto& view = viewOf<WindowView>(screen_.views, window);
   // The widgets of the elements go with their window.
-  views_.removeIf([&](auto entry) {
+  screen_.views.removeIf([&](auto entry) {
     const bool goes = &entry.key()->window() == &window;
     if (goes)
       entry.value()->detach();
     return goes;
   });
   view.remove();
-  if (reporter_.forms().openWindows().empty())
+  if (screen_.reporter.forms().openWindows().empty())
     QCoreApplication::exit();
 }
 
 void QtDesktop::waitModal(Window& window) {
-  viewOf<WindowView>(window).waitUntilRemoved();
+  viewOf<WindowView>(screen_.views, window).waitUntilRemoved();
 }
 
 void QtDesktop::changed(Element& element) {
-  if (!views_.contains(&element)) {
-    auto& window = viewOf<WindowView>(element.window());
+  if (!screen_.views.contains(&element)) {
+    auto& window = viewOf<WindowView>(screen_.views, element.window());
     if (!window.hasPlaceFor(element))
       return;
-    views_.insert(&element, makeView(element, window, *this));
+    screen_.views.insert(&element, makeView(element, window, screen_));
   }
-  viewOf<ElementView>(element).sync();
+  viewOf<ElementView>(screen_.views, element).sync();
 }
 
 void QtDesktop::removed(Element& element) {
-  viewOf<ElementView>(element).remove();
-  views_.remove(&element);
+  viewOf<ElementView>(screen_.views, element).remove();
+  screen_.views.remove(&element);
 }
 
 void QtDesktop::focusAsked(Element& element) {
   if (element.kind() == Kind::Window)
-    focus_.activate(element.window());
-  else if (viewOf<WindowView>(element.window()).hasPlaceFor(element))
-    focus_.give(element);
+    screen_.focus.activate(element.window());
+  else if (viewOf<WindowView>(screen_.views, element.window()).hasPlaceFor(element))
+    screen_.focus.give(element);
 }
 
 // --- Boxes ---------------------------------------------------------------------------------------
@@ -139,11 +109,12 @@ std::string existingFolder(const std::string& wanted) {
 QWidget* QtDesktop::front() const {
   if (QWidget* const active = QApplication::activeModalWidget())
     return active;
-  return frame_ && frame_->isVisible() ? frame_ : nullptr;
+  QWidget* const frame = screen_.frame();
+  return frame && frame->isVisible() ? frame : nullptr;
 }
 
 Answer QtDesktop::messageBox(const MessageBox& box) {
-  return showMessageBox(box, pictures_.icon(toQt(box.icon)), front());
+  return showMessageBox(box, screen_.pictures.icon(toQt(box.icon)), front());
 }
 
 std::optional<std::string> QtDesktop::fileDialog(const FileDialog& dialog) {
@@ -155,7 +126,7 @@ std::optional<std::string> QtDesktop::fileDialog(const FileDialog& dialog) {
 // --- The system ----------------------------------------------------------------------------------
 
 std::optional<PictureSize> QtDesktop::pictureSize(const std::string& path) {
-  return pictures_.size(toQt(path));
+  return screen_.pictures.size(toQt(path));
 }
 
 DateTime QtDesktop::now() {

@@ -1,11 +1,8 @@
 #include "desktop/qt/windows.h"
 
-#include <memory>
 #include <utility>
 
-#include <QApplication>
 #include <QEvent>
-#include <QEventLoop>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMenuBar>
@@ -15,96 +12,9 @@
 
 #include "desktop/qt/child_window.h"
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/form.h"
-#include "desktop/qt/look.h"
-#include "desktop/qt/qt_desktop.h"
+#include "desktop/qt/window_view.h"
 
 namespace forms::qt {
-
-// --- What all windows do alike -------------------------------------------------------------------
-
-WindowView::WindowView(Window& window, QtDesktop& desktop, QWidget* widget, Form* form)
-    : ElementView(window, desktop, widget), widget_(*widget), form_(form) {
-  widget->setObjectName(toQt(window.name()));
-  widget->installEventFilter(this);
-}
-
-void WindowView::sync() {
-  const auto quiet = reporter().quiet();
-  widget_.setWindowTitle(toQt(window().Caption));
-  if (const QIcon icon = desktop().pictures().icon(toQt(window().Icon));
-      icon.cacheKey() != widget_.windowIcon().cacheKey()) {
-    widget_.setWindowIcon(icon);
-    if (window().windowKind() == WindowKind::Frame)
-      QApplication::setWindowIcon(icon); // of the boxes
-  }
-  syncPlace();
-}
-
-void WindowView::detach() {
-  if (form_)
-    form_->detach();
-  ElementView::detach();
-}
-
-void WindowView::remove() {
-  const auto quiet = reporter().quiet();
-  detach();
-  widget_.hide();
-  reporter().remove(&widget_);
-  if (waiting_)
-    waiting_->quit();
-}
-
-Form& WindowView::form() const {
-  if (!form_)
-    qFatal("%s has no place for elements", qPrintable(widget_.objectName()));
-  return *form_;
-}
-
-void WindowView::waitUntilRemoved() {
-  const auto loop = std::make_unique<QEventLoop>();
-  waiting_ = loop.get();
-  loop->exec();
-}
-
-// The decoration is of the same size at every scale.
-QSize WindowView::sizeAround(QSize decoration, const Scale& scale) const {
-  const QSize inner(pixels(window().ClientWidth), pixels(window().ClientHeight));
-  const QSize outer(pixels(window().Width), pixels(window().Height));
-  const QSize wanted = scale.length(inner.isEmpty() ? outer - decoration : inner);
-  return wanted.expandedTo(neededSize(scale)) + decoration;
-}
-
-// What comes and goes at run time, such as the units of a board, never stretches the window.
-QSize WindowView::neededSize(const Scale& scale) const {
-  QRect needed;
-  for (const Element* element : window().elements())
-    if (element->Visible && element->index() < 0)
-      needed |= desktop().viewOf<WidgetView>(*element).placeAt(scale);
-  return {needed.right() + 1, needed.bottom() + 1};
-}
-
-void WindowView::moveToPlace() {
-  widget_.move(pixels(window().Left), pixels(window().Top));
-}
-
-bool WindowView::eventFilter(QObject* /*watched*/, QEvent* event) {
-  switch (event->type()) {
-  case QEvent::Close:
-    event->ignore(); // the forms layer closes it, or not
-    if (element())
-      reporter().report([this](Forms& forms) { forms.closeRequested(window()); });
-    return true;
-  case QEvent::WindowActivate:
-  case QEvent::WindowDeactivate:
-    if (widget_.isWindow())
-      desktop().focus().windowChanged();
-    return false;
-  default:
-    return false;
-  }
-}
 
 namespace {
 
@@ -112,10 +22,10 @@ namespace {
 
 class FrameView final : public WindowView {
 public:
-  FrameView(Window& window, QtDesktop& desktop)
-      : WindowView(window, desktop, new QMainWindow, nullptr) {
+  FrameView(Window& window, Screen& screen) : WindowView(window, screen, new QMainWindow, nullptr) {
     auto& frame = static_cast<QMainWindow&>(widget());
     auto* const area = new QMdiArea(&frame);
+    screen.area = area;
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
@@ -129,14 +39,19 @@ public:
     bar.setContextMenuPolicy(Qt::PreventContextMenu);
     connect(new QShortcut(Qt::Key_F10, &frame), &QShortcut::activated, this,
             [&bar] { bar.setActiveAction(bar.actions().value(0)); });
-    desktop.focus().watch(*area);
+    screen.focus.watch(*area);
+  }
+
+  void detach() override {
+    screen().area = nullptr;
+    WindowView::detach();
   }
 
   // The place and size are those of the frame's outer edge; how wide the decoration is around it, a
   // window manager tells once it has drawn it.
   void appear() override {
     moveToPlace();
-    widget().resize(pixels(window().Width), pixels(window().Height));
+    widget().resize(Scale().pixels(window().Width), Scale().pixels(window().Height));
     if (!window().Maximized)
       return widget().show();
     widget().showMaximized();
@@ -158,7 +73,8 @@ private:
     if (!element() || widget().isMaximized())
       return;
     const QSize decoration = widget().frameGeometry().size() - widget().size();
-    widget().resize(QSize(pixels(window().Width), pixels(window().Height)) - decoration);
+    widget().resize(QSize(Scale().pixels(window().Width), Scale().pixels(window().Height)) -
+                    decoration);
     moveToPlace();
   }
 
@@ -170,8 +86,8 @@ private:
 // Stays in front of the frame, if there is one.
 class OwnView final : public WindowView {
 public:
-  OwnView(Window& window, QtDesktop& desktop)
-      : WindowView(window, desktop, makeWidget(desktop.frame()), new Form(window, desktop)) {
+  OwnView(Window& window, Screen& screen)
+      : WindowView(window, screen, makeWidget(screen.frame()), new Form(window, screen.reporter)) {
     form().setParent(&widget());
   }
 
@@ -199,16 +115,16 @@ private:
 
 } // namespace
 
-WindowView* makeView(Window& window, QtDesktop& desktop) {
+WindowView* makeView(Window& window, Screen& screen) {
   switch (window.windowKind()) {
   case WindowKind::Frame:
-    return new FrameView(window, desktop);
+    return new FrameView(window, screen);
   case WindowKind::Child:
-    return makeChildView(window, desktop);
+    return makeChildView(window, screen);
   case WindowKind::Own:
     break;
   }
-  return new OwnView(window, desktop);
+  return new OwnView(window, screen);
 }
 
 } // namespace forms::qt

@@ -1,146 +1,28 @@
-#include "desktop/qt/picture.h"
+#include "desktop/qt/picture_view.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <optional>
 #include <utility>
 
 #include <QMouseEvent>
-#include <QPainter>
-#include <QRegion>
-#include <QVariant>
 
+#include "desktop/qt/control_view.h"
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/element_view.h"
-#include "desktop/qt/picture_store.h"
-#include "desktop/qt/qt_desktop.h"
-#include "desktop/qt/windows.h"
+#include "desktop/qt/mark.h"
+#include "desktop/qt/picture_widget.h"
+#include "desktop/qt/stacking.h"
+#include "desktop/qt/window_view.h"
 #include "forms/grid_picture.h"
 
 namespace forms::qt {
-
-// --- What lies in front of what ------------------------------------------------------------------
-
-namespace {
-
-// Rank of what lies in front of every element.
-constexpr int FrontRank = std::numeric_limits<int>::max();
-
-// Moves the widget behind all of its form that have a higher rank and in front of all others. A
-// widget that was never given a rank has rank 0.
-void setStackingRank(QWidget& widget, int rank) {
-  constexpr const char* RankProperty = "stackingRank";
-  widget.setProperty(RankProperty, rank);
-  // From the hindmost to the frontmost.
-  for (QObject* sibling : widget.parentWidget()->children()) {
-    auto* const other = qobject_cast<QWidget*>(sibling);
-    if (other && other != &widget && other->property(RankProperty).toInt() > rank)
-      return widget.stackUnder(other);
-  }
-  widget.raise();
-}
-
-} // namespace
-
-// --- Mark ----------------------------------------------------------------------------------------
-
-Mark::Mark(QWidget* form) : QWidget(form) {
-  setAttribute(Qt::WA_TransparentForMouseEvents);
-  setStackingRank(*this, FrontRank);
-  hide();
-}
-
-void Mark::showAt(const QRect& place, int width) {
-  setGeometry(place);
-  if (std::exchange(width_, width) != width)
-    update();
-  show();
-}
-
-// Yellow between two dark lines: it shows on both tones of a board and on either side's units.
-void Mark::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  const auto frame = [&](int inset, const QColor& color) {
-    painter.setPen(color);
-    painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
-  };
-  frame(0, Qt::black);
-  for (int inset = 1; inset <= width_; ++inset)
-    frame(inset, QColor(255, 214, 0));
-  frame(width_ + 1, Qt::black);
-}
-
-// --- What is drawn -------------------------------------------------------------------------------
-
-namespace {
-
-void drawBorder(QPainter& painter, const QRect& rect) {
-  painter.setPen(Qt::black);
-  painter.drawRect(rect.adjusted(0, 0, -1, -1));
-}
-
-// A slanted edge that catches the light from the top left, between two dark lines, so that it shows
-// on light and on dark pictures.
-void drawRaised(QPainter& painter, const QRect& rect, int width) {
-  const QColor lit(255, 244, 190);
-  const QColor shaded(150, 106, 0);
-  for (int i = 1; i <= width; ++i) {
-    const QRect line = rect.adjusted(i, i, -i - 1, -i - 1);
-    painter.setPen(lit);
-    painter.drawLine(line.topLeft(), line.topRight());
-    painter.drawLine(line.topLeft(), line.bottomLeft());
-    painter.setPen(shaded);
-    painter.drawLine(line.bottomLeft(), line.bottomRight());
-    painter.drawLine(line.topRight(), line.bottomRight());
-  }
-  const int inner = width + 1;
-  drawBorder(painter, rect);
-  drawBorder(painter, rect.adjusted(inner, inner, -inner, -inner));
-}
-
-} // namespace
-
-PictureWidget::PictureWidget(PictureStore& pictures, QWidget* form)
-    : QWidget(form), pictures_(pictures) {
-  setAttribute(Qt::WA_OpaquePaintEvent);
-  setMouseTracking(true);
-}
-
-void PictureWidget::setLooks(Looks looks) {
-  if (looks == looks_)
-    return;
-  looks_ = std::move(looks);
-  update();
-}
-
-void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  const QRect& inner = looks_.inner;
-  const QPixmap pixmap = looks_.path.isEmpty()
-                             ? QPixmap()
-                             : pictures_.pixmap(looks_.path, inner.size(), devicePixelRatioF());
-  if (pixmap.isNull())
-    painter.fillRect(inner, looks_.background);
-  else
-    painter.drawPixmap(inner.topLeft(), pixmap); // pixel by pixel
-  if (looks_.border) {
-    for (const QRect& side : QRegion(rect()).subtracted(inner))
-      painter.fillRect(side, Qt::black);
-    drawBorder(painter, rect());
-  }
-  if (looks_.raised > 0)
-    drawRaised(painter, rect(), looks_.raised);
-}
-
-// --- The element ---------------------------------------------------------------------------------
 
 namespace {
 
 class PictureView final : public ViewOf<Picture, PictureWidget> {
 public:
-  PictureView(Picture& picture, QtDesktop& desktop, QWidget* form)
-      : ViewOf(picture, desktop, new PictureWidget(desktop.pictures(), form)) {
+  PictureView(Picture& picture, Screen& screen, QWidget* form)
+      : ViewOf(picture, screen, new PictureWidget(screen.pictures, form)) {
     setClicks(Clicks::OfMouse);
   }
 
@@ -149,7 +31,7 @@ public:
       cursor_->hide();
       reporter().remove(cursor_);
     }
-    WidgetView::remove();
+    ControlView::remove();
   }
 
   // On a board the cursor shows the place, also that of a unit.
@@ -164,7 +46,7 @@ protected:
         shown().BackColor ? toQt(*shown().BackColor) : widget().palette().color(QPalette::Base);
     constexpr int EdgeWidth = 4; // pixels at 96 dpi
     const int raised = shown().Appearance == 1 ? std::max(2, scale().length(EdgeWidth)) : 0;
-    widget().setLooks({toQt(shown().picturePath()), inner(), raised, shown().Border, background});
+    widget().show({toQt(shown().picturePath()), inner(), raised, shown().Border, background});
     offerPress(widget(), shown().Click || board());
     widget().role = shown().Click ? QAccessible::Button : QAccessible::Graphic;
     // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
@@ -193,7 +75,7 @@ protected:
     default:
       break;
     }
-    return WidgetView::eventFilter(watched, event);
+    return ControlView::eventFilter(watched, event);
   }
 
 private:
@@ -236,7 +118,7 @@ private:
     const bool moved = cursor_->isHidden() || cursor_->geometry() != *place;
     cursor_->showAt(*place, std::max(2, scale().length(CursorWidth)));
     if (moved)
-      desktop().viewOf<WindowView>(shown().window()).showInSight(*place);
+      viewOf<WindowView>(screen().views, shown().window()).showInSight(*place);
   }
 
   // The program hears of whole pixels at 96 dpi: of the file's one that shows in the middle of the
@@ -277,8 +159,8 @@ private:
 
 } // namespace
 
-ElementView* makePictureView(Picture& picture, QtDesktop& desktop, QWidget* form) {
-  return new PictureView(picture, desktop, form);
+ElementView* makePictureView(Picture& picture, Screen& screen, QWidget* form) {
+  return new PictureView(picture, screen, form);
 }
 
 } // namespace forms::qt

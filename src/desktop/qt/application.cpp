@@ -1,0 +1,60 @@
+#include "desktop/qt/application.h"
+
+#include <QEvent>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QSessionManager>
+#include <QTranslator>
+
+#include "desktop/qt/accessibility.h"
+#include "desktop/qt/style.h"
+
+namespace forms::qt {
+
+namespace {
+
+// Makes Spanish the language of Qt's own texts. Without Qt's translation file its few texts stay
+// English.
+void speakSpanish() {
+  const QLocale spanish(QLocale::Spanish, QLocale::Spain);
+  QLocale::setDefault(spanish);
+  auto* const translator = new QTranslator(qApp);
+  const QString name = QStringLiteral("qtbase_es");
+  if (translator->load(name,
+                       QCoreApplication::applicationDirPath() + QStringLiteral("/translations")) ||
+      translator->load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(translator);
+}
+
+} // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+  // Boxes of the system would have its texts, and a menu at the screen's edge is none of the
+  // frame's.
+  setAttribute(Qt::AA_DontUseNativeDialogs);
+  setAttribute(Qt::AA_DontUseNativeMenuBar);
+  setQuitOnLastWindowClosed(false);
+  applyStyle();
+  speakSpanish();
+  installAccessibility();
+  connect(this, &QGuiApplication::commitDataRequest, this, [this](QSessionManager& session) {
+    session.setRestartHint(QSessionManager::RestartNever); // it would come back without its game
+    if (!session.allowsInteraction())
+      return;
+    if (sessionMayEnd())
+      session.release();
+    else
+      session.cancel();
+  });
+}
+
+// The session ends, and the person has agreed to that. Qt would ask each window to close once more.
+bool Application::event(QEvent* event) {
+  if (event->type() != QEvent::Quit)
+    return QApplication::event(event);
+  sessionEnded();
+  exit();
+  return true;
+}
+
+} // namespace forms::qt

@@ -1,0 +1,78 @@
+#include "desktop/qt/keyboard_move.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMdiSubWindow>
+
+namespace forms::qt {
+
+namespace {
+
+class KeyboardMove final : public QObject {
+public:
+  explicit KeyboardMove(QMdiSubWindow& child) : QObject(&child), child_(child), from_(child.pos()) {
+    QApplication::setOverrideCursor(Qt::SizeAllCursor);
+    qApp->installEventFilter(this);
+  }
+  ~KeyboardMove() override { QApplication::restoreOverrideCursor(); }
+
+protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (QApplication::activeModalWidget()) { // it has opened meanwhile, and the keys are for it
+      end();
+      return false;
+    }
+    switch (event->type()) {
+    case QEvent::KeyPress:
+      pressed(static_cast<QKeyEvent*>(event)->key());
+      return true;
+    case QEvent::ShortcutOverride:
+      event->accept(); // no key is a shortcut meanwhile
+      return true;
+    case QEvent::MouseButtonPress:
+      end();
+      return false;
+    default:
+      return false;
+    }
+  }
+
+private:
+  void end() {
+    qApp->removeEventFilter(this);
+    deleteLater();
+  }
+
+  void pressed(int key) {
+    constexpr int Step = 10; // pixels
+    switch (key) {
+    case Qt::Key_Left:
+      return child_.move(child_.pos() - QPoint(Step, 0));
+    case Qt::Key_Right:
+      return child_.move(child_.pos() + QPoint(Step, 0));
+    case Qt::Key_Up:
+      return child_.move(child_.pos() - QPoint(0, Step));
+    case Qt::Key_Down:
+      return child_.move(child_.pos() + QPoint(0, Step));
+    case Qt::Key_Escape:
+      child_.move(from_);
+      return end();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return end();
+    default:
+      return;
+    }
+  }
+
+  QMdiSubWindow& child_;
+  const QPoint from_;
+};
+
+} // namespace
+
+void moveByKeyboard(QMdiSubWindow& child) {
+  new KeyboardMove(child);
+}
+
+} // namespace forms::qt

@@ -1,0 +1,37 @@
+#include "desktop/qt/mark.h"
+
+#include <utility>
+
+#include <QPainter>
+
+#include "desktop/qt/stacking.h"
+
+namespace forms::qt {
+
+Mark::Mark(QWidget* form) : QWidget(form) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setStackingRank(*this, FrontRank);
+  hide();
+}
+
+void Mark::showAt(const QRect& place, int width) {
+  setGeometry(place);
+  if (std::exchange(width_, width) != width)
+    update();
+  show();
+}
+
+// Yellow between two dark lines: it shows on both tones of a board and on either side's units.
+void Mark::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const auto frame = [&](int inset, const QColor& color) {
+    painter.setPen(color);
+    painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
+  };
+  frame(0, Qt::black);
+  for (int inset = 1; inset <= width_; ++inset)
+    frame(inset, QColor(255, 214, 0));
+  frame(width_ + 1, Qt::black);
+}
+
+} // namespace forms::qt

@@ -1,0 +1,22 @@
+// The frame that marks a place on a form for who plays with the keyboard.
+#pragma once
+
+#include <QWidget>
+
+namespace forms::qt {
+
+// Lies in front of everything on its form and lets the mouse through.
+class Mark final : public QWidget {
+public:
+  explicit Mark(QWidget* form);
+  // `width` is the line's in pixels, without the two dark lines beside it.
+  void showAt(const QRect& place, int width);
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  int width_ = 1;
+};
+
+} // namespace forms::qt

@@ -1,0 +1,33 @@
+#include "desktop/qt/zoom.h"
+
+#include <algorithm>
+#include <array>
+
+namespace forms::qt {
+
+namespace {
+
+constexpr int Whole = 100;
+constexpr std::array Steps{50, 55,  60,  65,  70,  75,  80,  85,  90,
+                           95, 100, 110, 125, 150, 175, 200, 250, 300};
+
+} // namespace
+
+void Zoom::chooseBeside(int percent, bool larger) {
+  const auto* const step = std::lower_bound(Steps.begin(), Steps.end(), percent);
+  if (larger)
+    chosen_ = step + 1 == Steps.end() ? percent : *(step + 1);
+  else
+    chosen_ = step == Steps.begin() ? percent : *(step - 1);
+}
+
+int Zoom::percent(const std::function<bool(int percent)>& fits) const {
+  if (chosen_)
+    return *chosen_;
+  const auto* step = std::find(Steps.begin(), Steps.end(), Whole);
+  while (step != Steps.begin() && !fits(*step))
+    --step;
+  return *step;
+}
+
+} // namespace forms::qt

@@ -1,0 +1,24 @@
+// The size in which windows with a board are shown, until the program ends.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+namespace forms::qt {
+
+// In steps, percent of the size at 96 dpi: the step that the person has chosen, or the largest one
+// up to the whole size that there is room for.
+class Zoom {
+public:
+  // Chooses the step beside this size; the last one itself.
+  void chooseBeside(int percent, bool larger);
+  // Chooses none: what fits.
+  void fit() { chosen_.reset(); }
+  // Asks of one step after another whether it fits; the smallest one counts as fitting.
+  int percent(const std::function<bool(int percent)>& fits) const;
+
+private:
+  std::optional<int> chosen_;
+};
+
+} // namespace forms::qt
