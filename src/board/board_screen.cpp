@@ -19,6 +19,7 @@ BoardScreen::BoardScreen(forms::Forms& forms, Principal& principal, MainWindow& 
   picTablero.TabIndex = 0;
   picTablero.MouseMove = [this](float X, float Y) { picTablero_MouseMove(X, Y); };
   picTablero.nameOfEmptySquare = [this](int n) { return emptySquareDescription(principal_, n); };
+  picTablero.inviting = [] { return false; }; // what a click does there depends on the square
   picUnidad.pattern.Width = UnitSide;
   picUnidad.pattern.Height = UnitSide;
   picUnidad.pattern.BackColor = UnitGround;

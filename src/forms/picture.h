@@ -44,6 +44,10 @@ public:
   std::function<void(MouseButton)> MouseDown;
   std::function<void()> Click;
 
+  // True when a click does something now: the pointer may say so.
+  bool invites() const { return isReachable() && Click && (!inviting || inviting()); }
+  std::function<bool()> inviting; // what the program says of that; unset: always
+
 private:
   std::string path_;
 };

@@ -22,6 +22,8 @@ bool PictureArray::Load(int i) {
   // Only what can be clicked says so to a screen reader.
   if (Click)
     made->Click = [this, i] { Click(i); };
+  if (inviting)
+    made->inviting = [this, i] { return inviting(i); };
   made->MouseDown = [this, i](MouseButton button) {
     if (MouseDown)
       MouseDown(i, button);

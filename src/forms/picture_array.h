@@ -37,6 +37,7 @@ public:
   std::function<void(int Index)> Click;
   std::function<void(int Index, MouseButton)> MouseDown;
   std::function<void(int Index)> MouseMove;
+  std::function<bool(int Index)> inviting; // as a picture's
 
 private:
   std::unique_ptr<Picture>& slot(int i) { return elements_[static_cast<std::size_t>(i - 1)]; }

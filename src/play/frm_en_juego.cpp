@@ -30,6 +30,7 @@ frmEnJuego::frmEnJuego(forms::Forms& forms, Principal& principal, MainWindow& ma
     : BoardScreen(forms, principal, mainWindow, "frmEnJuego") {
   BackColor = PlayGround;
   picUnidad.Click = [this](int Index) { picUnidad_Click(Index); };
+  picUnidad.inviting = [this](int Index) { return maySelect(Index); };
   picMovimientoPermitido.pattern.Width = MarkerSide;
   picMovimientoPermitido.pattern.Height = MarkerSide;
   picMovimientoPermitido.pattern.BackColor = MarkerColor;
@@ -130,6 +131,13 @@ void frmEnJuego::picUnidad_Click(int Index) {
   // No marker came up: a unit without a move does not stay selected.
   if (picMovimientoPermitido.count() == 1)
     select(Index, false);
+}
+
+// Whether a click selects the unit, or takes its selection back.
+bool frmEnJuego::maySelect(int n) {
+  const Casilla& square = principal_.Casillas(n);
+  return square.Jugador == JugadorActual && square.TUnidad != BAN &&
+         (n == selectedSquare() || !reach(principal_, n, JugadorActual).empty());
 }
 
 void frmEnJuego::select(int n, bool selected) {

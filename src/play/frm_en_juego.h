@@ -44,6 +44,7 @@ private:
   void drawUnits();
   void drawStatus();
 
+  bool maySelect(int n);
   void select(int n, bool selected);
   void showMarker(int n);
   void removeMarkers();

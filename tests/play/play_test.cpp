@@ -18,6 +18,21 @@ TEST_F(Play, TheHintNamesTheSquareUnderThePointer) {
   EXPECT_EQ(hint("picTablero 3000;0"), "Cuadro:  (0,3)");
 }
 
+TEST_F(Play, APictureInvitesWhereAClickDoesSomething) {
+  const auto inviting = [&] {
+    std::string names;
+    for (auto* element : app.forms.activeChild()->elements())
+      if (auto* picture = dynamic_cast<forms::Picture*>(element); picture && picture->invites())
+        names += " " + picture->name();
+    return names;
+  };
+  walk({"menu NuevoJuego =>  picINF picCAB picELE picGEN picBAN",
+        // Its own flags hold the infantry of square 22.
+        "load gb.../b..../...../BBB../BIBG. 1 =>  picUnidad(24)",
+        "move 24 19, click picUnidad(1) =>  picUnidad(1) picMovimientoPermitido(7)"},
+       inviting);
+}
+
 TEST_F(Play, SurrenderEndsTheGameWithoutAWinner) {
   run("load g..../...../...../...../....G 2");
   screen.expectBox("¿Declarar Rendición?", Answer::No);
