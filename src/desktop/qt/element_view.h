@@ -43,9 +43,9 @@ public:
 
   // What gets the keys while the keyboard's focus is here.
   virtual QWidget& focusHolder() const { return widget_; }
-  // Whether the focus must be marked for who plays with the keyboard. Qt's style does so for most
+  // Whether the focus must be outlined for who plays with the keyboard. Qt's style does so for most
   // kinds.
-  virtual bool needsMark() const { return false; }
+  virtual bool needsOutline() const { return false; }
   // Pixels on the form that who plays with the keyboard must see.
   virtual QRect focusPlace() const { return widget_.geometry(); }
   // Of a window: scrolls it until this place of its form is seen, as far as the place is not larger

@@ -133,7 +133,7 @@ public:
     connect(&widget(), &QCheckBox::toggled, this, [this] { click(); });
   }
   // The style marks the caption, which is not there.
-  bool needsMark() const override { return true; }
+  bool needsOutline() const override { return true; }
 
 protected:
   void syncKind() override { widget().setChecked(shown().Value != 0); }

@@ -6,13 +6,13 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
-#include "desktop/qt/mark.h"
+#include "desktop/qt/outline.h"
 
 namespace forms::qt {
 
 namespace {
 
-QRect markAround(const QWidget& widget) {
+QRect outlineAround(const QWidget& widget) {
   constexpr int Distance = 3; // pixels
   return widget.geometry().adjusted(-Distance, -Distance, Distance, Distance);
 }
@@ -38,7 +38,7 @@ void FocusKeeper::give(Element& element) {
   widget.window()->setAttribute(Qt::WA_KeyboardFocusChange, keyboard_);
   // A text that the keyboard comes to is selected: typing replaces it.
   widget.setFocus(keyboard_ ? Qt::TabFocusReason : Qt::OtherFocusReason);
-  mark(view);
+  outline(view);
   showInSight(view);
 }
 
@@ -62,7 +62,7 @@ bool FocusKeeper::eventFilter(QObject* /*watched*/, QEvent* event) {
   case QEvent::MouseButtonPress:
   case QEvent::MouseButtonDblClick:
     keyboard_ = false;
-    delete mark_;
+    delete outline_;
     break;
   default:
     break;
@@ -70,19 +70,19 @@ bool FocusKeeper::eventFilter(QObject* /*watched*/, QEvent* event) {
   return false;
 }
 
-void FocusKeeper::mark(const WidgetView& view) {
-  delete mark_;
-  if (!keyboard_ || !view.needsMark())
+void FocusKeeper::outline(const WidgetView& view) {
+  delete outline_;
+  if (!keyboard_ || !view.needsOutline())
     return;
   constexpr int Width = 1; // pixels
   const QWidget& widget = view.widget();
-  mark_ = new Mark(widget.parentWidget());
-  mark_->showAt(markAround(widget), Width);
+  outline_ = new Outline(widget.parentWidget());
+  outline_->showAt(outlineAround(widget), Width);
 }
 
 void FocusKeeper::placed(const QWidget& widget) {
-  if (mark_ && widget.window()->focusWidget() == &widget)
-    mark_->setGeometry(markAround(widget));
+  if (outline_ && widget.window()->focusWidget() == &widget)
+    outline_->setGeometry(outlineAround(widget));
 }
 
 void FocusKeeper::activate(Window& child) {
@@ -100,7 +100,7 @@ void FocusKeeper::vanishes(QWidget& widget) {
   if (!holder || (holder != &widget && !widget.isAncestorOf(holder)))
     return;
   const auto quiet = reporter_.quiet();
-  delete mark_;
+  delete outline_;
   if (QWidget* form = widget.parentWidget())
     form->setFocus(Qt::OtherFocusReason);
 }

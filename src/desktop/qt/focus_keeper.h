@@ -13,7 +13,7 @@ class QWidget;
 
 namespace forms::qt {
 
-class Mark;
+class Outline;
 
 // Qt moves the focus by itself, for instance when the frame becomes active again; then it is put
 // back. Where it goes to another element by a screen reader's wish, the forms layer is asked.
@@ -56,15 +56,15 @@ private:
   // Puts Qt's focus and active child where the forms layer has them.
   void realign();
   void focus(Window& window);
-  void mark(const WidgetView& view);
+  void outline(const WidgetView& view);
   void showInSight(const WidgetView& view);
 
   Reporter& reporter_;
   const Views& views_;
   QPointer<WidgetView> arrived_;
-  QPointer<Mark> mark_;
-  // Whether the person went on with the keyboard or the mouse: for the keyboard the focus is
-  // marked.
+  QPointer<Outline> outline_;
+  // Whether the person went on with the keyboard or the mouse: for the keyboard the focus has
+  // an outline.
   bool keyboard_ = false;
   bool settleComes_ = false; // settle() is on its way
   bool movedByQt_ = false;   // what moves until then

@@ -9,7 +9,7 @@
 
 #include "desktop/qt/control_view.h"
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/mark.h"
+#include "desktop/qt/outline.h"
 #include "desktop/qt/picture_widget.h"
 #include "desktop/qt/stacking.h"
 #include "desktop/qt/window_view.h"
@@ -35,7 +35,7 @@ public:
   }
 
   // On a board the cursor shows the place, also that of a unit.
-  bool needsMark() const override {
+  bool needsOutline() const override {
     return shown().index() < 0 && (!board() || board()->cursorSquare() == 0);
   }
   QRect focusPlace() const override { return cursorPlace().value_or(widget().geometry()); }
@@ -114,7 +114,7 @@ private:
       return;
     }
     if (!cursor_)
-      cursor_ = new Mark(widget().parentWidget());
+      cursor_ = new Outline(widget().parentWidget());
     const bool moved = cursor_->isHidden() || cursor_->geometry() != *place;
     cursor_->showAt(*place, std::max(2, scale().length(CursorWidth)));
     if (moved)
@@ -153,7 +153,7 @@ private:
   }
 
   int shownRank_ = -1;
-  Mark* cursor_ = nullptr;        // made at its first use
+  Outline* cursor_ = nullptr;     // made at its first use
   std::optional<QPoint> pointer_; // whole pixels, as last reported
 };
 

@@ -1,4 +1,4 @@
-// The frame that marks a place on a form for who plays with the keyboard.
+// The outline around a place on a form for who plays with the keyboard.
 #pragma once
 
 #include <QWidget>
@@ -6,9 +6,9 @@
 namespace forms::qt {
 
 // Lies in front of everything on its form and lets the mouse through.
-class Mark final : public QWidget {
+class Outline final : public QWidget {
 public:
-  explicit Mark(QWidget* form);
+  explicit Outline(QWidget* form);
   // `width` is the line's in pixels, without the two dark lines beside it.
   void showAt(const QRect& place, int width);
 

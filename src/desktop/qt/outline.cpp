@@ -1,4 +1,4 @@
-#include "desktop/qt/mark.h"
+#include "desktop/qt/outline.h"
 
 #include <utility>
 
@@ -8,13 +8,13 @@
 
 namespace forms::qt {
 
-Mark::Mark(QWidget* form) : QWidget(form) {
+Outline::Outline(QWidget* form) : QWidget(form) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setStackingRank(*this, FrontRank);
   hide();
 }
 
-void Mark::showAt(const QRect& place, int width) {
+void Outline::showAt(const QRect& place, int width) {
   setGeometry(place);
   if (std::exchange(width_, width) != width)
     update();
@@ -22,7 +22,7 @@ void Mark::showAt(const QRect& place, int width) {
 }
 
 // Yellow between two dark lines: it shows on both tones of a board and on either side's units.
-void Mark::paintEvent(QPaintEvent* /*event*/) {
+void Outline::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const auto frame = [&](int inset, const QColor& color) {
     painter.setPen(color);
