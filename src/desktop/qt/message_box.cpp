@@ -11,6 +11,7 @@
 #include <QScreen>
 
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/session_end.h"
 
 namespace forms::qt {
 
@@ -84,6 +85,7 @@ Answer showMessageBox(const MessageBox& box, const QIcon& icon, QWidget* parent)
   shown.setIcon(box.style == BoxStyle::WarningYesNo ? QMessageBox::Warning
                                                     : QMessageBox::Information);
   makeRoomForTitle(shown);
+  const auto reason = sessionEndReason(parent ? *parent : shown);
   if (box.style == BoxStyle::Information) {
     shown.addButton(QMessageBox::Ok)->setText(QStringLiteral("Aceptar"));
     shown.exec();
