@@ -31,6 +31,17 @@ def wait_for(what, condition, seconds=60):
     return result
 
 
+def press_until(what, condition, press):
+    """A busy machine may lose a key: it is pressed again until the condition holds."""
+    for _ in range(5):
+        press()
+        try:
+            return wait_for(what, condition, 12)
+        except AssertionError:
+            pass
+    return wait_for(what, condition)
+
+
 def place(square):
     """Top and Left in twips of the unit on this square of the 5x5 board."""
     return 380 + (square - 1) // 5 * 1180, 1340 + (square - 1) % 5 * 1180
@@ -64,13 +75,20 @@ class Program:
         )
         running.append(self.process)
 
-    def window(self, title):
-        """Waits until the program shows a window of this title, and goes there."""
+    def find(self, title):
         search = "xdotool search --all --onlyvisible --pid".split()
         search += [str(self.process.pid), "--name", title]
-        find = lambda: subprocess.run(search, capture_output=True, text=True).stdout.split()
-        found = wait_for(f"window «{title}»", find)
+        return subprocess.run(search, capture_output=True, text=True).stdout.split()
+
+    def window(self, title, *keys):
+        """Waits until the program shows a window of this title, which the keys bring, and goes there."""
+        found = press_until(f"window «{title}»", lambda: self.find(title), lambda: self.keys(*keys))
         run("xdotool", "windowactivate", "--sync", found[-1], "mousemove", "1000", "900", "sleep", "0.5")
+
+    def answer(self, title, key):
+        """Waits for a window of this title, and presses the key that closes it."""
+        self.window(title)
+        press_until(f"«{title}» to go", lambda: not self.find(title), lambda: self.keys(key))
 
     def keys(self, *keys):
         for key in keys:
@@ -91,16 +109,18 @@ class Game(Program):
             width, data = rgb("convert-im6.q16", folder / "img" / f"{name}.jpg")
             # The middle of the picture, which neither a frame nor a marker covers.
             self.patches[name] = data[3 * 33 * width + 90 :][:60]
-        self.window("Un juego del equipo")
-        self.keys("Return")
+        self.answer("Un juego del equipo", "Return")
         self.window(FRAME)
         assert {"jguardados", "plantillas"} <= {entry.name for entry in folder.iterdir()}
 
     def choose_file(self, title, file):
         self.window(title)
-        self.keys("End", "shift+Home")  # a slow machine may not have selected the proposed name yet
+        if self.windows:
+            # Wine's dialog adds to a name what the pattern begins with, but for the last one: all files.
+            self.keys("Tab", "End", "shift+Tab")
+        self.keys("End", "shift+Home")  # nor does Wine's select the proposed name
         run("xdotool", "type", "--delay", "50", file.replace("/", "\\") if self.windows else file)
-        self.keys("Return")
+        self.answer(title, "Return")
 
     def see(self):
         """Top left pixels of all unit pictures on the screen: a set of (name, y, x)."""
@@ -113,11 +133,13 @@ class Game(Program):
                     seen.add((name, at // 3 // width - 33, at // 3 % width - 30))
         return seen
 
-    def anchor(self, name, spot):
-        """Learns where the child window stands from the one picture of this name, which is at `spot`."""
+    def anchor(self, name, spot, *keys):
+        """Learns where the child window stands, which the keys bring, from the one picture of this name,
+        which is at `spot`."""
         self.window(FRAME)
         find = lambda: [at for at in self.see() if at[0] == name]
-        ((_, y, x),) = wait_for(f"one {name}", lambda: len(found := find()) == 1 and found)
+        one = lambda: len(found := find()) == 1 and found
+        ((_, y, x),) = press_until(f"one {name}", one, lambda: self.keys(*keys))
         self.origin = y - round(spot[0] / 15), x - round(spot[1] / 15)
 
     def pixel(self, spot):
@@ -144,17 +166,13 @@ class Game(Program):
     def join(self, file, second):
         """Opens the shared file in the options dialog, as player 1 or 2."""
         self.window(FRAME)
-        self.keys("alt+o", *["Tab"] * (4 if second else 2))
-        if second:
-            self.keys("Down", "shift+Tab", "shift+Tab")
-        self.keys("space")
+        choose_second = ["Tab", "Tab", "Down", "shift+Tab", "shift+Tab"] if second else []
+        self.window("Cargar Juego", "ctrl+F4", "alt+o", "Tab", "Tab", *choose_second, "space")
         self.choose_file("Cargar Juego", file)
 
     def close(self):
         self.window(FRAME)
-        self.keys("alt+F4")
-        self.window(BOX)
-        self.keys("Tab", "Return")
-        self.window("Un juego del equipo")
-        self.keys("Return")
+        self.window(BOX, "alt+F4")
+        self.answer(BOX, "s")
+        self.answer("Un juego del equipo", "Return")
         self.ends()

@@ -19,8 +19,7 @@ from picture_player import BOX, INICIAR, PALETTE, Game, Program, game_file, plac
 
 def deploy_move_save(folder):
     program = Game(folder)
-    program.keys("alt+j", "n")
-    program.anchor("inf_j1", PALETTE["inf"])
+    program.anchor("inf_j1", PALETTE["inf"], "Escape", "alt+j", "n")
     units = {}
     for kind, square in (("inf", 21), ("cab", 22), ("ele", 23), ("gen", 24), ("ban", 25)):
         program.click(PALETTE[kind])
@@ -28,15 +27,14 @@ def deploy_move_save(folder):
         units |= {square: f"{kind}_j1", 26 - square: f"{kind}_j2"}
     program.shows(units, PALETTE)
     program.click(INICIAR)
-    program.window(BOX)
-    program.keys("Tab", "Return")
+    program.answer(BOX, "s")
     program.shows(units)
     for start, target in ((24, 18), (2, 8), (21, 16)):
         program.move(units, start, target)
         program.shows(units)
     saved = folder / "jguardados" / "partida"  # to which nothing may be added
     saved.write_bytes(b"replaced without a question")
-    program.keys("alt+j", "g")
+    program.window("Guardar Juego", "Escape", "alt+j", "g")
     program.choose_file("Guardar Juego", "partida")
     wait_for("saved game", lambda: saved.read_bytes() == game_file(units, "2"))
     program.close()
@@ -59,9 +57,8 @@ def play_over_a_folder(first, second):
     one.move(units, 8, 3)
     one.window(BOX)
     assert shared.read_bytes() == game_file(units, "1", "11")
-    one.keys("Return")
-    two.window(BOX)
-    two.keys("Return")
+    one.answer(BOX, "Return")
+    two.answer(BOX, "Return")
     two.shows(units)
     one.close()
     two.close()
@@ -69,8 +66,7 @@ def play_over_a_folder(first, second):
 
 def coordinate_tool_opens_and_closes(folder):
     program = Program(folder, "coordenadas")
-    program.window("Form1")
-    program.keys("alt+F4")
+    program.answer("Form1", "alt+F4")
     program.ends()
 
 

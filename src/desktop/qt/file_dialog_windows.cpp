@@ -4,13 +4,14 @@
 #include <system_error>
 #include <vector>
 
+#include <QDir>
 #include <QIcon>
-#include <QTimer>
 #include <QWidget>
 #include <QWindow>
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/message_box.h"
+#include "desktop/qt/session_end.h"
 
 // Behind the others, for they make a macro of MessageBox.
 #include <shobjidl.h>
@@ -36,25 +37,33 @@ std::wstring wide(const std::string& text) {
   return toQt(text).toStdWString();
 }
 
-// Wine's dialog adds to the name of a file to be saved what the chosen pattern begins with, and
-// does not select the proposed name.
-bool isWine() {
-  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
-
 // From "Texts|*.txt|All|*.*".
 void setFilter(IFileDialog& shown, const std::string& filter) {
   std::vector<std::wstring> parts;
   for (const QString& part : toQt(filter).split(QLatin1Char('|')))
     parts.push_back(part.toStdWString());
-  const std::wstring nothing = isWine() ? L";" : L"";
-  for (std::size_t i = 1; i < parts.size(); i += 2)
-    parts[i].insert(0, nothing);
   std::vector<COMDLG_FILTERSPEC> types;
   for (std::size_t i = 0; i + 1 < parts.size(); i += 2)
     types.push_back({parts[i].c_str(), parts[i + 1].c_str()});
   if (!types.empty())
     check(shown.SetFileTypes(static_cast<UINT>(types.size()), types.data()));
+}
+
+// The folder, or the nearest one above it that the shell can show: most of Windows knows no paths
+// of more than 259 characters.
+ComPtr<IShellItem> shellFolder(const std::string& path) {
+  ComPtr<IShellItem> folder;
+  for (QString tried = QDir::fromNativeSeparators(toQt(path));;) {
+    const std::wstring native = QDir::toNativeSeparators(tried).toStdWString();
+    const HRESULT result =
+        SHCreateItemFromParsingName(native.c_str(), nullptr, IID_PPV_ARGS(folder.GetAddressOf()));
+    if (SUCCEEDED(result))
+      return folder;
+    const QString above = QFileInfo(tried).path();
+    if (above == tried)
+      check(result);
+    tried = above;
+  }
 }
 
 void prepare(IFileDialog& shown, const FileDialog& dialog) {
@@ -63,10 +72,7 @@ void prepare(IFileDialog& shown, const FileDialog& dialog) {
   check(shown.SetFileName(wide(dialog.fileName).c_str()));
   setFilter(shown, dialog.filter);
   // Not as a default: that gives way to the folder of the dialog before.
-  ComPtr<IShellItem> folder;
-  if (SUCCEEDED(SHCreateItemFromParsingName(wide(dialog.folder).c_str(), nullptr,
-                                            IID_PPV_ARGS(folder.GetAddressOf()))))
-    check(shown.SetFolder(folder.Get()));
+  check(shown.SetFolder(shellFolder(dialog.folder).Get()));
 }
 
 // Ends the dialog as its Cancel does.
@@ -96,14 +102,14 @@ std::optional<std::string> ask(const FileDialog& dialog, QWidget* parent) {
   prepare(*shown.Get(), dialog);
   QObject watcher;
   HWND owner = nullptr;
+  std::shared_ptr<void> reason;
   if (parent) {
+    reason = sessionEndReason(*parent);
     owner = reinterpret_cast<HWND>(parent->winId());
     // An end of the program ends Qt's loops alone.
     QObject::connect(parent->windowHandle(), &QWindow::visibleChanged, &watcher,
                      [&] { cancel(*shown.Get()); });
   }
-  if (isWine())
-    QTimer::singleShot(0, &watcher, [] { SendMessageW(GetFocus(), EM_SETSEL, 0, -1); });
   const HRESULT answer = shown->Show(owner);
   if (answer == HRESULT_FROM_WIN32(ERROR_CANCELLED))
     return std::nullopt;

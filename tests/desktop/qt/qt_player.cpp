@@ -189,6 +189,8 @@ std::optional<std::string> QtPlayer::fileDialog(const FileDialog& dialog) {
     looking.stop();
     const QString path = toQt(Player::fileDialog(dialog).value_or(""));
 #ifdef Q_OS_WIN
+    // Wine's dialog adds to a name what its pattern begins with, but for the last one: all files.
+    SendMessageW(FindWindowExW(shown, nullptr, L"ComboBox", nullptr), WM_KEYDOWN, VK_END, 0);
     SetWindowTextW(name, path.toStdWString().c_str());
     PostMessageW(name, WM_KEYDOWN, path.isEmpty() ? VK_ESCAPE : VK_RETURN, 0);
 #else
