@@ -29,7 +29,7 @@ SCREEN_MAY_INCLUDE = {SCREEN, "forms"}
 # Inside the screen's folder, too: from the ground up; files on one floor don't know each other.
 SCREEN_FLOORS = [
     "conversions decoder_warnings keyboard_move reporter scale scrolling session_end stacking style zoom",
-    "element_view fonts form mark message_box picture_store",
+    "element_view fonts form message_box outline picture_store",
     "accessibility file_dialog focus_keeper zoom_control",
     "application picture_widget screen",
     "control_view window_view",
