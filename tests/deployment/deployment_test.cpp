@@ -1,3 +1,4 @@
+// Boards are drawn as game.h says: B I C E G of player 1, b i c e g of player 2, from the top row.
 #include <algorithm>
 
 #include "scripted/game.h"
@@ -12,32 +13,38 @@ protected:
   }
 };
 
-TEST_F(Deployment, EachBoardTakesUnitsAndTheirMirrorsWhereTheRulesLetThem) {
+const std::string ChooseAUnit =
+    "DEBE seleccionar una Unidad y hacer click sobre una casilla del Tablero para situarla";
+const std::string OnlyTwoRows = "SÓLO se permiten Unidades en las 2 primeras filas";
+const std::string OnlyOneFlag = "NO se permite ubicar más de 1 Bandera";
+
+TEST_F(Deployment, AUnitGoesToOneOfTheFirstTwoRowsAndItsMirrorImageOpposite) {
+  struct {
+    std::string board, thirdRow, secondRow, drawing;
+  } const table[] = {{"8x8", "48", "49",
+                      "......../.......e/......../......../......../......../E......./........"},
+                     {"7x7", "35", "36", "......./......e/......./......./......./E....../......."},
+                     {"5x5", "15", "16", "...../....e/...../E..../....."},
+                     {"6x6", "24", "25", "....../.....e/....../....../E...../......"}};
   run("click picELE");
-  for (const int side : {8, 7, 6, 6, 5}) {
-    const int last = side * side, refused = last - 2 * side;
-    const std::string name = std::to_string(side) + "x" + std::to_string(side);
-    // A unit on the last square goes.
-    run("square " + std::to_string(principal.NumCasillas) + ", choose comTablero " + name);
-    EXPECT_TRUE(app.nuevoJuego.picTablero.picturePath().ends_with(name + ".jpg"));
+  for (const auto& [board, thirdRow, secondRow, drawing] : table) {
+    run("choose comTablero " + board);
+    expectBoard(blank(principal.NumFilas)); // the unit of the board before has gone
     EXPECT_EQ(screen.focused(), "picTablero");
-    expectBoard(blank(side));
-    // Those below zero with the limit of rows.
-    for (const int which : {-1, -refused, -refused - 1, -last, side + 1, side, last / 2 + 1, 1}) {
-      SCOPED_TRACE(name + " " + std::to_string(which));
-      const int n = std::abs(which);
-      principal.OpcLimiteFilas = which < 0 ? "0" : n == 1 ? "1" : "";
-      const bool taken = which > 0 || n > refused;
-      run((taken ? "square " : "expect rows, square ") + std::to_string(n));
-      std::string board = blank(side);
-      const std::size_t here = place(n, side), mirror = board.size() - 1 - here;
-      if (taken && here != mirror)
-        board[here] = 'E', board[mirror] = 'e';
-      expectBoard(board);
-      if (taken && here != mirror)
-        run("right picUnidad(" + std::to_string(n % 2 == 0 ? n : last + 1 - n) + ")");
-    }
+    run("click square " + thirdRow, OnlyTwoRows);
+    run("click square " + secondRow);
+    expectBoard(drawing);
   }
+}
+
+TEST_F(Deployment, WithoutTheLimitAUnitStandsAnywhereButInTheMiddle) {
+  run("click picELE, menu Opciones, click lblLimiteFilas");
+  walk({"click square 1 => E..../...../...../...../....e",
+        "click square 12 => E..../...../.E.e./...../....e",
+        "click square 13 => E..../...../.E.e./...../....e", // its own mirror image
+        "right picUnidad(25) => ...../...../.E.e./...../.....",
+        "right picUnidad(12) => ...../...../...../...../....."},
+       [&] { return pictures(); });
 }
 
 TEST_F(Deployment, LeavingTheListOfBoardsErasesTheArmyAndALoadDoesNot) {
@@ -48,26 +55,35 @@ TEST_F(Deployment, LeavingTheListOfBoardsErasesTheArmyAndALoadDoesNot) {
   expectBoard(army);
 }
 
-TEST_F(Deployment, TheRefusalsComeInTheirOrder) {
-  walk({"expect unit, square 1 => ...../...../...../...../.....",
-        "click picBAN, square 21, click picUnidad(21) => ....b/...../...../...../B....",
-        "square 21 50, square 5 50, square 1 0 => ....b/...../...../...../B....",
-        "expect flag, square 25, expect rows, square 13 => ....b/...../...../...../B....",
-        "menu Opciones, click lblLimiteFilas => ....b/...../...../...../B....",
-        "expect flag, square 13, click picBAN => ....b/...../...../...../B....",
-        "expect unit, square 21 50 => ....b/...../...../...../B....",
-        "right picUnidad(5), click picGEN, click picBAN, square 6 => ...../B..../...../....b/.....",
-        "menu Opciones, click lblBandera, square 7 => ...../BB.../...../...bb/....."},
-       [&] { return pictures(); });
+TEST_F(Deployment, WhatIsRefusedIsToldTheLimitBeforeTheFlag) {
+  run("click square 1", ChooseAUnit);
+  run("click picBAN, click square 21");
+  run("click corner 21, click corner 5, click picTablero 0;0"); // taken, or on no square
+  run("click square 25", OnlyOneFlag);
+  run("click square 13", OnlyTwoRows);
+  run("menu Opciones, click lblLimiteFilas, click square 13", OnlyOneFlag);
+  run("click picBAN, click corner 21", ChooseAUnit); // the second click lets the flag go
+  expectBoard("....b/...../...../...../B....");
+  run("right picUnidad(5), click picGEN, click picBAN, click square 6");
+  expectBoard("...../B..../...../....b/.....");
+  run("menu Opciones, click lblBandera, click square 7");
   expectBoard("...../BB.../...../...bb/.....");
-  EXPECT_EQ(app.nuevoJuego.picBAN.Appearance * 2 + app.nuevoJuego.picGEN.Appearance, 2);
-  EXPECT_EQ(hint("picUnidad(20) 10;10") + hint("picTablero 1500;2500"),
-            "Cuadro: 20 (4,5)Cuadro: 12 (3,2)");
+  EXPECT_EQ(app.nuevoJuego.picBAN.Appearance, 1) << "raised: chosen";
+  EXPECT_EQ(app.nuevoJuego.picGEN.Appearance, 0);
+  EXPECT_EQ(hint("picUnidad(20) 10;10"), "Cuadro: 20 (4,5)");
+  EXPECT_EQ(hint("picTablero 1500;2500"), "Cuadro: 12 (3,2)");
+}
+
+TEST_F(Deployment, TheDigitsChooseFromThePalette) {
+  run("digit 1, Left, Enter, digit 2, Right, Enter, digit 3, Right, Enter, digit 4, Right, Enter,"
+      "digit 5, Right, Enter");
+  expectBoard("bgeci/...../...../...../ICEGB");
+  run("digit 6, Up, Enter", OnlyOneFlag); // there is no sixth: still the flag
 }
 
 TEST_F(Deployment, AScreenReaderPlacesAUnitWhereTheCursorIsNotThePointer) {
   forms::GridPicture& board = app.nuevoJuego.picTablero;
-  screen.key(forms::Key::Digit, 1); // infantry
+  run("digit 1"); // infantry
   EXPECT_EQ(hint("picTablero 590;590"), "Cuadro: 1 (1,1)");
   app.forms.invoked(board); // no cursor shows
   run("Right, Right");
@@ -80,43 +96,40 @@ TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoard) {
   for (const std::string board :
        {"b.g../ci.../...../...IC/..G.B", "....../.e..../g...../.....G/....E./......",
         "g......./......../..C...../......../......../.....c../......../.......G"}) {
-    run("choose comTablero 7x7, click picINF, square 49");
-    layOut(gameFile(board, "9\r\n"));
-    run("expect unit, square 1 50, save Plantilla guardada");
-    EXPECT_EQ(bytesOf(file("guardada")), gameFile(board, "0\r\n"));
+    run("choose comTablero 7x7, click picINF, click square 49, layOut " + board + " 9");
+    run("click corner 1", ChooseAUnit); // what was chosen counts no more
     expectBoard(board);
-    const auto& shown = app.nuevoJuego.picTablero;
-    EXPECT_TRUE(shown.picturePath().ends_with(std::to_string(principal.NumFilas) + ".jpg"));
-    EXPECT_EQ(app.nuevoJuego.Height - 840, shown.Height);
+    run("save Plantilla guardada");
+    EXPECT_EQ(bytesOf(file("guardada")), gameFile(board, "0\r\n"));
   }
 }
 
 TEST_F(Deployment, AGameStartsWithAnArmy) {
-  const std::string start = Boxes.at("start"), flag = "DEBE colocar al menos 1 Bandera\r\n",
-                    noTypes = "DEBE colocar al menos 1 Unidad de cada tipo\r\n" + start;
-  // Player 1's bottom row, and what is said.
+  const std::string noFlag = "DEBE colocar al menos 1 Bandera\r\n";
+  const std::string notEachType = "DEBE colocar al menos 1 Unidad de cada tipo\r\n";
+  // The lowest row of the board, and the box that the button brings.
   const std::pair<std::string, std::string> table[] = {
       {"BB..B", "DEBE colocar Unidades en el tablero"},
       {"IB.GB", "DEBE colocar al menos 3 Unidades en el tablero"},
-      {"III..", flag + noTypes},
-      {"ICEG.", flag + start},
-      {"BCEGG", noTypes},
-      {"BIEGG", noTypes},
-      {"BICGG", noTypes},
-      {"BICEE", noTypes},
-      {"BICEG", start}};
-  for (const auto& [row, text] : table) {
+      {"III..", noFlag + notEachType + StartQuestion},
+      {"ICEG.", noFlag + StartQuestion},
+      {"BCEGG", notEachType + StartQuestion},
+      {"BIEGG", notEachType + StartQuestion},
+      {"BICGG", notEachType + StartQuestion},
+      {"BICEE", notEachType + StartQuestion},
+      {"BICEG", StartQuestion}};
+  for (const auto& [row, box] : table) {
     const std::string board = "gecib/iii../...../...../" + row;
-    run("layOut " + board);
-    screen.expectBox(text, text.ends_with(start) ? Answer::No : Answer::Ok);
+    run("layOut " + board + " 1");
+    screen.expectBox(box, box.ends_with("?") ? Answer::No : Answer::Ok);
     run("click btnIniciar");
     expectBoard(board);
-    EXPECT_EQ(state(), "HSHSS NuevoJuego");
+    EXPECT_EQ(windows(), "NuevoJuego");
   }
 }
 
 TEST_F(Deployment, TheFieldDumpTellsEachSquareOfTheBoard) {
-  run("choose comTablero 8x8, click picGEN, square 63");
+  run("choose comTablero 8x8, click picGEN, click square 63");
   screen.expectBox("frmMsgBox", Answer::Ok, [&] {
     const std::string text = app.msgBox.Text1.Text;
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 64);

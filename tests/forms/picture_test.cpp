@@ -16,7 +16,7 @@ TEST_F(MissingPictures, AreToldOnceAndItGoesOnWithTheOldOnes) {
   const std::string before = board.picturePath() + frame.Icon.get();
   screen.missingPictures = ".";
   EXPECT_FALSE(board.LoadPicture("\\img\\8x8.jpg") || frame.LoadIcon("\\ico\\8.ico"));
-  run("choose comTablero 8x8, click picINF, square 64");
+  run("choose comTablero 8x8, click picINF, click square 64");
   EXPECT_EQ(board.picturePath() + frame.Icon.get(), before);
   EXPECT_EQ(pictures(), "0......./......../......../......../......../......../......../.......0");
   // They stand in the way of no move; a box would fail here.

@@ -66,7 +66,7 @@ struct Rules {
   }
   // As the program shows it and would save it.
   std::string game() const {
-    return (won.empty() ? "HHSHH " : "HHHHH ") + reach() + drawn +
+    return (won.empty() ? "Guardar Juego " : " ") + reach() + drawn +
            (player == 1 ? "En Turno/En Espera" : "En Espera/En Turno") +
            gameFile(board, std::to_string(player) + "\r\n");
   }

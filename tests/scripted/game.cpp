@@ -15,16 +15,22 @@ std::string blank(int side) {
 }
 
 std::string gameFile(const std::string& drawing, const std::string& closing) {
-  constexpr std::string_view units = ".BICEG.biceg";
+  const std::string units = ".BICEG.biceg";
   std::ostringstream text;
-  int row = 1, column = 1;
-  for (const char c : drawing)
-    if (const std::size_t unit = units.find(c); unit == units.npos)
-      ++row, column = 1;
-    else
-      text << (c == '.' ? 0 : unit / 6 + 1) << ';' << unit % 6 << ';' << row * 1180 - 800 << ';'
-           << column * 1180 + 160 << ';' << row << ';' << column << ";\r\n",
-          ++column;
+  int row = 1;
+  int column = 1;
+  for (const char drawn : drawing) {
+    if (drawn == '/') {
+      ++row;
+      column = 1;
+      continue;
+    }
+    const std::size_t unit = units.find(drawn);
+    const std::size_t player = drawn == '.' ? 0 : unit / 6 + 1;
+    text << player << ';' << unit % 6 << ';' << 380 + (row - 1) * 1180 << ';'
+         << 1340 + (column - 1) * 1180 << ';' << row << ';' << column << ";\r\n";
+    ++column;
+  }
   return text.str() + closing;
 }
 
@@ -38,26 +44,33 @@ std::string victory(const std::string& player, const std::string& how) {
 Game::Game(std::unique_ptr<scripted::Player> before, std::unique_ptr<Runner> runner)
     : player(std::move(before)), app(*player, std::move(runner)) {
   auto& does = screen.verbs;
-  does["expect"] = [this](auto& box, auto& answer) {
-    screen.expectBox(Boxes.at(box), answer == "yes" ? Answer::Yes : Answer::Ok);
+  // Also "click square 21", in its middle, and "click corner 21", beside the unit that stands
+  // there.
+  does["click"] = [this, plain = does["click"]](auto& on, auto& where) {
+    if (on != "square" && on != "corner")
+      return plain(on, where);
+    const int n = std::stoi(where) - 1;
+    const int inset = on == "square" ? 590 : 50;
+    const int left = n % principal.NumColumnas * 1180 + inset;
+    const int top = n / principal.NumColumnas * 1180 + inset;
+    plain("picTablero", std::to_string(left) + ";" + std::to_string(top));
   };
   does["move"] = [this](auto& from, auto& to) {
     run("click picUnidad(" + from + "), click picMovimientoPermitido(" + to + ")");
   };
-  does["square"] = [this](auto& number, auto& inset) { // so many twips from its corner
-    const int n = std::stoi(number) - 1, side = principal.NumFilas;
-    const int in = inset.empty() ? 590 : std::stoi(inset);
-    run("click picTablero " + std::to_string(n % side * 1180 + in) + ";" +
-        std::to_string(n / side * 1180 + in));
-  };
   does["load"] = [this](auto& board, auto& turn) { load(gameFile(board, turn + "\r\n")); };
-  does["layOut"] = [this](auto& board, auto&) { layOut(gameFile(board)); };
+  does["layOut"] = [this](auto& board, auto& turn) {
+    choose("menu CargarPlantilla", write("plantilla", gameFile(board, turn + "\r\n")));
+  };
   does["save"] = [this](auto& kind, auto& name) { choose("menu Guardar" + kind, file(name)); };
   // From poll to poll, or so many seconds; a poll at once.
   does["tick"] = [this](auto& seconds, auto&) {
     screen.tick(seconds.empty() ? principal.SegundosActualizacion + 1 : std::stoi(seconds));
   };
-  does["look"] = [this](auto&, auto&) { principal.SegundosRestantes = 0, screen.tick(); };
+  does["look"] = [this](auto&, auto&) {
+    principal.SegundosRestantes = 0;
+    screen.tick();
+  };
 }
 
 void Game::start() {
@@ -69,20 +82,38 @@ void Game::TearDown() {
   screen.finish();
   if (!frame.isOpen())
     return;
-  screen.expectBox(Boxes.at("leave"), Answer::Yes);
+  screen.expectBox(LeaveQuestion, Answer::Yes);
   screen.expectBox(informationBox().text);
-  EXPECT_TRUE(screen.closeWindow(frame));
+  run("close frmPrincipal");
+  EXPECT_FALSE(frame.isOpen());
+}
+
+void Game::run(const std::string& script, const std::string& box) {
+  if (box.empty())
+    return screen.run(script);
+  screen.expectBox(box);
+  screen.run(script);
+  screen.finish();
+}
+
+void Game::walk(const std::vector<std::string>& rows, const std::function<std::string()>& seen) {
+  scripted::walk(rows, [&](const std::string& script) {
+    run(script);
+    return seen();
+  });
 }
 
 void Game::choose(const std::string& step, const std::optional<std::string>& path,
                   const std::string& box) {
-  const auto has = [&](const char* word) { return step.find(word) != step.npos; };
-  screen.expectFile(std::string(has("Guardar") ? "Guardar" : "Cargar") +
-                        (has("Juego") ? " Juego" : " Plantilla"),
+  const bool save = step.find("Guardar") != step.npos;
+  const bool game = step.find("Juego") != step.npos;
+  screen.expectFile(std::string(save ? "Guardar" : "Cargar") + (game ? " Juego" : " Plantilla"),
                     path);
-  if (!box.empty())
-    screen.expectBox(box);
-  run(step);
+  run(step, box);
+}
+
+void Game::load(const std::string& text) {
+  choose("menu CargarJuego", write("partida", text));
 }
 
 std::string Game::file(const std::string& name) {
@@ -123,20 +154,21 @@ void Game::expectBoard(const std::string& drawing) {
   EXPECT_EQ(pictures(), drawing);
 }
 
-std::string Game::menus() {
+std::string Game::menu() {
   std::string text;
   for (const auto* entry : {&frame.mnuNuevoJuego, &frame.mnuCargarJuego, &frame.mnuGuardarJuego,
                             &frame.mnuCargarPlantilla, &frame.mnuGuardarPlantilla})
-    text += entry->Visible ? 'S' : 'H';
-  EXPECT_TRUE(frame.mnuOpciones.Visible && frame.mnuDeclararRendicion.Visible &&
-              !frame.mnuDeclararRendicion.Enabled && !frame.mnuSeparadorV1.Visible);
-  return text + (frame.tmrRed.Enabled ? " running" : "");
+    if (entry->Visible)
+      text += (text.empty() ? "" : ", ") + entry->Caption.get();
+  std::erase(text, '&');
+  return text;
 }
 
-std::string Game::state() {
-  std::string text = menus();
+std::string Game::windows() {
+  std::string text;
   for (const auto* window : app.forms.openWindows())
-    text += window == &frame ? "" : " " + window->name().substr(3);
+    if (window != &frame)
+      text += (text.empty() ? "" : " ") + window->name().substr(3);
   return text;
 }
 

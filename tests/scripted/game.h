@@ -1,7 +1,7 @@
 // The whole program before a player who goes by a script, and boards drawn as text.
 //
-// A drawing holds the rows from the top, split by "/": b i c e g are flag, infantry, cavalry,
-// elephants and general, in capitals those of player 1, and "." is an empty square.
+// A drawing holds the rows from the top, split by "/": B I C E G are flag, infantry, cavalry,
+// elephants and general of player 1, b i c e g those of player 2, and "." is an empty square.
 #pragma once
 
 #include "forms/text_file.h"
@@ -14,16 +14,9 @@ namespace falanges {
 
 using forms::Answer;
 
-// The program's boxes by their names in scripts.
-inline const std::map<std::string, std::string> Boxes = {
-    {"start", "¿Iniciar el juego con la disposición actual de Unidades en el Tablero?"},
-    {"leave", "¿Está seguro de salir y cerrar todo?"},
-    {"unit", "DEBE seleccionar una Unidad y hacer click sobre una casilla del Tablero para "
-             "situarla"},
-    {"rows", "SÓLO se permiten Unidades en las 2 primeras filas"},
-    {"flag", "NO se permite ubicar más de 1 Bandera"},
-    {"seconds", "DEBE colocar un valor entre 5 y 300 segundos de actualización"},
-    {"moves", "DEBE colocar un valor entre 1 y 5 Movimientos por Turno"}};
+inline const std::string LeaveQuestion = "¿Está seguro de salir y cerrar todo?";
+inline const std::string StartQuestion =
+    "¿Iniciar el juego con la disposición actual de Unidades en el Tablero?";
 
 // Around the path in the box of a file that cannot be loaded, and behind it where that is all.
 inline const std::string Invalid = "El archivo no contiene un juego guardado válido:\r\n",
@@ -52,16 +45,14 @@ public:
   // Closes the program, whatever is open.
   void TearDown() override;
 
-  // What a person does, step by step: "click picINF, square 25, menu Opciones, tab".
-  void run(const std::string& script) { screen.run(script); }
-  void walk(const std::vector<std::string>& rows, const std::function<std::string()>& seen) {
-    scripted::walk(rows, [&](const std::string& script) { return run(script), seen(); });
-  }
+  // What a person does, step by step: "click picINF, click square 25, menu Opciones". With the text
+  // of the box that one of the steps leads to, if any does.
+  void run(const std::string& script, const std::string& box = "");
+  void walk(const std::vector<std::string>& rows, const std::function<std::string()>& seen);
   // A step that leads to the file dialog, with the box if the file is refused.
   void choose(const std::string& step, const std::optional<std::string>& path,
               const std::string& box = "");
-  void load(const std::string& text) { choose("menu CargarJuego", write("partida", text)); }
-  void layOut(const std::string& text) { choose("menu CargarPlantilla", write("plantilla", text)); }
+  void load(const std::string& text);
 
   // A file in the program folder, with the system's separators.
   std::string file(const std::string& name);
@@ -75,10 +66,10 @@ public:
   std::string pictures();
   // Records and pictures both show this board.
   void expectBoard(const std::string& drawing);
-  // Which of the five entries show, in the order of the menu, and whether the timer runs.
-  std::string menus();
-  // The same with the names of the open child windows: "HSHSS NuevoJuego Opciones".
-  std::string state();
+  // The entries that the menu of games shows: "Nuevo Juego, Cargar Juego, Cargar Plantilla".
+  std::string menu();
+  // The open child windows: "NuevoJuego Opciones".
+  std::string windows();
   std::string status();
   // Of what the pointer stands over: "picTablero 3000;0".
   std::string hint(const std::string& place);

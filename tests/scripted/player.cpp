@@ -13,6 +13,10 @@ std::vector<std::string> stepsOf(const std::string& script) {
   return all;
 }
 
+const std::map<std::string, Key> KeyNames = {
+    {"Left", Key::Left},   {"Right", Key::Right}, {"Up", Key::Up},         {"Down", Key::Down},
+    {"Enter", Key::Enter}, {"Space", Key::Space}, {"Delete", Key::Delete}, {"Escape", Key::Escape}};
+
 void walk(const std::vector<std::string>& rows,
           const std::function<std::string(const std::string&)>& seenAfter) {
   for (const std::string& row : rows) {
@@ -61,9 +65,11 @@ Player::Player() {
     if (press(list))
       forms_->chosen(list, static_cast<int>(std::ranges::find(all, item) - all.begin()));
   };
-  int next = 0; // in the order of forms::Key
-  for (const char* name : {"Left", "Right", "Up", "Down", "Enter", "Space", "Delete", "Escape"})
-    verbs[name] = [this, which = Key(next++)](auto&, auto&) { doKey(which, 0); };
+  for (const auto& [name, key] : KeyNames)
+    verbs[name] = [this, key](auto&, auto&) { forms_->keyPressed(keyboardWindow(), key); };
+  verbs["digit"] = [this](auto& digit, auto&) {
+    forms_->keyPressed(keyboardWindow(), Key::Digit, std::stoi(digit));
+  };
 }
 
 void Player::run(const std::string& script) {
@@ -83,25 +89,31 @@ void Player::finish() {
 
 // Which timers run is the forms layer's knowledge: those of the screen would go by real time.
 void Player::tick(int seconds) {
-  for (; seconds > 0 && !forms_->openWindows().empty(); --seconds)
-    forms_->ticked(get<Timer>("")), afterAction();
+  for (; seconds > 0 && !forms_->openWindows().empty(); --seconds) {
+    forms_->ticked(get<Timer>(""));
+    afterAction();
+  }
 }
 
 // --- What the program asks -----------------------------------------------------------------------
 
 Player::Expected Player::next(const std::string& text) {
   Expected first{text, Answer::No, {}, {}};
-  if (!expected_.empty() && expected_.front().text == text)
-    first = expected_.front(), expected_.pop_front();
-  else
+  if (!expected_.empty() && expected_.front().text == text) {
+    first = expected_.front();
+    expected_.pop_front();
+  } else {
     ADD_FAILURE() << "Unexpected:\n" << text << "\nbefore " << expected_.size() << " others";
+  }
   afterAction();
-  first.meanwhile ? first.meanwhile() : void();
+  if (first.meanwhile)
+    first.meanwhile();
   return first;
 }
 
 Answer Player::messageBox(const MessageBox& box) {
-  const Answer answer = next((lastBox = box).text).answer;
+  lastBox = box;
+  const Answer answer = next(box.text).answer;
   EXPECT_EQ(answer == Answer::Ok, box.style == BoxStyle::Information) << box.text;
   return answer;
 }

@@ -20,6 +20,8 @@ using Meanwhile = std::function<void()>;
 
 // Each step of a script, without its comma.
 std::vector<std::string> stepsOf(const std::string& script);
+// As scripts call them.
+extern const std::map<std::string, Key> KeyNames;
 // Each row of a table is what is done, " => ", what is seen then.
 void walk(const std::vector<std::string>& rows,
           const std::function<std::string(const std::string&)>& seenAfter);
@@ -47,8 +49,8 @@ public:
   FileDialog lastFile;
 
   // --- What the person does --------------------------------------------------------------------
-  // Step by step, each with its verb first: "click btn, type txtA 5, Up". Those of Player go
-  // straight to the forms layer; another screen has its own ways, and a test may bring more.
+  // Step by step, each with its verb first: "click btn, type txtA 5, Up, digit 3". Those of Player
+  // go straight to the forms layer; another screen has its own ways, and a test may bring more.
   void run(const std::string& script);
   using Verb = std::function<void(const std::string& on, const std::string& value)>;
   std::map<std::string, Verb> verbs;
@@ -65,15 +67,6 @@ public:
     }
     throw std::runtime_error(name + " is not there");
   }
-  // Steps of their own.
-  void click(const Element& element) { run("click " + nameOf(element)); }
-  // Any other key; `digit` with Key::Digit.
-  void key(Key key, int digit = 0) { doKey(key, digit), afterAction(); }
-  // Asks the window to close; true when it has.
-  bool closeWindow(const Window& window) {
-    run("close " + nameOf(window));
-    return !window.isOpen();
-  }
   // Name of the element that the keyboard goes to, "" when there is none.
   std::string focused() const { return focus_ ? focus_->name() : ""; }
   // Lets this many seconds pass, with a tick in each of every timer that runs.
@@ -84,19 +77,24 @@ public:
 
   void windowOpened(Window& window) override { forms_ = &window.forms(); }
   void windowClosed(Window& window) override {
-    focus_ = focus_ && &focus_->window() == &window ? nullptr : focus_;
+    if (focus_ && &focus_->window() == &window)
+      focus_ = nullptr;
   }
   void waitModal(Window& window) override;
   void changed(Element& element) override { EXPECT_TRUE(element.window().isOpen()); }
   void removed(Element& element) override {
-    Player::changed(element), focus_ = focus_ == &element ? nullptr : focus_;
+    Player::changed(element);
+    if (focus_ == &element)
+      focus_ = nullptr;
   }
   void focusAsked(Element& element) override {
-    Player::changed(element), focus_ = element.kind() == Kind::Window ? nullptr : &element;
+    Player::changed(element);
+    focus_ = element.kind() == Kind::Window ? nullptr : &element;
   }
   Answer messageBox(const MessageBox& box) override;
   std::optional<std::string> fileDialog(const FileDialog& dialog) override {
-    return next((lastFile = dialog).title).path;
+    lastFile = dialog;
+    return next(dialog.title).path;
   }
   std::optional<PictureSize> pictureSize(const std::string& path) override;
   DateTime now() override { return {2005, 3, 9, 8, 5, 7}; }
@@ -109,7 +107,6 @@ protected:
     T& element = get<T>(name);
     return element.isReachable() ? element : throw std::runtime_error(name + " cannot be used");
   }
-  virtual void doKey(Key key, int digit) { forms_->keyPressed(keyboardWindow(), key, digit); }
   // Runs behind each step, behind each tick and before each answer: what the screen shows may be
   // looked at.
   virtual void afterAction() {}

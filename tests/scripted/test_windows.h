@@ -42,8 +42,10 @@ public:
     btn.Shortcut = "Ctrl+Shift+D";
     for (TextBox* box : {&txtA, &txtB})
       box->Change = log.adds(box->name() + "_Change");
-    chk.Click = log.adds("chk_Click"), com.Click = log.adds("com_Click");
-    btn.Click = log.adds("btn_Click"), pic.Click = log.adds("pic_Click");
+    chk.Click = log.adds("chk_Click");
+    com.Click = log.adds("com_Click");
+    btn.Click = log.adds("btn_Click");
+    pic.Click = log.adds("pic_Click");
     lbl.Click = log.adds("lbl_Click");
     pic.MouseDown = [&log](MouseButton button) {
       log.add(button == MouseButton::Left ? "pic_Left" : "pic_Right");
@@ -102,7 +104,8 @@ struct TestProgram {
   }
   ~TestProgram() {
     log.on.clear();
-    own.close(), frame.close();
+    own.close();
+    frame.close();
   }
 
   Log log;

@@ -33,9 +33,8 @@ char programName[] = "qt_tests";
 char* arguments[] = {programName, nullptr};
 
 // In the order of forms::Key.
-constexpr Qt::Key Keys[] = {Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Up,
-                            Qt::Key_Down,   Qt::Key_Return, Qt::Key_Space,
-                            Qt::Key_Delete, Qt::Key_Escape, Qt::Key_0};
+constexpr Qt::Key Keys[] = {Qt::Key_Left,   Qt::Key_Right, Qt::Key_Up,     Qt::Key_Down,
+                            Qt::Key_Return, Qt::Key_Space, Qt::Key_Delete, Qt::Key_Escape};
 
 // What a window manager does when a box or a list has closed: the window below is active again.
 void settle() {
@@ -125,16 +124,17 @@ QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
   verbs["shortcut"] = [](auto&, auto&) {
     QTest::keyClick(focusHolder(), Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
   };
+  for (const auto& [name, key] : KeyNames)
+    verbs[name] = [qtKey = Keys[static_cast<std::size_t>(key)]](auto&, auto&) {
+      QTest::keyClick(focusHolder(), qtKey);
+    };
+  verbs["digit"] = [](auto& digit, auto&) { QTest::keyClick(focusHolder(), digit[0]); };
   verbs["close"] = [this](auto& on, auto&) { widget(usable<Window>(on)).close(); };
   verbs["activate"] = [this](auto& on, auto&) {
     constexpr QPoint Title(60, 8);
     QTest::mouseClick(&widget(usable<Window>(on)), Qt::LeftButton, {}, Title);
     QCoreApplication::processEvents();
   };
-}
-
-void QtPlayer::doKey(Key key, int digit) {
-  QTest::keyClick(focusHolder(), static_cast<Qt::Key>(Keys[static_cast<std::size_t>(key)] + digit));
 }
 
 // Qt paints when a timer of five milliseconds has run out.

@@ -41,7 +41,6 @@ public:
   }
 
 private:
-  void doKey(forms::Key key, int digit) override;
   void afterAction() override;
 
   forms::qt::QtDesktop qt_;
