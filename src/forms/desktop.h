@@ -74,7 +74,8 @@ public:
   virtual std::optional<PictureSize> pictureSize(const std::string& path) = 0;
   // The local time of the system's clock.
   virtual DateTime now() = 0;
-  // Folder of the program file, with the system's separators and none at its end.
+  // Folder of the program file, with the system's separators and none at its end. Empty when it is
+  // not known, for its path is not UTF-8, and for the root of the disk.
   virtual std::string programFolder() = 0;
 };
 

@@ -21,8 +21,15 @@ App::App(forms::Desktop& desktop, std::unique_ptr<Runner> runner)
   opciones.joinNetworkGame = [this] { joinNetworkGame(); };
 }
 
+// The folders and files that are made at the start would land in the root of the disk.
 void App::start() {
-  forms.startUp(frame);
+  if (forms.desktop().programFolder().empty())
+    forms.messageBox("Falanges no puede empezar en esta carpeta.\r\n\r\n"
+                     "Su nombre, o el de una carpeta por encima de ella, no está escrito en UTF-8, "
+                     "o es la raíz del disco. Cambie ese nombre o copie el programa a otra "
+                     "carpeta.");
+  else
+    forms.startUp(frame);
 }
 
 // The opening play screen takes the activation from the options dialog, which closes by itself.

@@ -24,6 +24,7 @@ public:
                std::unique_ptr<Runner> runner = std::make_unique<RunnerAtOnce>());
 
   // Opens the frame window, after the information box. The desktop then delivers the events.
+  // Without a known program folder it says so, and no window opens.
   void start();
 
   forms::Forms forms;

@@ -54,6 +54,19 @@ TEST_F(Shell, ASessionThatEndsBehindTheInformationBoxOpensNothing) {
   EXPECT_FALSE(frame.isOpen());
 }
 
+TEST(Start, AProgramThatDoesNotKnowItsFolderSaysSoAndOpensAndWritesNothing) {
+  struct : scripted::Player {
+    std::string programFolder() override { return ""; }
+  } lost;
+  App app(lost);
+  lost.expectBox("Falanges no puede empezar en esta carpeta.\r\n\r\nSu nombre, o el de una "
+                 "carpeta por encima de ella, no está escrito en UTF-8, o es la raíz del disco. "
+                 "Cambie ese nombre o copie el programa a otra carpeta.");
+  app.start();
+  lost.finish();
+  EXPECT_FALSE(app.frame.isOpen());
+}
+
 TEST_F(Shell, AFileLeadsOnFromEverywhereButPlayAndClosesTheOptions) {
   start();
   run("layOut bgeci/...../...../...../ICEGB 1");
