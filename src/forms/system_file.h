@@ -56,6 +56,7 @@ public:
 
 private:
   static constexpr std::intptr_t None = -1;
+  static constexpr std::size_t Chunk = 64 * 1024; // bytes that are read at a time
 
   bool writeAt(std::uint64_t offset, std::string_view text);
 

@@ -1,5 +1,6 @@
 #include "forms/system_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <utility>
@@ -81,19 +82,20 @@ Outcome SystemFile::open(const fs::path& path, Opening opening) {
 }
 
 std::optional<std::string> SystemFile::read(std::size_t limit) {
-  std::string text(limit, '\0');
-  std::size_t length = 0;
-  while (length < limit) {
+  std::string text;
+  for (std::size_t length = 0; length < limit;) {
+    text.resize(std::min(limit, length + Chunk));
     const ssize_t count = repeated([&] {
-      return pread(descriptor(handle_), &text[length], limit - length, static_cast<off_t>(length));
+      return pread(descriptor(handle_), &text[length], text.size() - length,
+                   static_cast<off_t>(length));
     });
     if (count < 0)
       return std::nullopt;
+    length += static_cast<std::size_t>(count);
+    text.resize(length);
     if (count == 0)
       break;
-    length += static_cast<std::size_t>(count);
   }
-  text.resize(length);
   return text;
 }
 

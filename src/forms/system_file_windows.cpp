@@ -1,5 +1,6 @@
 #include "forms/system_file.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <windows.h>
@@ -80,20 +81,20 @@ Outcome SystemFile::open(const fs::path& path, Opening opening) {
 }
 
 std::optional<std::string> SystemFile::read(std::size_t limit) {
-  std::string text(limit, '\0');
-  std::size_t length = 0;
-  while (length < limit) {
+  std::string text;
+  for (std::size_t length = 0; length < limit;) {
+    text.resize(std::min(limit, length + Chunk));
     OVERLAPPED place = placeAt(length);
     DWORD count = 0;
-    if (!ReadFile(systemHandle(handle_), &text[length], static_cast<DWORD>(limit - length), &count,
-                  &place) &&
+    if (!ReadFile(systemHandle(handle_), &text[length], static_cast<DWORD>(text.size() - length),
+                  &count, &place) &&
         GetLastError() != ERROR_HANDLE_EOF)
       return std::nullopt;
+    length += count;
+    text.resize(length);
     if (count == 0)
       break;
-    length += count;
   }
-  text.resize(length);
   return text;
 }
 

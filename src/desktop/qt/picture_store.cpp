@@ -4,9 +4,13 @@
 #include <cmath>
 #include <utility>
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QStringList>
+
+#include "desktop/qt/conversions.h"
+#include "forms/text_file.h"
 
 namespace forms::qt {
 
@@ -33,13 +37,22 @@ QStringList candidates(const QString& path, int wanted) {
   return files;
 }
 
+// The bytes of a picture, through the door that nothing but a file comes through: a decoder would
+// wait for ever at a pipe. Empty when they cannot be had.
+QByteArray contents(const QString& path) {
+  constexpr std::size_t Largest = 16 * 1024 * 1024;
+  return QByteArray::fromStdString(readTextFile(fromQt(path), Largest).value_or(std::string()));
+}
+
 // Title bars and task lists take no larger images than that, also at the largest scale; the file's
 // largest one alone would cost a quarter of a megabyte for each icon.
 constexpr int LargestIcon = 128; // pixels
 
 QIcon loadIcon(const QString& path) {
   QIcon icon;
-  QImageReader file(path);
+  QByteArray bytes = contents(path);
+  QBuffer buffer(&bytes);
+  QImageReader file(&buffer);
   do {
     QImage image = file.read();
     if (image.width() <= LargestIcon && !image.isNull())
@@ -51,7 +64,9 @@ QIcon loadIcon(const QString& path) {
 } // namespace
 
 QImage PictureStore::decode(const QString& path) {
-  QImageReader reader(path);
+  QByteArray bytes = contents(path);
+  QBuffer buffer(&bytes);
+  QImageReader reader(&buffer);
   reader.setDecideFormatFromContent(true);
   warnings_.take(); // of an icon
   QImage image = reader.read();
