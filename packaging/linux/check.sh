@@ -1,7 +1,15 @@
 #!/bin/sh
-# Succeeds where the system has every library that the program asks of it; says what is missing otherwise,
-# as a reason for the player. Lies in lib/, and the starter asks it.
+# Succeeds where the system has every library that the program asks of it, in a folder where it can find its
+# own; says what is missing otherwise, as a reason for the player. Lies in lib/, and the starter asks it.
 #   check.sh PROGRAM
+
+# Qt takes every path for UTF-8, and could not even load what it needs for a window.
+if command -v iconv >/dev/null && ! printf '%s' "$1" | iconv -f UTF-8 -t UTF-8 >/dev/null 2>&1; then
+  echo "El nombre de su carpeta, o el de una por encima de ella,
+no está escrito en UTF-8. Cambie ese nombre
+o copie el programa a otra carpeta."
+  exit 1
+fi
 
 # The loader lists what it would load, and starts nothing. Its way to the screen counts, too; $ORIGIN is the
 # loader's word for the program's folder, whose real path may have blanks that it can't take here.
