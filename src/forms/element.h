@@ -44,7 +44,7 @@ struct Font {
 };
 
 // An element is a plain object with properties. It lives as long as its Window object (elements of
-// an ElementArray: from Load to Unload), whether the window is on the screen or not, so that a
+// a PictureArray: from Load to Unload), whether the window is on the screen or not, so that a
 // handler may close its own window and go on.
 class Element {
 public:

@@ -47,7 +47,7 @@ public:
   std::function<void()> afterEvent;
   // Notes a failure that must not stop the event: `text` for the player, with the path behind it.
   void failed(std::string text, std::string path);
-  // The text of each picture's.
+  // The text for a picture that cannot be loaded.
   static constexpr const char* PictureFailure = "No se puede cargar la imagen:\r\n";
   // What has been noted since afterEvent last took it.
   struct Failure {
