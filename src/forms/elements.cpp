@@ -16,7 +16,7 @@ void TextBox::changed(const PropertyBase& property) {
 
 std::string TextBox::fitting(const std::string& text) const {
   std::size_t end = 0;
-  const std::size_t lineEnd = MultiLine ? text.npos : text.find_first_of("\r\n");
+  const std::size_t lineEnd = MultiLine ? std::string::npos : text.find_first_of("\r\n");
   for (int count = 0; end < std::min(lineEnd, text.size()); ++end)
     if (MaxLength > 0 && (text[end] & 0xC0) != 0x80 && count++ == MaxLength)
       break;
