@@ -95,8 +95,13 @@ bool writeOver(const fs::path& target, const std::string& text, Sync sync) {
 // Opens the file, or makes it, changes it and waits for the disk. False on failure.
 template <class Change> bool changeInPlace(const fs::path& path, Change change) {
   SystemFile file;
-  return file.open(path, Opening::ToWrite) == Outcome::Done && change(file) && file.sync() &&
-         file.close() && syncName(path);
+  Outcome outcome = file.open(path, Opening::ToChange);
+  // Linux lets nobody offer to make what is another's in a folder that all may write.
+  const bool isNew = outcome == Outcome::Missing;
+  if (isNew)
+    outcome = file.open(path, Opening::ToWrite);
+  return outcome == Outcome::Done && change(file) && file.sync() && file.close() &&
+         (!isNew || syncName(path));
 }
 
 } // namespace

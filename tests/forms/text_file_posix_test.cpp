@@ -59,15 +59,15 @@ TEST_F(TextFilePosixTest, AReplacementKeepsPermissionsAndLinks) {
 }
 
 TEST_F(TextFilePosixTest, WhatIsSaidToBeDoneIsOnTheDiskWithItsName) {
-  const std::string own = "sync juego número 1.txt",
-                    itsFolder = "sync " + fs::path(folder.path()).filename().string();
+  const std::string itsFolder = "sync " + fs::path(folder.path()).filename().string();
   diskCalls.clear();
   EXPECT_TRUE(replaceTextFile(path, "otro"));
   EXPECT_EQ(diskCalls, (std::vector<std::string>{"sync falanges-0.tmp",
                                                  "rename to juego número 1.txt", itsFolder}));
   diskCalls.clear();
-  EXPECT_TRUE(writeTextFile(path, "uno") && appendTextFile(path, "dos"));
-  EXPECT_EQ(diskCalls, (std::vector<std::string>{own, itsFolder, own, itsFolder}));
+  EXPECT_TRUE(writeTextFile(folder.file("red"), "uno") &&
+              appendTextFile(folder.file("red"), "dos"));
+  EXPECT_EQ(diskCalls, (std::vector<std::string>{"sync red", itsFolder, "sync red"}));
 }
 
 TEST_F(TextFilePosixTest, NothingWaitsForAPipeOrTakesADeviceForAFile) {
