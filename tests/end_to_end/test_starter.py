@@ -10,6 +10,9 @@ import sys
 import tempfile
 from pathlib import Path
 
+CHECK = Path(__file__).parents[2] / "packaging/linux/check.sh"
+OLD_NAME = os.fsdecode(b"A\xf1o 2005")  # as an archive of those days unpacks
+
 
 def script(path, *lines):
     path.write_text("\n".join(["#!/bin/sh", *lines]))
@@ -25,15 +28,17 @@ with tempfile.TemporaryDirectory() as home:
     script(folder / "zenity", 'echo "Ventana: $*"')
     os.environ["PATH"] = f"{folder}:/usr/bin:/bin"
 
-    def shows(*words):
+    def shows(*words, place=folder):
         shown = subprocess.run(
-            [folder / "falanges"],
+            [place / "falanges"],
             stdout=subprocess.PIPE,
             preexec_fn=lambda: signal.signal(signal.SIGCHLD, signal.SIG_IGN),
         ).stdout.decode()
         assert all(word in shown for word in words), shown
 
     shows("Ventana", f"{check}")  # missing
+    shutil.copy(CHECK, check)
+    shows("Ventana", "UTF-8", place=shutil.copytree(folder, folder / OLD_NAME))
     script(check, "echo 'Falta libX'", "exit 1")
     shows("Ventana", "Falta libX")
     script(check, "exit 0")
