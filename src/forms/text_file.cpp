@@ -126,6 +126,7 @@ bool isMissing(const std::string& path) {
          fs::is_directory(file.parent_path(), error);
 }
 
+// Emptied first: who reads meanwhile must not take a new beginning and an old end for one text.
 bool writeTextFile(const std::string& path, const std::string& text) {
   return changeInPlace(toPath(path),
                        [&](SystemFile& file) { return file.empty() && file.fill(text); });
