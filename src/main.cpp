@@ -4,7 +4,7 @@
 
 int main(int argc, char** argv) {
   forms::qt::QtDesktop desktop(argc, argv);
-  falanges::App app(desktop, std::make_unique<falanges::ThreadRunner>());
+  falanges::App app(desktop, falanges::network::onOwnThread);
   desktop.connect(app.forms);
   app.start();
   return desktop.run();

@@ -11,12 +11,14 @@ namespace falanges {
 
 using forms::passOver;
 
-frmNuevoJuego::frmNuevoJuego(forms::Forms& forms, Principal& principal, MainWindow& mainWindow)
-    : BoardScreen(forms, principal, mainWindow, "frmNuevoJuego"), palette_{{{picINF, INF, 560},
-                                                                            {picCAB, CAB, 1640},
-                                                                            {picELE, ELE, 2720},
-                                                                            {picGEN, GEN, 3800},
-                                                                            {picBAN, BAN, 4880}}} {
+frmNuevoJuego::frmNuevoJuego(forms::Forms& forms, Principal& principal, MainWindow& mainWindow,
+                             forms::Window& play, forms::Window& dump)
+    : BoardScreen(forms, principal, mainWindow, "frmNuevoJuego"), play_(play),
+      dump_(dump), palette_{{{picINF, INF, 560},
+                             {picCAB, CAB, 1640},
+                             {picELE, ELE, 2720},
+                             {picGEN, GEN, 3800},
+                             {picBAN, BAN, 4880}}} {
   Caption = "Nuevo Juego";
   BackColor = DeploymentGround;
   picTablero.Click = [this] { picTablero_Click(); };
@@ -234,14 +236,13 @@ void frmNuevoJuego::btnIniciar_Click() {
   }
   if (forms().messageBox(army.question, forms::BoxStyle::InformationYesNo) != forms::Answer::Yes)
     return;
-  if (close() && openPlay)
-    openPlay();
+  if (close())
+    play_.open();
 }
 
 void frmNuevoJuego::Command1_Click() {
   principal_.TextoVolcado = fieldDump(principal_);
-  if (showDump)
-    showDump();
+  dump_.showModal();
 }
 
 } // namespace falanges

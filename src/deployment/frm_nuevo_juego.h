@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 
 #include "board/board_screen.h"
 #include "persistence/game_file.h"
@@ -12,12 +11,9 @@ namespace falanges {
 
 class frmNuevoJuego final : public BoardScreen {
 public:
-  frmNuevoJuego(forms::Forms& forms, Principal& principal, MainWindow& mainWindow);
-
-  // Opens the play screen; set by the owner of both screens.
-  std::function<void()> openPlay;
-  // Shows the field dump of TextoVolcado and waits until it is closed.
-  std::function<void()> showDump;
+  // `play` opens for the game that is set up here; `dump` shows TextoVolcado, modally.
+  frmNuevoJuego(forms::Forms& forms, Principal& principal, MainWindow& mainWindow,
+                forms::Window& play, forms::Window& dump);
 
   // Opens anew with the board and the units of a template. The list of boards keeps "5x5", whatever
   // the template's board.
@@ -72,6 +68,8 @@ private:
   bool placeUnit(int n, int row, int column, std::uint8_t player);
   void clearRecord(int n);
 
+  forms::Window& play_;
+  forms::Window& dump_;
   std::array<PaletteEntry, 5> palette_;
 };
 

@@ -155,7 +155,7 @@ void takeGame(const GameText& game, Principal& principal, std::uint8_t& JugadorA
   takeBoardSize(game, principal);
 }
 
-std::string gameText(const Principal& principal, int JugadorActual) {
+std::string squaresText(const Principal& principal) {
   std::string text;
   for (int n = 1; n <= principal.NumCasillas; ++n) {
     for (const Field& field : Fields) {
@@ -164,11 +164,15 @@ std::string gameText(const Principal& principal, int JugadorActual) {
     }
     text += "\r\n";
   }
-  return text + std::to_string(JugadorActual) + "\r\n";
+  return text;
 }
 
-std::string resultLine(const Principal& principal) {
-  return "1" + std::to_string(principal.JugadorRed) + "\r\n";
+std::string gameText(const Principal& principal, int JugadorActual) {
+  return squaresText(principal) + std::to_string(JugadorActual) + "\r\n";
+}
+
+std::string resultLine(int winner) {
+  return "1" + std::to_string(winner) + "\r\n";
 }
 
 } // namespace falanges

@@ -57,9 +57,11 @@ void takeBoardSize(const GameText& game, Principal& principal);
 // size. The squares are not cleared first.
 void takeGame(const GameText& game, Principal& principal, std::uint8_t& JugadorActual);
 
+// The lines of squares 1 to NumCasillas.
+std::string squaresText(const Principal& principal);
 // The text of a saved game: squares 1 to NumCasillas, then the player in turn.
 std::string gameText(const Principal& principal, int JugadorActual);
 // The line that the winner of a network game puts behind the final position.
-std::string resultLine(const Principal& principal);
+std::string resultLine(int winner);
 
 } // namespace falanges

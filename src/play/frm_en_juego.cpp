@@ -1,10 +1,8 @@
 #include "play/frm_en_juego.h"
 
 #include "forms/numbers.h"
-#include "forms/text_file.h"
 #include "model/colors.h"
 #include "model/units.h"
-#include "persistence/game_file.h"
 #include "play/move.h"
 #include "play/reach.h"
 #include "play/victory_text.h"
@@ -84,6 +82,10 @@ void frmEnJuego::drawStatus() {
     showStatus("En Espera", "En Turno");
   else
     showStatus(lblJ1_Estado.Caption, lblJ2_Estado.Caption); // the texts they are made with
+}
+
+bool frmEnJuego::Form_QueryUnload() {
+  return network->mayLeave();
 }
 
 void frmEnJuego::Form_Unload() {
@@ -182,19 +184,22 @@ void frmEnJuego::picMovimientoPermitido_Click(int Index) {
   if (CasillaOrigen == 0)
     return;
   movePicture(CasillaOrigen, CasillaDestino);
-  // The tests see the board as it stood before the move; the table is written last.
+  // The test sees the board as it stood before the move.
   const Victory victory = victoryOfMove(principal_, JugadorActual, CasillaDestino);
-  const bool inNetwork = principal_.JuegoEnRed;
-  if (victory != Victory::None && (!inNetwork || !winningMove || winningMove())) {
-    closeWonGame(victory, CasillaOrigen, CasillaDestino);
+  // A local win leaves table, labels and caption as they were.
+  if (victory != Victory::None && !principal_.JuegoEnRed) {
+    closeWonGame(victory);
     return;
   }
   applyMove(principal_, CasillaOrigen, CasillaDestino);
+  if (victory != Victory::None && network->moveWins()) {
+    closeWonGame(victory);
+    return;
+  }
   if (!countMove(principal_, JugadorActual))
     return;
   drawStatus();
-  if (inNetwork && turnPassed)
-    turnPassed();
+  network->turnPassed();
 }
 
 int frmEnJuego::selectedSquare() {
@@ -214,43 +219,10 @@ void frmEnJuego::movePicture(int CasillaOrigen, int CasillaDestino) {
            forms::OnFailure::PassOver);
 }
 
-// --- The end of a game -------------------------------------------------------------------------
-
-// A local win leaves table, labels and caption as they were; a network win writes them and the
-// shared file first.
-void frmEnJuego::closeWonGame(Victory victory, int CasillaOrigen, int CasillaDestino) {
-  const bool published = !principal_.JuegoEnRed || publishVictory(CasillaOrigen, CasillaDestino);
+void frmEnJuego::closeWonGame(Victory victory) {
   forms().messageBox(victoryText(victory, JugadorActual));
   disableUnits();
   mainWindow_.showMenu(AppState::Finished);
-  if (!published)
-    offerRetry();
-}
-
-// False when the final position or the result line could not be written.
-bool frmEnJuego::publishVictory(int CasillaOrigen, int CasillaDestino) {
-  applyMove(principal_, CasillaOrigen, CasillaDestino);
-  if (JugadorActual == 1)
-    showStatus("Victoria", "Derrota");
-  else
-    showStatus("Derrota", "Victoria");
-  Caption = "Victoria - Juego finalizado";
-  const bool saved = mainWindow_.mnuGuardarJuego_Click();
-  principal_.JuegoEnRed = false;
-  mainWindow_.runTimer(false);
-  // The result may stand only behind a complete position.
-  return saved && forms::appendTextFile(principal_.ArchivoRed, resultLine(principal_));
-}
-
-// The other player waits for this file: the winner may repeat both writes until they succeed.
-void frmEnJuego::offerRetry() {
-  const std::string question =
-      "No se puede guardar el archivo:\r\n" + principal_.ArchivoRed + "\r\n¿Reintentar?";
-  while (forms().messageBox(question, forms::BoxStyle::InformationYesNo) == forms::Answer::Yes) {
-    if (forms::writeTextFile(principal_.ArchivoRed, gameText(principal_, JugadorActual)) &&
-        forms::appendTextFile(principal_.ArchivoRed, resultLine(principal_)))
-      return;
-  }
 }
 
 } // namespace falanges

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 
 #include "board/board_screen.h"
+#include "play/network_play.h"
 #include "play/victory.h"
 
 namespace falanges {
@@ -17,10 +17,8 @@ public:
   // a run of the program; 11 or 12 where a network game has been lost, so that no unit reacts.
   std::uint8_t JugadorActual = 0;
 
-  // In a network game: hears of a winning move and tells whether it wins; hears of a turn that has
-  // passed. Set by the owner of the screens.
-  std::function<bool()> winningMove;
-  std::function<void()> turnPassed;
+  // Set by the owner of the screens, before this one opens.
+  NetworkPlay* network = nullptr;
 
   // Texts behind the players' names, such as "En Turno".
   void showStatus(const std::string& player1, const std::string& player2);
@@ -34,6 +32,7 @@ public:
 
 private:
   void Form_Load() override;
+  bool Form_QueryUnload() override;
   void Form_Unload() override;
   bool Form_KeyDown(forms::Key key, int digit) override;
 
@@ -50,9 +49,7 @@ private:
   void removeMarkers();
   int selectedSquare();
   void movePicture(int CasillaOrigen, int CasillaDestino);
-  void closeWonGame(Victory victory, int CasillaOrigen, int CasillaDestino);
-  bool publishVictory(int CasillaOrigen, int CasillaDestino);
-  void offerRetry();
+  void closeWonGame(Victory victory);
 };
 
 } // namespace falanges

@@ -7,18 +7,12 @@
 
 namespace falanges {
 
-App::App(forms::Desktop& desktop, std::unique_ptr<Runner> runner)
-    : forms(desktop), polling(forms, principal, frame, enJuego, std::move(runner)) {
+App::App(forms::Desktop& desktop, network::Start start)
+    : forms(desktop), networkGame(forms, principal, frame, enJuego, std::move(start)) {
   forms.applicationTitle = "Vornath - Falanges Z - TEE";
   forms.afterEvent = [this] { tellFailures(); };
-  frame.children = {&nuevoJuego, &enJuego, &opciones};
-  frame.tmrRed.Tick = [this] { polling.tmrRed_Timer(); };
-  frame.lastPosition = [this](const std::string& path) { return polling.lastPosition(path); };
-  enJuego.winningMove = [this] { return polling.winningMove(); };
-  enJuego.turnPassed = [this] { polling.turnPassed(); };
-  nuevoJuego.openPlay = [this] { enJuego.open(); };
-  nuevoJuego.showDump = [this] { msgBox.showModal(); };
-  opciones.joinNetworkGame = [this] { joinNetworkGame(); };
+  frame.children = {&nuevoJuego, &enJuego, &opciones, &networkGame};
+  enJuego.network = &networkGame;
 }
 
 // The folders and files that are made at the start would land in the root of the disk.
@@ -30,13 +24,6 @@ void App::start() {
                      "carpeta.");
   else
     forms.startUp(frame);
-}
-
-// The opening play screen takes the activation from the options dialog, which closes by itself.
-void App::joinNetworkGame() {
-  frame.mnuCargarJuego_Click(Accept::WholeGame);
-  if (!principal.CargaCancelada)
-    polling.join();
 }
 
 // Failures that must not stop an event are told behind it, each kind once a run.

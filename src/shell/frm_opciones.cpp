@@ -4,6 +4,7 @@
 #include "forms/text_file.h"
 #include "model/colors.h"
 #include "persistence/configuration.h"
+#include "shell/frm_principal.h"
 
 namespace falanges {
 
@@ -11,8 +12,8 @@ using forms::passOver;
 using forms::storedNearest;
 using forms::Val;
 
-frmOpciones::frmOpciones(forms::Forms& forms, Principal& principal)
-    : Window(forms, forms::WindowKind::Child, "frmOpciones"), principal_(principal) {
+frmOpciones::frmOpciones(forms::Forms& forms, Principal& principal, frmPrincipal& frame)
+    : Window(forms, forms::WindowKind::Child, "frmOpciones"), principal_(principal), frame_(frame) {
   Caption = "Opciones de Configuración";
   BackColor = OptionsGround;
   ClientWidth = 4275;
@@ -158,8 +159,8 @@ void frmOpciones::comJugadorActualRed_Click() {
 }
 
 void frmOpciones::btnCargarJuegoRed_Click() {
-  if (inRange(seconds_) && inRange(moves_) && joinNetworkGame)
-    joinNetworkGame();
+  if (inRange(seconds_) && inRange(moves_))
+    frame_.joinNetworkGame();
 }
 
 } // namespace falanges

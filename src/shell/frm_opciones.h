@@ -1,19 +1,16 @@
 // The options dialog: the four stored options, the local player, and the way into a network game.
 #pragma once
 
-#include <functional>
-
 #include "forms/forms.h"
 #include "model/principal.h"
 
 namespace falanges {
 
+class frmPrincipal;
+
 class frmOpciones final : public forms::Window {
 public:
-  frmOpciones(forms::Forms& forms, Principal& principal);
-
-  // Joins a network game through the load dialog; set by the owner of the screens.
-  std::function<void()> joinNetworkGame;
+  frmOpciones(forms::Forms& forms, Principal& principal, frmPrincipal& frame);
 
   forms::CheckBox chkPermitirBanderas{*this, "chkPermitirBanderas"};
   forms::Label lblBandera{*this, "lblBandera"};
@@ -56,6 +53,7 @@ private:
   void write(bool boxTexts);
 
   Principal& principal_;
+  frmPrincipal& frame_;
   const NumberBox seconds_{txtTiempoRed, 5, 300,
                            "DEBE colocar un valor entre 5 y 300 segundos de actualización"};
   const NumberBox moves_{txtMovPorTurno, 1, 5,

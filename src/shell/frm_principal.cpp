@@ -6,6 +6,7 @@
 #include "deployment/frm_nuevo_juego.h"
 #include "forms/text_file.h"
 #include "model/colors.h"
+#include "network/network_game.h"
 #include "persistence/configuration.h"
 #include "play/frm_en_juego.h"
 #include "shell/frm_opciones.h"
@@ -36,6 +37,7 @@ frmPrincipal::frmPrincipal(forms::Forms& forms, Principal& principal)
   Maximized = true;
   makeMenu();
   tmrRed.Interval = 1000;
+  tmrRed.Tick = [this] { children.network->tmrRed_Timer(); };
 }
 
 void frmPrincipal::makeMenu() {
@@ -44,9 +46,9 @@ void frmPrincipal::makeMenu() {
   mnuNuevoJuego.Caption = "&Nuevo Juego";
   mnuNuevoJuego.Click = [this] { mnuNuevoJuego_Click(); };
   mnuCargarJuego.Caption = "&Cargar Juego";
-  mnuCargarJuego.Click = [this] { mnuCargarJuego_Click(Accept::AnyGame); };
+  mnuCargarJuego.Click = [this] { mnuCargarJuego_Click(); };
   mnuGuardarJuego.Caption = "&Guardar Juego";
-  mnuGuardarJuego.Click = [this] { passOver(mnuGuardarJuego_Click()); };
+  mnuGuardarJuego.Click = [this] { mnuGuardarJuego_Click(); };
   mnuCargarPlantilla.Caption = "Cargar &Plantilla";
   mnuCargarPlantilla.Click = [this] { mnuCargarPlantilla_Click(); };
   mnuGuardarPlantilla.Caption = "Guardar P&lantilla";
@@ -160,55 +162,60 @@ std::optional<std::string> frmPrincipal::askForFile(bool save, const char* title
   return forms().fileDialog(dialog);
 }
 
-bool frmPrincipal::saveLocally(const std::string& path) {
-  if (forms::replaceTextFile(path, gameText(principal_, children.enJuego->JugadorActual)))
-    return true;
-  forms().messageBox("No se puede guardar el archivo:\r\n" + path);
-  return false;
+void frmPrincipal::saveLocally(const std::string& path) {
+  if (!forms::replaceTextFile(path, gameText(principal_, children.enJuego->JugadorActual)))
+    forms().messageBox("No se puede guardar el archivo:\r\n" + path);
 }
 
-bool frmPrincipal::mnuGuardarJuego_Click() {
-  // The shared file is written over in place: the other copy may hold it open, and its format
-  // knows no other file beside it.
-  if (principal_.JuegoEnRed)
-    return forms::writeTextFile(principal_.ArchivoRed,
-                                gameText(principal_, children.enJuego->JugadorActual));
+void frmPrincipal::mnuGuardarJuego_Click() {
+  if (children.network->pollNow())
+    return;
   const auto path =
       askForFile(true, "Guardar Juego", principal_.RutaJuegosGuardados, "JuegoGuardado");
-  return path && saveLocally(*path);
+  if (path)
+    saveLocally(*path);
 }
 
-void frmPrincipal::mnuCargarJuego_Click(Accept accept) {
+void frmPrincipal::mnuCargarJuego_Click() {
+  if (children.network->pollNow())
+    return;
+  const auto path = askForGame();
+  if (const auto game = path ? readChecked(*path) : std::nullopt)
+    openGame(*path, *game);
+}
+
+void frmPrincipal::joinNetworkGame() {
+  const auto path = askForGame();
+  if (const auto game = path ? children.network->join(*path) : std::nullopt) {
+    openGame(*path, *game);
+    children.network->begin();
+  }
+}
+
+std::optional<std::string> frmPrincipal::askForGame() {
   principal_.CargaCancelada = true; // until a game has been taken
-  const auto path = askForFile(false, "Cargar Juego", principal_.RutaJuegosGuardados, "");
-  if (!path)
-    return;
-  const auto game = readChecked(*path, accept);
-  if (!game)
-    return;
+  return askForFile(false, "Cargar Juego", principal_.RutaJuegosGuardados, "");
+}
+
+// A join finds the earlier game still on the screen. It closes first, for that sets JugadorActual.
+// The opening play screen takes the activation from the options dialog, which closes by itself.
+void frmPrincipal::openGame(const std::string& path, const GameText& game) {
   principal_.CargaCancelada = false;
-  principal_.ArchivoRed = *path;
-  // A join finds the earlier game still on the screen. It closes first, for that sets
-  // JugadorActual.
+  principal_.ArchivoRed = path;
   children.enJuego->close();
-  takeGame(*game, principal_, children.enJuego->JugadorActual);
+  takeGame(game, principal_, children.enJuego->JugadorActual);
   children.nuevoJuego->close();
   children.enJuego->open();
 }
 
 // The checked content of a game file; nothing, and the player is told why, when it cannot be read
 // or is refused.
-std::optional<GameText> frmPrincipal::readChecked(const std::string& path, Accept accept) {
+std::optional<GameText> frmPrincipal::readChecked(const std::string& path) {
   GameReading read = readGame(path);
-  if (accept == Accept::WholeGame && !read.game.whole && (read.opened || forms::isMissing(path)))
-    if (auto game = continueFromLastPosition(path))
-      return game;
   if (!read.opened) {
     forms().messageBox("No se puede abrir el archivo:\r\n" + path);
     return std::nullopt;
   }
-  if (read.isGame() && accept == Accept::WholeGame && !read.game.whole)
-    read.refusal = "El archivo está incompleto";
   if (!read.isGame()) {
     forms().messageBox("El archivo no contiene un juego guardado válido:\r\n" + path + "\r\n" +
                        read.refusal);
@@ -217,32 +224,17 @@ std::optional<GameText> frmPrincipal::readChecked(const std::string& path, Accep
   return std::move(read.game);
 }
 
-// The other copy may have died while it wrote the shared file. Nothing when no position is known or
-// the player does not want it.
-std::optional<GameText> frmPrincipal::continueFromLastPosition(const std::string& path) {
-  const auto position = lastPosition ? lastPosition(path) : std::nullopt;
-  if (!position || forms().messageBox(
-                       "El archivo está incompleto. ¿Continuar desde la última posición conocida?",
-                       forms::BoxStyle::InformationYesNo) != forms::Answer::Yes)
-    return std::nullopt;
-  // A file that is being written at this moment is not: who has answered took longer.
-  if (forms::writeTextFile(path, *position))
-    return parseGame(*position).game;
-  forms().messageBox("No se puede guardar el archivo:\r\n" + path);
-  return std::nullopt;
-}
-
 void frmPrincipal::mnuGuardarPlantilla_Click() {
   const auto path = askForFile(true, "Guardar Plantilla", principal_.RutaPlantillas, "Plantilla");
   if (path)
-    passOver(saveLocally(*path));
+    saveLocally(*path);
 }
 
 void frmPrincipal::mnuCargarPlantilla_Click() {
   const auto path = askForFile(false, "Cargar Plantilla", principal_.RutaPlantillas, "");
   if (!path)
     return;
-  if (const auto game = readChecked(*path, Accept::AnyGame))
+  if (const auto game = readChecked(*path))
     children.nuevoJuego->layOut(*game);
 }
 

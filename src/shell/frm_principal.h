@@ -1,7 +1,6 @@
 // The frame window: menu, network timer, start-up, shutdown and the game files.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -15,25 +14,30 @@ namespace falanges {
 class frmEnJuego;
 class frmNuevoJuego;
 class frmOpciones;
+class NetworkGame;
 
 class frmPrincipal final : public forms::Window, public MainWindow {
 public:
   frmPrincipal(forms::Forms& forms, Principal& principal);
 
-  // The child windows that the menu leads to; set once, before the window opens.
+  // The child windows that the menu leads to, and the network game, which may be played on one of
+  // them; set once, before the window opens.
   struct Children {
     frmNuevoJuego* nuevoJuego = nullptr;
     frmEnJuego* enJuego = nullptr;
     frmOpciones* opciones = nullptr;
+    NetworkGame* network = nullptr;
   } children;
-
-  // The last whole position that is known of a shared file; set by the owner of the windows.
-  std::function<std::optional<std::string>(const std::string& path)> lastPosition;
 
   void showMenu(AppState state) override;
   void runTimer(bool running) override;
-  bool mnuGuardarJuego_Click() override;
-  void mnuCargarJuego_Click(Accept accept) override;
+  // Saves or loads a game through the file dialog; CargaCancelada tells whether a load was
+  // cancelled, refused or failed. The player is told what failed, and nothing has changed then. In
+  // a network game both are a look at the shared file, without any dialog.
+  void mnuGuardarJuego_Click();
+  void mnuCargarJuego_Click();
+  // Loads a game as mnuCargarJuego_Click does and goes on with it as a network game.
+  void joinNetworkGame();
   void mnuGuardarPlantilla_Click();
   void mnuCargarPlantilla_Click();
   void mnuNuevoJuego_Click();
@@ -61,9 +65,10 @@ private:
   void showInformation();
   std::optional<std::string> askForFile(bool save, const char* title, const std::string& folder,
                                         const char* proposedName);
-  std::optional<GameText> readChecked(const std::string& path, Accept accept);
-  std::optional<GameText> continueFromLastPosition(const std::string& path);
-  bool saveLocally(const std::string& path);
+  std::optional<std::string> askForGame();
+  std::optional<GameText> readChecked(const std::string& path);
+  void openGame(const std::string& path, const GameText& game);
+  void saveLocally(const std::string& path);
 
   Principal& principal_;
 };

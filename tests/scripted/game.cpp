@@ -41,8 +41,8 @@ std::string victory(const std::string& player, const std::string& how) {
 
 // --- What the player does ------------------------------------------------------------------------
 
-Game::Game(std::unique_ptr<scripted::Player> before, std::unique_ptr<Runner> runner)
-    : player(std::move(before)), app(*player, std::move(runner)) {
+Game::Game(std::unique_ptr<scripted::Player> before, network::Start start)
+    : player(std::move(before)), app(*player, std::move(start)) {
   auto& does = screen.verbs;
   // Also "click square 21", in its middle, and "click corner 21", beside the unit that stands
   // there.

@@ -39,7 +39,7 @@ inline std::string bytesOf(const std::string& path) {
 class Game : public testing::Test {
 public:
   explicit Game(std::unique_ptr<scripted::Player> before = scripted::makePlayer(),
-                std::unique_ptr<Runner> runner = std::make_unique<RunnerAtOnce>());
+                network::Start start = network::atOnce);
   // Past the information box.
   void start();
   // Closes the program, whatever is open.
