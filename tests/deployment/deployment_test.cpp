@@ -66,6 +66,7 @@ TEST_F(Deployment, WhatIsRefusedIsToldTheLimitBeforeTheFlag) {
   expectBoard("....b/...../...../...../B....");
   run("right picUnidad(5), click picGEN, click picBAN, click square 6");
   expectBoard("...../B..../...../....b/.....");
+  EXPECT_EQ(unit(6)->spokenName(), "Bandera, Jugador 1, cuadro 6, fila 2, columna 1");
   run("menu Opciones, click lblBandera, click square 7");
   expectBoard("...../BB.../...../...bb/.....");
   EXPECT_EQ(app.nuevoJuego.picBAN.Appearance, 1) << "raised: chosen";
@@ -137,9 +138,12 @@ TEST_F(Deployment, TheFieldDumpTellsEachSquareOfTheBoard) {
         "\n\t\t*J2*Casilla: <2> - Jugador: <2> - TUnidad: <5> - PosXTwips: <380>"
         " - PosYTwips: <2520> - PosX: <1> - PosY: <2>\t\t\r\n\t\tCasilla: <3>";
     EXPECT_NE(text.find(line), text.npos) << text;
+    run("type Text1 nada");
+    EXPECT_EQ(app.msgBox.Text1.Text, text) << "for reading only";
     run("close MsgBox");
   });
   run("shortcut Command1");
+  EXPECT_EQ(shown().find("Command1"), std::string::npos) << "it has a key, and no place";
 }
 
 } // namespace falanges

@@ -1,4 +1,5 @@
 // The whole program under a person who does anything at any moment, on files that change under it.
+#include <array>
 #include <cstdlib>
 #include <random>
 #include <set>
@@ -11,13 +12,13 @@ namespace {
 
 using namespace forms;
 
-constexpr const char* Files[] = {"VornathFalangesZTEE.cfg", "a", "b", "c"};
+constexpr std::array FileNames = {"VornathFalangesZTEE.cfg", "a", "b", "c"};
 
 class Anybody final : public Game {
 public:
   // Begins on one of the screens: the way there is long for random clicks.
   explicit Anybody(unsigned seed) : Game(std::make_unique<Screen>(*this)), random(seed) {
-    for (const char* name : Files)
+    for (const char* name : FileNames)
       swapFile(name);
     app.start();
     MenuEntry* const ways[] = {&frame.mnuNuevoJuego, &frame.mnuCargarJuego, &frame.mnuOpciones};
@@ -31,7 +32,7 @@ public:
     Window& window = *open[below(open.size())];
     Window* const active = app.forms.activeChild();
     const std::function<void()> acts[] = {
-        [&] { swapFile(Files[below(4)]); },
+        [&] { swapFile(FileNames[below(4)]); },
         [&] { screen.tick(static_cast<int>(1 + below(30))); },
         [&] { app.forms.keyPressed(window, Key(below(9)), static_cast<int>(below(10))); },
         [&] { app.forms.tabbed(window, below(2) == 0); },
@@ -65,7 +66,7 @@ private:
     std::optional<std::string> fileDialog(const FileDialog&) override {
       person.meanwhile();
       const unsigned which = person.below(12);
-      return which == 0 ? "" : person.file(which == 1 ? "no\\no" : Files[1 + which % 3]);
+      return which == 0 ? "" : person.file(which == 1 ? "no\\no" : FileNames[1 + which % 3]);
     }
     void waitModal(Window& window) override { person.act(), window.close(); }
 

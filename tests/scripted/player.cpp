@@ -66,7 +66,9 @@ Player::Player() {
       forms_->chosen(list, static_cast<int>(std::ranges::find(all, item) - all.begin()));
   };
   for (const auto& [name, key] : KeyNames)
-    verbs[name] = [this, key](auto&, auto&) { forms_->keyPressed(keyboardWindow(), key); };
+    verbs[name] = [this, which = key](auto&, auto&) {
+      forms_->keyPressed(keyboardWindow(), which);
+    };
   verbs["digit"] = [this](auto& digit, auto&) {
     forms_->keyPressed(keyboardWindow(), Key::Digit, std::stoi(digit));
   };

@@ -30,7 +30,9 @@ class TestWindow : public Window {
 public:
   TestWindow(Forms& forms, WindowKind kind, const char* name, Log& log)
       : Window(forms, kind, name), log_(log) {
-    Width = Height = 6000;
+    Width = 6000;
+    Height = 6000;
+    Caption = name;
     for (int placed = 0; Element * element : elements()) {
       element->TabIndex = placed < 6 ? placed : -1;
       if (placed < 6)
@@ -84,6 +86,7 @@ public:
   FrameWindow(Forms& forms, Log& log) : TestWindow(forms, WindowKind::Frame, "frmMarco", log) {
     Maximized = true;
     mnu.Caption = std::string("&Menú");
+    mnu.WindowList = true;
     mnuHoja.Caption = std::string("&Hoja");
     mnuHoja.Click = log.adds("mnuHoja_Click");
     tmr.Tick = log.adds("tmr_Tick");

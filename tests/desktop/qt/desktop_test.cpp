@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -22,7 +24,8 @@ protected:
     QWidget& widget = player.widget(element);
     return widget.mapTo(widget.window(), widget.rect().center());
   }
-  QWindow* window() { return player.widget(program.frame).windowHandle(); }
+  QWidget& frame() { return player.widget(program.frame); }
+  QWindow* window() { return frame().windowHandle(); }
   void drag(const forms::Element& from, const forms::Element& to) {
     QTest::mousePress(window(), Qt::LeftButton, {}, middle(from));
     QTest::mouseMove(window(), middle(to));
@@ -71,7 +74,8 @@ TEST_F(Desktop, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
   EXPECT_TRUE(one.picUnidad.Load(1));
   one.picUnidad(1)->Top = one.pic.Top.get();
   one.picUnidad(1)->Visible = true;
-  one.pic.ZOrder(), events(); // the one that was made first is in front
+  one.pic.ZOrder();
+  events(); // the one that was made first is in front
   one.picUnidad(1)->ZOrder();
   drag(*one.picUnidad(1), one.pic);
   EXPECT_EQ(log.take(), "txtA_LostFocus");
@@ -135,17 +139,45 @@ TEST_F(Desktop, DoesAScreenReadersWishes) {
 }
 
 TEST_F(Desktop, MovesAChildByItsKeys) {
-  const auto after = [&](const std::string& keys) {
-    player.run(keys);
-    return std::pair(one.Left / 15, one.Top / 15);
-  };
-  const auto [left, top] = after("");
-  for (const std::string end : {"Escape", "Enter"}) {
+  const auto move = [&](const std::string& keys) {
     QTest::keyClick(&player.widget(one.txtA), Qt::Key_F7, Qt::ControlModifier);
-    EXPECT_EQ(after("Right, Down, Right"), std::pair(left + 20, top + 10));
-    EXPECT_EQ(after(end + ", Up").first, end == "Escape" ? left : left + 20);
-  }
+    player.run(keys);
+    return player.widget(one).pos();
+  };
+  const QPoint start = player.widget(one).pos();
+  EXPECT_EQ(move("Right, Down, Right, Enter"), start + QPoint(20, 10));
+  EXPECT_EQ(move("Left, Up, Escape"), start + QPoint(20, 10)) << "taken back";
+  EXPECT_EQ(move("Left, Up, Enter, Up"), start + QPoint(10, 0)) << "ended by Enter";
   EXPECT_EQ(log.take(), "") << "no key is for the element with the focus";
+}
+
+TEST_F(Desktop, BringsAWindowToTheFrontByAClickBesideItsElements) {
+  QWidget& two = player.widget(program.two);
+  two.move(player.widget(one).width() - 50, 0); // dragged out from under the other
+  const QPoint background = two.mapTo(&frame(), QPoint(350, 300));
+  QTest::mouseClick(window(), Qt::LeftButton, {}, background);
+  EXPECT_EQ(events(), "txtA_LostFocus frmUno_Deactivate");
+  EXPECT_EQ(program.forms.activeChild(), &program.two);
+}
+
+TEST_F(Desktop, BringsAWindowToTheFrontByTheMenusList) {
+  QMenu& menu = *frame().findChild<QMenuBar*>()->actions().constFirst()->menu();
+  menu.popup({});
+  for (QAction* action : menu.actions())
+    if (action->text() == "&1 frmDos")
+      action->trigger();
+  menu.close();
+  EXPECT_EQ(events(), "txtA_LostFocus frmUno_Deactivate");
+  EXPECT_EQ(program.forms.activeChild(), &program.two);
+}
+
+TEST_F(Desktop, ChoosesFromAListByItsKeys) {
+  EXPECT_TRUE(one.com.SetFocus());
+  for (const char* item : {"uno", "dos", "dos"}) {
+    QTest::keyClick(&player.widget(one.com), Qt::Key_Down);
+    EXPECT_EQ(one.com.Text(), item);
+  }
+  EXPECT_EQ(events(), "txtA_LostFocus com_Click com_Click");
 }
 
 TEST_F(Desktop, RunsUntilTheFrameHasClosed) {

@@ -10,6 +10,7 @@
 
 #include "desktop/qt/agrees.h"
 #include "desktop/qt/qt_player.h"
+#include "forms/text_file.h"
 #include "scripted/test_windows.h"
 #include "shell/app.h"
 #include "shell/form1.h"
@@ -59,38 +60,51 @@ protected:
 
 TEST_F(Golden, TheGame) {
   falanges::App app(player);
+  // Symbol, title, text and button of a box that tells something.
   player.expectBox(falanges::informationBox().text, forms::Answer::Ok, painted("informacion"));
   app.start();
-  player.run("menu mnuOpciones, tab, Space, paint frmOpciones opciones, menu mnuNuevoJuego,"
-             "click picBAN, tab, tab, Left, Enter, Right, digit 1, Enter, Right, Enter, Up, Enter,"
-             "Right, paint frmNuevoJuego nuevo-juego");
+  // The lower tick box is ticked and marked for the keyboard.
+  player.run("menu mnuOpciones, tab, Space, paint frmOpciones opciones");
+  // The flag in the palette was raised, then the infantry; both armies in their colours, each the
+  // other's mirror image; the keyboard's frame on square 19, right of the last unit.
+  player.run("menu mnuNuevoJuego, click picBAN, tab, tab, Left, Enter, Right, digit 1, Enter,"
+             "Right, Enter, Up, Enter, Right, paint frmNuevoJuego nuevo-juego");
+  // Lines one below the other in a window with a title bar of its own.
   app.principal.TextoVolcado = "Uno\r\nDos";
   player.expectBox("frmMsgBox", forms::Answer::Ok,
                    [&] { player.run("paint frmMsgBox datos, Escape"); });
   app.msgBox.showModal();
+  // The entries of the deployment with their letters, the one that is grey, the list of windows.
   QWidget& frame = player.widget(app.frame);
   QMenu& menu = *frame.findChild<QMenuBar*>()->actions().constFirst()->menu();
-  for (int i = 0; i < 2; ++i) { // the list of windows is made anew each time
+  for (int i = 0; i < 2; ++i) { // that list is made anew each time
     menu.popup({});
     expectPainted("menu", menu);
     menu.close();
   }
+  // A question: No is the default.
   player.expectBox("DEBE colocar al menos 1 Unidad de cada tipo\r\n"
                    "¿Iniciar el juego con la disposición actual de Unidades en el Tablero?",
                    forms::Answer::Yes, painted("pregunta"));
+  // The selected unit raised, markers where it may go, who is in turn, the keyboard's frame.
   player.run("click btnIniciar, click picUnidad(18), Up, paint frmEnJuego en-juego");
+  // A frame too small for the board has scroll bars.
   frame.showNormal();
   frame.resize(300, 200);
   expectPainted("marco", frame);
+  // The question with the warning's symbol.
   player.expectBox("¿Está seguro de salir y cerrar todo?", forms::Answer::No, painted("aviso"));
   player.run("close frmPrincipal");
 }
 
-// In the nearest folder that there is. Where that lies differs from run to run and is not painted.
+// Proposed name, kinds of files, columns and buttons in the program's language, a saved game with
+// its size and day; in the nearest folder that there is. Where that lies differs from run to run
+// and is not painted.
 TEST_F(Golden, TheFileDialog) {
   TestProgram program(player);
   const TemporaryFolder folder;
   QFile game(QString::fromStdString(folder.file("partida.txt")));
+  ASSERT_TRUE(forms::writeTextFile(folder.file("partida.sav"), "")); // left out: no text file
   ASSERT_TRUE(game.open(QIODevice::WriteOnly) && game.resize(1234) &&
               game.setFileTime(QDateTime({2005, 3, 9}, {8, 5}), QFileDevice::FileModificationTime));
   player.expectFile("Guardar Juego", std::nullopt, [] {
@@ -105,6 +119,7 @@ TEST_F(Golden, TheFileDialog) {
                             "Archivos de texto|*.txt|Todos los archivos|*.*"});
 }
 
+// The picture that was clicked lies in front of the others.
 TEST_F(Golden, TheCoordinateTool) {
   forms::Forms layer(player);
   falanges::Form1 tool(layer);

@@ -96,9 +96,9 @@ QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
     QTest::mouseClick(&widget(usable(on)), Qt::RightButton);
   };
   verbs["type"] = [this](auto& on, auto& text) {
-    auto& box = dynamic_cast<QLineEdit&>(widget(usable(on)));
+    QWidget& box = widget(usable<TextBox>(on));
     box.setFocus();
-    box.selectAll();
+    QMetaObject::invokeMethod(&box, "selectAll");
     if (text.empty())
       QTest::keyClick(&box, Qt::Key_Delete);
     for (const QChar letter : toQt(text)) {
@@ -164,7 +164,9 @@ Answer QtPlayer::messageBox(const MessageBox& box) {
     const bool asks = box.style != BoxStyle::Information;
     EXPECT_EQ(shown->buttons().size(), asks ? 2 : 1);
     EXPECT_TRUE(!asks || shown->defaultButton()->text() == QStringLiteral("&No"));
-    const QString caption = !asks ? "Aceptar" : wanted == Answer::Yes ? "&Sí" : "&No";
+    if (wanted == Answer::No)
+      return QTest::keyClick(shown, Qt::Key_Escape);
+    const QString caption = asks ? "&Sí" : "Aceptar";
     for (QAbstractButton* button : shown->buttons())
       if (button->text() == caption)
         return QTest::mouseClick(button, Qt::LeftButton);

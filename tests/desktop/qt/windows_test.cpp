@@ -95,8 +95,10 @@ TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
   openBoard(2300, 2300);
   for (int step = 0; step < 7; ++step)
     press(Qt::Key_Plus);
-  for (int step = 0; step < 18; ++step, press(Qt::Key_Minus))
+  for (int step = 0; step < 18; ++step) {
     expectSquaresWhereSeen();
+    press(Qt::Key_Minus);
+  }
 }
 
 // A board as large as its frame allows, and no larger than it is meant to be; or as it was chosen.
@@ -119,6 +121,10 @@ TEST_P(Windows, FitABoardIntoItsFrame) {
   frame.resize(700, 600);
   EXPECT_EQ(turnWheel(-1), 948);
   EXPECT_EQ(turnWheel(1, "comTablero", {}), 948) << "on the way past a list";
+  press(Qt::Key_Minus);
+  EXPECT_LT(turnWheel(0), 948);
+  press(Qt::Key_Plus);
+  EXPECT_EQ(turnWheel(0), 948);
   player.run("close frmNuevoJuego, menu mnuNuevoJuego");
   EXPECT_EQ(turnWheel(0), 594); // of the smallest board
   player.run("Up, Right");      // scrolls
@@ -199,8 +205,10 @@ TEST_P(WindowsInWideLetters, CutNoText) {
     player.run("look, menu mnuNuevoJuego, look");
     app.enJuego.open();
     app.enJuego.lblJ1_Estado.Caption = text;
-    for (int step = 0; step < 11; ++step, press(Qt::Key_Minus)) // down to 50 %
+    for (int step = 0; step < 11; ++step) { // down to 50 %
       expectTextsWhole();
+      press(Qt::Key_Minus);
+    }
     app.enJuego.close();
     app.nuevoJuego.close();
     player.expectFile("Cargar Juego", std::nullopt, expectTextsWhole);
