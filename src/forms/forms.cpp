@@ -80,7 +80,9 @@ void Forms::startUp(Window& frame) {
 }
 
 void Forms::failed(std::string text, std::string path) {
-  failures.push_back({std::move(text), std::move(path)});
+  const auto same = [&](const Failure& noted) { return noted.text == text; };
+  if (std::none_of(failures.begin(), failures.end(), same))
+    failures.push_back({std::move(text), std::move(path)});
 }
 
 std::optional<Forms::PictureFile> Forms::findPicture(std::string_view literal,

@@ -49,7 +49,8 @@ public:
   void failed(std::string text, std::string path);
   // The text for a picture that cannot be loaded.
   static constexpr const char* PictureFailure = "No se puede cargar la imagen:\r\n";
-  // What has been noted since afterEvent last took it.
+  // What has been noted since afterEvent last took it, the first of each text: in a network game
+  // days may pass behind a box.
   struct Failure {
     std::string text;
     std::string path;

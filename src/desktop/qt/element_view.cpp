@@ -6,7 +6,7 @@ namespace forms::qt {
 
 void ElementView::remove() {
   detach();
-  reporter_.remove(this);
+  letGo(*this);
 }
 
 WidgetView::WidgetView(Element& element, Reporter& reporter, QWidget* widget)
@@ -24,7 +24,7 @@ void WidgetView::remove() {
   const auto quiet = reporter().quiet();
   detach();
   widget_.hide();
-  reporter().remove(&widget_);
+  letGo(widget_);
 }
 
 } // namespace forms::qt

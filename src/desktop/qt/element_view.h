@@ -13,7 +13,7 @@ namespace forms::qt {
 class ElementView : public QObject {
 public:
   ElementView(Element& element, Reporter& reporter, QObject* parent)
-      : QObject(parent), reporter_(reporter), element_(&element) {}
+      : QObject(parent), reporter_(reporter), element_(&element), made_(reporter.now()) {}
 
   // nullptr once the element has gone.
   Element* element() const { return element_; }
@@ -27,10 +27,13 @@ public:
 protected:
   Reporter& reporter() const { return reporter_; }
   template <class T> T& elementAs() const { return static_cast<T&>(*element_); }
+  // Deletes the view or what it shows, once nothing can need it any more.
+  void letGo(QObject& object) { reporter_.remove(&object, made_); }
 
 private:
   Reporter& reporter_;
   Element* element_;
+  Reporter::Age made_;
 };
 
 // One that is a widget: a window, or an element on a form. The view watches the widget's events;

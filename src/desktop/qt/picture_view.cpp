@@ -29,7 +29,7 @@ public:
   void remove() override {
     if (cursor_) {
       cursor_->hide();
-      reporter().remove(cursor_);
+      letGo(*cursor_);
     }
     ControlView::remove();
   }

@@ -1,7 +1,7 @@
 // The way from the screen to the forms layer: every action that a person takes goes through here.
 #pragma once
 
-#include <utility>
+#include <cstdint>
 
 #include <QList>
 #include <QObject>
@@ -14,29 +14,33 @@
 namespace forms::qt {
 
 // A report may close windows and destroy elements, also those whose widget is just handling an
-// event, and may wait in a message box meanwhile. So no widget is deleted before the outermost
-// report has returned: a widget may look at its own members after a report, but not at its
-// element, which may be gone.
+// event, and may wait in a message box meanwhile, in which other reports come and go. So no widget
+// is deleted before the reports have returned that it may have made: a widget may look at its own
+// members after a report, but not at its element, which may be gone. Those that are younger than a
+// box that waits go while it waits, or it would hold up every window of a long network game.
 class Reporter {
 public:
+  // Tells the old from the young: how many reports there had been when a widget was made.
+  using Age = std::uint64_t;
+
   void connect(Forms& forms) { forms_ = &forms; }
   Forms& forms() const { return *forms_; }
 
   // Calls `tell` with the forms layer and hands back what it returns.
   template <class Tell> auto report(Tell tell) {
-    ++reports_;
+    underWay_.append(++reports_);
     const auto returned = qScopeGuard([this] {
-      if (--reports_ == 0)
-        deleteRemoved();
+      underWay_.removeLast();
+      deleteRemoved();
     });
     return tell(*forms_);
   }
 
-  // Deletes the object as soon as nothing can need it any more.
-  void remove(QObject* object) {
-    removed_.append(object);
-    if (reports_ == 0)
-      deleteRemoved();
+  Age now() const { return reports_; }
+  // Deletes the object, which was made then, as soon as nothing can need it any more.
+  void remove(QObject* object, Age made) {
+    removed_.append({object, made});
+    deleteRemoved();
   }
 
   // While the result lives, what widgets signal is the program's own doing and not reported.
@@ -44,16 +48,26 @@ public:
   bool isQuiet() const { return quiet_; }
 
 private:
+  struct Removed {
+    QPointer<QObject> object; // some go with a parent before their turn
+    Age made;
+  };
+
   void deleteRemoved() {
-    for (const auto& object : std::exchange(removed_, {}))
-      if (object)
-        object->deleteLater();
+    removed_.removeIf([this](const Removed& removed) {
+      if (!underWay_.isEmpty() && underWay_.last() > removed.made)
+        return false;
+      if (removed.object)
+        removed.object->deleteLater();
+      return true;
+    });
   }
 
   Forms* forms_ = nullptr;
-  int reports_ = 0; // under way, each inside the one before
+  Age reports_ = 0;     // so far
+  QList<Age> underWay_; // their numbers, each inside the one before
   bool quiet_ = false;
-  QList<QPointer<QObject>> removed_; // some go with a parent before their turn
+  QList<Removed> removed_;
 };
 
 } // namespace forms::qt

@@ -90,6 +90,32 @@ TEST_F(Desktop, TicksWhileTheTimerRuns) {
   }
 }
 
+// A network game goes on behind a question, perhaps for days.
+TEST_F(Desktop, LetsGoOfTheWindowsThatOpenAndCloseBehindABox) {
+  int reopened = 0;
+  log.on["tmr_Tick"] = [&] {
+    one.close();
+    one.open();
+    ++reopened;
+  };
+  qsizetype widgetsAtFirst = 0, widgetsInTheEnd = 0;
+  const auto reopenBehindIt = [&] {
+    program.frame.tmr.Interval = 1;
+    program.frame.tmr.Enabled = true;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reopened >= 2; }));
+    widgetsAtFirst = QApplication::allWidgets().size();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reopened >= 10; }));
+    widgetsInTheEnd = QApplication::allWidgets().size();
+    program.frame.tmr.Enabled = false;
+  };
+  log.on["btn_Click"] = [&] {
+    player.expectBox("¿Declarar Rendición?", forms::Answer::Ok, reopenBehindIt);
+    program.forms.messageBox("¿Declarar Rendición?");
+  };
+  player.run("click btn");
+  EXPECT_EQ(widgetsAtFirst, widgetsInTheEnd);
+}
+
 TEST_F(Desktop, PutsTheFocusBackThatQtMoves) {
   program.own.open();
   QTest::keyClick(&player.widget(program.own.txtA), Qt::Key_Tab);
