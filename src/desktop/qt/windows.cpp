@@ -1,5 +1,6 @@
 #include "desktop/qt/windows.h"
 
+#include <optional>
 #include <utility>
 
 #include <QEvent>
@@ -9,6 +10,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTimer>
+#include <QWindow>
 
 #include "desktop/qt/child_window.h"
 #include "desktop/qt/conversions.h"
@@ -62,20 +64,26 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
     const bool restored = event->type() == QEvent::WindowStateChange && !widget().isMaximized() &&
                           !widget().isMinimized();
-    constexpr int WhileDecorationIsDrawn = 100; // milliseconds
+    constexpr int Looks = 100;
     if (restored && element() && !std::exchange(restored_, true))
-      QTimer::singleShot(WhileDecorationIsDrawn, this, [this] { fitOuterEdge(); });
+      fitOuterEdge(Looks, {});
     return WindowView::eventFilter(watched, event);
   }
 
 private:
-  void fitOuterEdge() {
-    if (!element() || widget().isMaximized())
+  // Again whenever the decoration is another than the one that the size was chosen for. A window
+  // manager draws it in its own time, and Qt does not tell when.
+  void fitOuterEdge(int looksLeft, std::optional<QMargins> chosenFor) {
+    if (!element() || widget().isMaximized() || looksLeft == 0)
       return;
-    const QSize decoration = widget().frameGeometry().size() - widget().size();
-    widget().resize(QSize(Scale().pixels(window().Width), Scale().pixels(window().Height)) -
-                    decoration);
-    moveToPlace();
+    const QMargins decoration = widget().windowHandle()->frameMargins();
+    if (chosenFor != decoration) {
+      const QSize outer(Scale().pixels(window().Width), Scale().pixels(window().Height));
+      widget().resize(outer.shrunkBy(decoration));
+      moveToPlace();
+    }
+    constexpr int Pause = 50; // milliseconds
+    QTimer::singleShot(Pause, this, [=, this] { fitOuterEdge(looksLeft - 1, decoration); });
   }
 
   bool restored_ = true; // since it was shown maximised
@@ -106,10 +114,18 @@ protected:
   }
 
 private:
+  // Screen readers are told which kind of window it is.
+  class OwnWidget final : public QWidget, public Pressable {
+  public:
+    using QWidget::QWidget;
+  };
+
   static QWidget* makeWidget(QWidget* frame) {
-    return new QWidget(frame, (frame ? Qt::Dialog : Qt::Window) | Qt::CustomizeWindowHint |
-                                  Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                                  Qt::WindowCloseButtonHint);
+    auto* const made = new OwnWidget(
+        frame, (frame ? Qt::Dialog : Qt::Window) | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+    made->role = frame ? QAccessible::Dialog : QAccessible::Window;
+    return made;
   }
 };
 
