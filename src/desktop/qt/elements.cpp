@@ -75,9 +75,14 @@ public:
       widget().setMaxLength(box.MaxLength);
     widget().setReadOnly(box.ReadOnly);
     setColors(QPalette::Base, QPalette::Text);
-    // Not textEdited: a screen reader sets the text without it.
-    connect(&widget(), &QLineEdit::textChanged, this, [this](const QString& text) {
-      reportUse([&](Forms& forms) { forms.typed(shown(), fromQt(text)); });
+    connect(&widget(), &QLineEdit::textEdited, this, [this](const QString& text) { type(text); });
+    // A screen reader sets the text without an edit. Later, for that may end in a message box, and
+    // the screen reader waits for its call's end.
+    connect(&widget(), &QLineEdit::textChanged, this, [this] {
+      const QString text = widget().text();
+      if (!reporter().isQuiet() && element() && text != toQt(shown().Text))
+        QMetaObject::invokeMethod(
+            this, [this, text] { type(text); }, Qt::QueuedConnection);
     });
   }
 
@@ -85,6 +90,11 @@ protected:
   void syncKind() override {
     if (const QString text = toQt(shown().Text); widget().text() != text)
       widget().setText(text);
+  }
+
+private:
+  void type(const QString& text) {
+    reportUse([&](Forms& forms) { forms.typed(shown(), fromQt(text)); });
   }
 };
 
@@ -129,8 +139,15 @@ public:
   CheckBoxView(CheckBox& box, Screen& screen, QWidget* form)
       : ViewOf(box, screen, new QCheckBox(form)) {
     setColors(QPalette::Base, QPalette::Text);
-    // Not clicked: a screen reader toggles the box without it.
-    connect(&widget(), &QCheckBox::toggled, this, [this] { click(); });
+    connect(&widget(), &QCheckBox::clicked, this, [this] { click(); });
+    // A screen reader toggles the box without a click, and waits for its call's end as with a text.
+    connect(
+        &widget(), &QCheckBox::toggled, this,
+        [this] {
+          if (element() && widget().isChecked() != (shown().Value != 0))
+            click();
+        },
+        Qt::QueuedConnection);
   }
   // The style marks the caption, which is not there.
   bool needsOutline() const override { return true; }

@@ -145,23 +145,33 @@ TEST_F(Desktop, AsksBeforeAChildThatQtActivatesTakesOver) {
 TEST_F(Desktop, DoesAScreenReadersWishes) {
   // A refusal puts the focus back.
   log.on["com_LostFocus"] = [&] { EXPECT_TRUE(one.com.SetFocus()); };
-  for (const char* wish : {"SetFocus", "Press", "Toggle", "Increase", "Decrease", "ShowMenu"})
+  for (const char* wish :
+       {"SetFocus", "Press", "Toggle", "Increase", "Decrease", "ShowMenu", "SetText"})
     player.verbs[wish] = [this, wish](auto& on, auto&) {
       auto* const said = QAccessible::queryAccessibleInterface(&player.widget(player.get(on)));
       QCoreApplication::processEvents();
-      EXPECT_TRUE(said->actionInterface()->actionNames().contains(wish));
-      said->actionInterface()->doAction(wish);
+      if (wish == std::string("SetText")) {
+        said->setText(QAccessible::Value, "5");
+      } else {
+        EXPECT_TRUE(said->actionInterface()->actionNames().contains(wish));
+        said->actionInterface()->doAction(wish);
+      }
+      EXPECT_EQ(log.events, "") << "inside the screen reader's call, which a box would hold up";
       QCoreApplication::processEvents();
       EXPECT_EQ(said->state().expanded, wish == std::string("ShowMenu"));
       if (said->state().expanded)
         said->actionInterface()->doAction(wish); // once more: closes it
     };
-  walk({"SetFocus txtB => txtA_LostFocus", "Press pic => txtB_LostFocus pic_Click",
-        "Press lbl => lbl_Click", "Toggle chk => pic_LostFocus chk_Click",
-        "Increase com => chk_LostFocus com_Click", "Increase com => com_Click",
+  walk({"SetFocus txtB => txtA_LostFocus", "SetText txtA => txtB_LostFocus txtA_Change",
+        "Press pic => txtA_LostFocus pic_Click", "Press lbl => lbl_Click",
+        "Toggle chk => pic_LostFocus chk_Click", "Increase com => chk_LostFocus com_Click",
+        "Increase com => com_Click",
         "Increase com => ", // behind the last
         "ShowMenu com => ", "Decrease com => com_Click", "SetFocus txtB => com_LostFocus"},
        [&](const std::string& wish) { return player.run(wish), events(); });
+  program.own.open();
+  const auto* const window = QAccessible::queryAccessibleInterface(&player.widget(program.own));
+  EXPECT_EQ(window->role(), QAccessible::Dialog);
 }
 
 TEST_F(Desktop, MovesAChildByItsKeys) {
