@@ -13,12 +13,25 @@ namespace forms::qt {
 
 namespace {
 
+// Keys are named as they stand on the keyboard; Qt's translation has "Control".
+class Spanish final : public QTranslator {
+public:
+  using QTranslator::QTranslator;
+
+  QString translate(const char* context, const char* text, const char* note,
+                    int number) const override {
+    const bool isKey = QLatin1String(context) == QLatin1String("QShortcut") &&
+                       QLatin1String(text) == QLatin1String("Ctrl");
+    return isKey ? QStringLiteral("Ctrl") : QTranslator::translate(context, text, note, number);
+  }
+};
+
 // Makes Spanish the language of Qt's own texts. Without Qt's translation file its few texts stay
 // English.
 void speakSpanish() {
   const QLocale spanish(QLocale::Spanish, QLocale::Spain);
   QLocale::setDefault(spanish);
-  auto* const translator = new QTranslator(qApp);
+  auto* const translator = new Spanish(qApp);
   const QString name = QStringLiteral("qtbase_es");
   if (translator->load(name,
                        QCoreApplication::applicationDirPath() + QStringLiteral("/translations")) ||

@@ -114,12 +114,12 @@ private:
     auto* const menu = new QMenu(&child());
     QAction* const move =
         menu->addAction(QStringLiteral("&Mover"), &child(), [this] { moveByKeyboard(child()); });
-    move->setShortcut(QKeySequence(QStringLiteral("Ctrl+F7")));
+    move->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F7));
     child().addAction(move);
     QAction* const close =
         menu->addAction(QStringLiteral("&Cerrar"), &child(), [this] { child().close(); });
-    close->setShortcuts(
-        {QKeySequence(QStringLiteral("Ctrl+F4")), QKeySequence(QKeySequence::Close)});
+    // Each key once: what the system closes windows with may be one of the two.
+    close->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_F4), QKeySequence(Qt::CTRL | Qt::Key_W)});
     child().addAction(close);
     child().setSystemMenu(menu);
     connect(new QShortcut(QKeySequence(QStringLiteral("Alt+-")), &child(), nullptr, nullptr,

@@ -21,10 +21,16 @@ void Zoom::chooseBeside(int percent, bool larger) {
     chosen_ = step == Steps.begin() ? percent : *(step - 1);
 }
 
+void Zoom::fit(UpTo largest) {
+  chosen_.reset();
+  largest_ = largest;
+}
+
 int Zoom::percent(const std::function<bool(int percent)>& fits) const {
   if (chosen_)
     return *chosen_;
-  const auto* step = std::find(Steps.begin(), Steps.end(), Whole);
+  const int most = largest_ == UpTo::Whole ? Whole : Steps.back();
+  const auto* step = std::find(Steps.begin(), Steps.end(), most);
   while (step != Steps.begin() && !fits(*step))
     --step;
   return *step;

@@ -10,7 +10,6 @@
 
 #include "desktop/qt/form.h"
 #include "desktop/qt/scrolling.h"
-#include "desktop/qt/zoom.h"
 
 namespace forms::qt {
 
@@ -25,10 +24,8 @@ ZoomControl::ZoomControl(QMdiSubWindow& child, Form& form, QMdiArea& area, Zoom&
   onKeys({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)},
          [this] { chooseBeside(true); });
   onKeys({QKeySequence(Qt::CTRL | Qt::Key_Minus)}, [this] { chooseBeside(false); });
-  onKeys({QKeySequence(Qt::CTRL | Qt::Key_0)}, [this] {
-    zoom_.fit();
-    layOut_();
-  });
+  onKeys({QKeySequence(Qt::CTRL | Qt::Key_0)}, [this] { fit(Zoom::UpTo::Whole); });
+  onKeys({QKeySequence(Qt::CTRL | Qt::Key_9)}, [this] { fit(Zoom::UpTo::Last); });
   child.installEventFilter(this);
   area.viewport()->installEventFilter(this);
 }
@@ -43,6 +40,11 @@ bool ZoomControl::eventFilter(QObject* watched, QEvent* event) {
     return false;
   turned(wheel);
   return true;
+}
+
+void ZoomControl::fit(Zoom::UpTo largest) {
+  zoom_.fit(largest);
+  layOut_();
 }
 
 void ZoomControl::chooseBeside(bool larger) {

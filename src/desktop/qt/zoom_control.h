@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include "desktop/qt/zoom.h"
+
 class QMdiArea;
 class QMdiSubWindow;
 class QWheelEvent;
@@ -12,7 +14,6 @@ class QWheelEvent;
 namespace forms::qt {
 
 class Form;
-class Zoom;
 
 class ZoomControl final : public QObject {
 public:
@@ -24,6 +25,7 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+  void fit(Zoom::UpTo largest);
   void chooseBeside(bool larger);
   void turned(const QWheelEvent& event);
 

@@ -131,6 +131,10 @@ TEST_P(Windows, FitABoardIntoItsFrame) {
   press(Qt::Key_0);
   EXPECT_EQ(turnWheel(0), 396);
   EXPECT_EQ(player.widget(app.nuevoJuego).pos(), QPoint());
+  press(Qt::Key_9);
+  EXPECT_EQ(turnWheel(0), 495); // 125 %
+  app.enJuego.open();
+  EXPECT_EQ(player.widget(app.enJuego.picTablero).width(), 495) << "chosen for both";
 }
 
 TEST_P(Windows, ScrollToWhatTheKeyboardIsOn) {
@@ -151,6 +155,36 @@ TEST_P(Windows, ScrollToWhatTheKeyboardIsOn) {
 }
 
 INSTANTIATE_TEST_SUITE_P(AtScale, Windows, testing::Values("1", "1.5", "2"));
+
+class Keys : public Windows {
+protected:
+  void pressed(const char* keys) {
+    const QKeyCombination pressed = QKeySequence(keys)[0];
+    QTest::keyClick(&player.widget(app.frame), pressed.key(), pressed.keyboardModifiers());
+    QCoreApplication::processEvents();
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(AtScale, Keys, testing::Values("1"));
+
+// Those of the manual that no script presses; all are for a window or its menu.
+TEST_P(Keys, DoWhatTheManualSays) {
+  for (const char* keys : {"Ctrl+F4", "Ctrl+W"}) {
+    player.run("menu mnuNuevoJuego");
+    pressed(keys);
+    EXPECT_FALSE(app.nuevoJuego.isOpen()) << keys;
+  }
+  pressed("Alt+O");
+  EXPECT_TRUE(app.opciones.isOpen());
+  for (const char* keys : {"Alt+-", "F10", "Alt+J"}) {
+    pressed(keys);
+    QWidget* const menu = QApplication::activePopupWidget();
+    ASSERT_TRUE(menu) << keys;
+    const QKeySequence last = menu->actions().constLast()->shortcut();
+    EXPECT_EQ(last.toString(QKeySequence::NativeText), keys == QString("Alt+-") ? "Ctrl+F4" : "");
+    menu->close();
+  }
+}
 
 // Everything with a text has the room that it needs, inside what it stands on.
 void expectTextsWhole() {
