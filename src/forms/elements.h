@@ -16,6 +16,7 @@ public:
   Label(Window& window, std::string_view name) : Element(Kind::Label, window, name) {}
   void click() override { raise(Click); }
   Property<std::string> Caption{*this, {}};
+  Property<bool> Framed{*this, false}; // stands out from the labels beside it
   bool Announced = false; // a screen reader says each new AccessibleName, wherever the focus is
   std::function<void()> Click;
 };

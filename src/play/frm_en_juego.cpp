@@ -101,6 +101,8 @@ void frmEnJuego::showStatus(const std::string& player1, const std::string& playe
   lblJ1_Estado.AccessibleName = "Jugador 1: " + player1;
   lblJ2_Estado.Caption = player2;
   lblJ2_Estado.AccessibleName = "Jugador 2: " + player2;
+  for (forms::Label* label : {&lblJ1_Estado, &lblJ2_Estado})
+    label->Framed = label->Caption.get() == "En Turno"; // seen at a glance
 }
 
 void frmEnJuego::disableUnits() {

@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QComboBox>
 
 #include "desktop/qt/form.h"
@@ -138,7 +139,10 @@ void tellSight(QWidget& element, bool inSight) {
 }
 
 void Announcer::announce(QWidget& element, const QString& text) {
-  if (std::exchange(said_[element.objectName()], text) == text || !QAccessible::isActive())
+  if (std::exchange(said_[element.objectName()], text) == text)
+    return;
+  QApplication::alert(element.window()); // does nothing while the program is in front
+  if (!QAccessible::isActive())
     return;
   const auto tell = [&element, text] {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)

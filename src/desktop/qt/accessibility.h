@@ -24,9 +24,9 @@ void installAccessibility();
 // Tells screen readers that the element has come into sight, or is about to go out of it.
 void tellSight(QWidget& element, bool inSight);
 
-// Has screen readers say what nobody asked for, wherever the focus is. Before Qt 6.8 nothing is
-// said on Windows; elsewhere the element counts as a notification that appears, which the readers
-// there say.
+// Has screen readers say what nobody asked for, wherever the focus is, and asks for attention in
+// the task bar while another program is in front. Before Qt 6.8 nothing is said on Windows;
+// elsewhere the element counts as a notification that appears, which the readers there say.
 class Announcer {
 public:
   // Says the text, unless it was the last one for an element of this name.

@@ -114,6 +114,8 @@ QWidget* QtDesktop::front() const {
 }
 
 Answer QtDesktop::messageBox(const MessageBox& box) {
+  if (QWidget* const frame = screen_.frame())
+    QApplication::alert(frame); // does nothing while the program is in front
   return showMessageBox(box, screen_.pictures.icon(toQt(box.icon)), front());
 }
 
