@@ -46,8 +46,7 @@ public:
 
   // What gets the keys while the keyboard's focus is here.
   virtual QWidget& focusHolder() const { return widget_; }
-  // Whether the focus must be outlined for who plays with the keyboard. Qt's style does so for most
-  // kinds.
+  // Whether the focus must be outlined for who plays with the keyboard. The caret marks a text box.
   virtual bool needsOutline() const { return false; }
   // Pixels on the form that who plays with the keyboard must see.
   virtual QRect focusPlace() const { return widget_.geometry(); }

@@ -55,6 +55,7 @@ public:
 protected:
   void syncKind() override {
     widget().setText(caption());
+    widget().setFrameShape(shown().Framed ? QFrame::Box : QFrame::NoFrame);
     // Where there is room for one line only, a wrapped word would vanish altogether.
     const QFont font = screen().fonts.fontFor(shown().TextFont, scale());
     widget().setWordWrap(widget().height() >= 2 * QFontMetrics(font).lineSpacing());
@@ -177,6 +178,7 @@ public:
     connect(&widget(), &QComboBox::activated, this,
             [this](int index) { reportUse([&](Forms& forms) { forms.chosen(shown(), index); }); });
   }
+  bool needsOutline() const override { return true; }
 
 protected:
   void syncKind() override {
@@ -227,6 +229,7 @@ public:
     connect(key, &QShortcut::activated, this,
             [this] { reportUse([this](Forms& forms) { forms.shortcutPressed(shown()); }); });
   }
+  bool needsOutline() const override { return true; }
 
 protected:
   void syncKind() override {

@@ -14,9 +14,10 @@ Outline::Outline(QWidget* form) : QWidget(form) {
   hide();
 }
 
-void Outline::showAt(const QRect& place, int width) {
+void Outline::showAt(const QRect& place, int width, bool faint) {
   setGeometry(place);
-  if (std::exchange(width_, width) != width)
+  const bool wider = std::exchange(width_, width) != width;
+  if (std::exchange(faint_, faint) != faint || wider)
     update();
   show();
 }
@@ -24,6 +25,8 @@ void Outline::showAt(const QRect& place, int width) {
 // Yellow between two dark lines: it shows on both tones of a board and on either side's units.
 void Outline::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
+  constexpr double Faint = 0.4;
+  painter.setOpacity(faint_ ? Faint : 1);
   const auto frame = [&](int inset, const QColor& color) {
     painter.setPen(color);
     painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));

@@ -9,14 +9,16 @@ namespace forms::qt {
 class Outline final : public QWidget {
 public:
   explicit Outline(QWidget* form);
-  // `width` is the line's in pixels, without the two dark lines beside it.
-  void showAt(const QRect& place, int width);
+  // `width` is the line's in pixels, without the two dark lines beside it. A faint one marks where
+  // the keyboard was.
+  void showAt(const QRect& place, int width, bool faint = false);
 
 protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
   int width_ = 1;
+  bool faint_ = false;
 };
 
 } // namespace forms::qt

@@ -46,13 +46,17 @@ protected:
         shown().BackColor ? toQt(*shown().BackColor) : widget().palette().color(QPalette::Base);
     constexpr int EdgeWidth = 4; // pixels at 96 dpi
     const int raised = shown().Appearance == 1 ? std::max(2, scale().length(EdgeWidth)) : 0;
-    widget().show({toQt(shown().picturePath()), inner(), raised, shown().Border, background});
+    const QString path = toQt(shown().picturePath());
+    const bool plainButton = path.isEmpty() && shown().index() > 0 && shown().Click;
+    widget().show({path, inner(), raised, shown().Border, background, plainButton});
     offerPress(widget(), shown().Click || board());
     widget().role = shown().Click ? QAccessible::Button : QAccessible::Graphic;
     // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
     if (const int rank = shown().zOrderRank; std::exchange(shownRank_, rank) != rank)
       setStackingRank(widget(), rank);
     syncCursor();
+    if (widget().underMouse())
+      syncPointer();
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
@@ -69,8 +73,16 @@ protected:
       if (event->type() != QEvent::MouseMove)
         pointer_.reset();
       movedTo(static_cast<QMouseEvent*>(event)->position());
+      syncPointer();
       if (!element() || event->type() == QEvent::MouseMove)
         return true;
+      break;
+    case QEvent::Enter:
+      syncPointer();
+      break;
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+      syncCursor();
       break;
     default:
       break;
@@ -105,6 +117,15 @@ private:
     return scale().pixels(QRect(innerTwips().topLeft() + corner, QSize(side, side)));
   }
 
+  // A hand over what a click does something with.
+  void syncPointer() {
+    if (!element())
+      return;
+    const auto shape = shown().invites() ? Qt::PointingHandCursor : Qt::ArrowCursor;
+    if (widget().cursor().shape() != shape)
+      widget().setCursor(shape);
+  }
+
   void syncCursor() {
     constexpr int CursorWidth = 3; // pixels at 96 dpi
     const std::optional<QRect> place = cursorPlace();
@@ -116,7 +137,7 @@ private:
     if (!cursor_)
       cursor_ = new Outline(widget().parentWidget());
     const bool moved = cursor_->isHidden() || cursor_->geometry() != *place;
-    cursor_->showAt(*place, std::max(2, scale().length(CursorWidth)));
+    cursor_->showAt(*place, std::max(2, scale().length(CursorWidth)), !widget().hasFocus());
     if (moved)
       viewOf<WindowView>(screen().views, shown().window()).showInSight(*place);
   }

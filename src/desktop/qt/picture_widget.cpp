@@ -16,6 +16,14 @@ void drawBorder(QPainter& painter, const QRect& rect) {
   painter.drawRect(rect.adjusted(0, 0, -1, -1));
 }
 
+// Darker than the ground, and twice as wide under the pointer.
+void drawEdge(QPainter& painter, const QRect& rect, const QColor& ground, bool underPointer) {
+  constexpr int Darker = 160; // per cent
+  painter.setPen(ground.darker(Darker));
+  for (int inset = 0; inset <= (underPointer ? 1 : 0); ++inset)
+    painter.drawRect(rect.adjusted(inset, inset, -inset - 1, -inset - 1));
+}
+
 // A slanted edge that catches the light from the top left, between two dark lines, so that it shows
 // on light and on dark pictures.
 void drawRaised(QPainter& painter, const QRect& rect, int width) {
@@ -47,6 +55,7 @@ void PictureWidget::show(Content content) {
   if (content == content_)
     return;
   content_ = std::move(content);
+  setAttribute(Qt::WA_Hover, content_.plainButton); // paints it anew when the pointer comes or goes
   update();
 }
 
@@ -56,10 +65,12 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
   const QPixmap pixmap = content_.path.isEmpty()
                              ? QPixmap()
                              : pictures_.pixmap(content_.path, inner.size(), devicePixelRatioF());
-  if (pixmap.isNull())
-    painter.fillRect(inner, content_.background);
-  else
+  if (!pixmap.isNull())
     painter.drawPixmap(inner.topLeft(), pixmap); // pixel by pixel
+  else
+    painter.fillRect(inner, content_.background);
+  if (content_.plainButton)
+    drawEdge(painter, inner, content_.background, underMouse());
   if (content_.border) {
     for (const QRect& side : QRegion(rect()).subtracted(inner))
       painter.fillRect(side, Qt::black);

@@ -5,7 +5,10 @@
 #include <QApplication>
 #include <QIcon>
 #include <QPalette>
+#include <QProxyStyle>
+#include <QStyleOption>
 #include <QToolTip>
+#include <qdrawutil.h>
 
 namespace forms::qt {
 
@@ -55,6 +58,30 @@ QPalette lightPalette() {
   return palette;
 }
 
+class Style final : public QProxyStyle {
+public:
+  Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override {
+    constexpr int ChildFrame = 1; // the wider one of the style is a white rim inside
+    return metric == PM_MdiSubWindowFrameWidth ? ChildFrame
+                                               : QProxyStyle::pixelMetric(metric, option, widget);
+  }
+
+  // A button with a colour of its own has that colour as its ground; the style would make light and
+  // shade of it.
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    const QBrush& ground = option->palette.button();
+    if (element != PE_PanelButtonCommand || ground == QApplication::palette().button())
+      return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const int edge = option->state.testFlag(State_MouseOver) ? 2 : 1; // pixels
+    qDrawShadePanel(painter, option->rect, option->palette, option->state.testFlag(State_Sunken),
+                    edge, &ground);
+  }
+};
+
 // Those of the file dialog and the boxes are Qt's own, drawn for light colours: a dark theme's
 // would be white on white. Qt takes the system's theme when the program names none.
 void leaveSystemIcons() {
@@ -65,7 +92,7 @@ void leaveSystemIcons() {
 } // namespace
 
 void applyStyle() {
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setStyle(new Style);
   const QPalette palette = lightPalette();
   QApplication::setPalette(palette);
   QToolTip::setPalette(palette);

@@ -81,6 +81,18 @@ TEST_F(Desktop, LeavesAnElementThatVanishesUnderItWithoutAClickOnAnother) {
   EXPECT_EQ(log.take(), "txtA_LostFocus");
 }
 
+TEST_F(Desktop, ShowsAHandOverAPictureThatAClickDoesSomethingWith) {
+  bool inviting = true;
+  one.pic.inviting = [&] { return inviting; };
+  for (const bool now : {true, false}) {
+    inviting = now;
+    QTest::mouseMove(window(), middle(one.lbl));
+    QTest::mouseMove(window(), middle(one.pic));
+    const Qt::CursorShape seen = player.widget(one.pic).cursor().shape();
+    EXPECT_EQ(seen, now ? Qt::PointingHandCursor : Qt::ArrowCursor);
+  }
+}
+
 TEST_F(Desktop, TicksWhileTheTimerRuns) {
   program.frame.tmr.Interval = 20;
   for (const bool on : {false, true, false}) {
