@@ -3,13 +3,15 @@
 
     tools/hang.py PROGRAM_FOLDER [SECONDS]
 
-Two copies reach one folder over two mounts, served on this machine. The server is stopped in the middle of
-the game, not ended, so that whoever asks it waits. Meanwhile both windows are asked and played with all
-the time; none may keep anybody waiting for more than half a second. When the server goes on so must the
-game, and a copy that is closed while it hangs must be gone within a second of its last window.
+Two copies reach one folder over two mounts, served on this machine. The server is stopped, not ended, so
+that whoever asks it waits: during a turn, at a win, at joining and at leaving. Meanwhile the windows are
+asked and played with all the time; none may keep anybody waiting for more than half a second. When the
+server goes on so must the game, and a copy that is closed while it hangs must be gone within a second of
+its last window.
 Needs the Debian packages sshfs, socat and openssh-sftp-server, and the right to mount.
 """
 
+import fcntl
 import os
 import signal
 import socket
@@ -17,9 +19,14 @@ import subprocess
 import sys
 import time
 
-from player import LEAVE, Player, Session, marker, saved_game, unit, wait_for
+from player import LEAVE, VICTORY, Player, Session, marker, saved_game, unit, wait_for
 
+NAME = "partida.txt"
 PIECES = {23: (1, 2), 25: (1, 1), 3: (2, 2), 1: (2, 1)}
+NEARLY_WON = {6: (1, 2), 25: (1, 1), 20: (2, 2), 1: (2, 1)}
+DEFEAT = """JUGADOR -1- HA VENCIDO
+
+Cierre la ventana del Tablero para iniciar otro juego"""
 LOST = "Sin acceso al archivo - Reintentando..."
 
 
@@ -97,31 +104,88 @@ def main():
 
 
 def play(session, share, program_folder, seconds):
-    name = "partida.txt"
-    (share.folder / name).write_bytes(saved_game(PIECES, 1))
     ana, blas = copies = [Player(session, program_folder, f"Casa {n}") for n in (1, 2)]
-    for number, copy in enumerate(copies, 1):
-        path = share.mount(f"red {number}") / name
+    mounts = [share.mount(f"red {number}") for number in (1, 2)]
+    for copy in copies:
         copy.pass_information()
-        copy.join(number, path)
-    # Past the first look, in which the copy out of turn writes.
-    blas.sees("*Actualización en: -1-*", "*Actualización en: -5-*")
-    ana.move(23, 18)
 
+    begin(share, copies, mounts, PIECES)
+    a_turn(share, copies, seconds)
+    for copy, caption in (ana, "Jugador -1-*"), (blas, "Jugador -2-*"):
+        copy.close_window(caption)
+    begin(share, copies, mounts, NEARLY_WON)
+    a_win(share, copies, seconds)
+    for copy, caption in (ana, "Victoria - Juego finalizado"), (blas, "Derrota - Juego finalizado"):
+        copy.close_window(caption)
+    a_join(share, blas, mounts[1] / NAME, seconds)
+    ana.join(1, mounts[0] / NAME)
+    an_end(share, ana)
+
+
+def begin(share, copies, mounts, pieces):
+    (share.folder / NAME).write_bytes(saved_game(pieces, 1))
+    for number, (copy, mount) in enumerate(zip(copies, mounts), 1):
+        copy.join(number, mount / NAME)
+    # Past the first look, in which the copy out of turn may write.
+    copies[1].sees("*Actualización en: -1-*", "*Actualización en: -5-*")
+
+
+def hung_for(share, copies, seconds, what):
+    """The rest of that time without a server."""
+    slowest = longest_wait(copies, seconds)
+    print(f"{what}, {seconds:.0f} s without a server: slowest answer {slowest:.3f} s", flush=True)
+    assert slowest < 0.5
+    share.everyone(signal.SIGCONT)
+
+
+def a_turn(share, copies, seconds):
+    ana, blas = copies
+    ana.move(23, 18)
     share.everyone(signal.SIGSTOP)
-    start = time.monotonic()
     blas.sees(LOST)
     blas.click(unit(23))
     blas.sees(marker(18))  # an idle click, but its window answers
-    slowest = longest_wait(copies, max(0, seconds - (time.monotonic() - start)))
-    print(f"{time.monotonic() - start:.0f} s without a server: slowest answer {slowest:.3f} s")
-    assert slowest < 0.5
-    share.everyone(signal.SIGCONT)
+    hung_for(share, copies, seconds, "a turn")
     blas.sees(unit(18), "Jugador 2: En Turno")
     blas.move(3, 8)
     ana.sees(unit(8), "Jugador 1: En Turno")
-    print("the game went on")
 
+
+def a_win(share, copies, seconds):
+    ana, blas = copies
+    share.everyone(signal.SIGSTOP)
+    start = time.monotonic()
+    ana.click(unit(6))
+    ana.click(marker(1))
+    ana.answer(VICTORY.format(1))
+    print(f"the winner's box has come and gone within {time.monotonic() - start:.1f} s")
+    ana.sees(LOST, "Jugador 1: Victoria")
+    hung_for(share, copies, seconds, "a win")
+    ana.sees("Victoria - Juego finalizado")
+    blas.find("*", "alert")
+    blas.answer(DEFEAT)
+    blas.sees("Derrota - Juego finalizado")
+
+
+def a_join(share, copy, path, seconds):
+    """The file dialog looks at the folder, too: here the server stops at the opening of the file."""
+    served = share.folder / NAME
+    served.write_bytes(saved_game(PIECES, 1))
+    question = f"El archivo no responde:\n{path}\n¿Seguir esperando?"
+    signal.signal(signal.SIGIO, signal.SIG_IGN)
+    with served.open("r+b") as file:
+        fcntl.fcntl(file, fcntl.F_SETLEASE, fcntl.F_WRLCK)  # others wait at their open, up to 45 s
+        copy.choose("Opciones")
+        copy.click("Cargar Juego en Red")
+        copy.choose_file("Cargar Juego", path)
+        copy.answer(question, "Sí")
+        copy.find("*", "alert")
+        hung_for(share, [copy], seconds, "a join")
+    copy.answer(question, "Sí")
+    copy.sees("Jugador -2- Actualización en: -?- segundos")
+
+
+def an_end(share, ana):
     share.everyone(signal.SIGSTOP)
     ana.sees(LOST)
     ana.keys("alt+F4")

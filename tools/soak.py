@@ -184,6 +184,8 @@ class Game:
                 area = copy.area(shown)
                 copy.click_at(area.x + area.width / 2, area.y + area.height / 2)
             elif owner != player:
+                killed_mover = copy.number == self.turn
+                self.killed_after_move = killed_mover and self.expected != self.record[-1]
                 self.replace(copy)
 
     AFTER = folder_goes, file_goes, file_is_torn, waiting_copy_is_killed, copy_in_turn_is_killed
