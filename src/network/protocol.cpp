@@ -7,45 +7,145 @@ namespace falanges::network {
 
 namespace {
 
-// What becomes of one copy by one event.
-class Reaction {
-public:
-  explicit Reaction(State before) : state(std::move(before)) {}
+// Each function below changes the state and gives what is to be done.
 
-  void to(const Join& join);
-  void to(const GoOn& yes);
-  void to(const Tick& tick);
-  void to(const LookCame& event);
-  void to(const WriteCame& event);
-  void to(const TurnPassed& event);
-  void to(const MoveWins& event);
+// --- What the cases share ------------------------------------------------------------------------
 
-  State state;
-  Action action;
+Action begin(State& state, Operation operation, Action::What what, const Look& over = {}) {
+  state.underWay = operation;
+  state.waited = 0;
+  return {what, over, operation == Operation::Write ? state.own : Position{}};
+}
 
-private:
-  void joinOn(const Look& look);
-  void open(const Look& look);
+Action look(State& state) {
+  return begin(state, Operation::Look, Action::LookAtFile);
+}
 
-  void turnSteps(const Look& look);
-  void afterTurn(const Look& look);
-  void afterJoining(const Look& look);
-  void whileWaiting(const Look& look);
-  void heal(const Look& look);
-  bool takesTurnBack(const Position& position) const;
+Action write(State& state, const Look& over) {
+  return begin(state, Operation::Write, Action::Write, over);
+}
 
-  void begin(Operation operation, Action::What what, const Look& over = {});
-  void show(const Position& position);
-  void takeOver(const Look& look);
-  void published();
-  void loseAccess() { state.withoutAccess = true; }
-  void regainAccess();
-};
+Action writeResult(State& state) {
+  return begin(state, Operation::Write, Action::WriteResult);
+}
 
-// --- Joining -------------------------------------------------------------------------------------
+Action withoutAccess(State& state) {
+  state.withoutAccess = true;
+  return {};
+}
+
+Action withAccess(State& state) {
+  state.withoutAccess = false;
+  state.inVain = 0;
+  return {};
+}
+
+// `own` stands in the file.
+Action published(State& state) {
+  state.phase = Phase::Waiting;
+  state.known = state.own;
+  return withAccess(state);
+}
+
+Action show(State& state, Phase outOfTurn, Action::What what, const Look& shown) {
+  const Position position = shown.found == Found::Whole ? shown.position : Position{};
+  // Who comes back to the position that it wrote last knows what its turn began with.
+  if (position != state.own)
+    state.playedFrom = {};
+  state.phase = outOfTurn;
+  state.known = state.own = position;
+  state.shown = shown.position.JugadorActual;
+  state.idleWin = false;
+  if (state.shown == state.player) {
+    state.phase = Phase::InTurn;
+    state.playedFrom = position;
+  }
+  withAccess(state);
+  return {what, shown, {}};
+}
+
+Action takeOver(State& state, const Look& look) {
+  return show(state, Phase::Waiting, Action::TakeOver, look);
+}
+
+Action open(State& state, const Look& look) {
+  return show(state, Phase::FirstLook, Action::Open, look);
+}
+
+// Whoever was writing may have died. A folder that is away may come back with a newer file, so that
+// only looks into one that answers count.
+Action heal(State& state, const Look& look) {
+  const int fullInterval = state.interval + 2; // from the first look to the one after a poll's
+  state.inVain = look.found == Found::Unreachable ? 0 : std::min(state.inVain + 1, fullInterval);
+  state.withoutAccess = true;
+  if (state.inVain < fullInterval || state.own.squares.empty())
+    return {};
+  return write(state, look);
+}
+
+// The other copy may have put its last text back before it had seen this copy's turn, or a slow
+// writing of it may have come late. No answer to a turn can be the position that the turn began
+// with, unless the turn itself led back to it.
+bool takesTurnBack(const State& state, const Position& position) {
+  return position == state.playedFrom && position.squares != state.own.squares;
+}
+
+// --- What a look leads to ------------------------------------------------------------------------
+
+Action joinOn(State& state, const Look& look) {
+  if (look.found == Found::Whole || look.found == Found::Result)
+    return open(state, look);
+  if (look.found != Found::Unreachable && !state.known.squares.empty()) {
+    state.seen = look;
+    return {Action::Ask, look, state.known};
+  }
+  state.phase = Phase::Ended;
+  return {Action::Refuse, look, {}};
+}
+
+// What a write that failed has yet brought into the file may have been answered.
+Action afterTurn(State& state, const Look& look) {
+  if (look.found == Found::Unreachable)
+    return withoutAccess(state);
+  if (look.found == Found::Whole && look.position == state.own)
+    return published(state);
+  if (look.found == Found::Whole && state.writeFailed && look.position != state.playedFrom)
+    return takeOver(state, look);
+  return write(state, look);
+}
+
+// The other copy may have gone on since this one joined: its news must not be written over, and
+// what stands there already need not be written.
+Action afterJoining(State& state, const Look& look) {
+  if (look.found != Found::Whole)
+    return heal(state, look);
+  if (look.text == state.own.text())
+    return published(state);
+  if (look.position == state.own || takesTurnBack(state, look.position))
+    return write(state, look);
+  return takeOver(state, look);
+}
+
+Action whileWaiting(State& state, const Look& look) {
+  if (look.found != Found::Whole)
+    return heal(state, look);
+  return takesTurnBack(state, look.position) ? write(state, look) : takeOver(state, look);
+}
+
+Action turnSteps(State& state, const Look& look) {
+  if (look.found == Found::Whole)
+    state.known = look.position;
+  if (state.phase == Phase::TurnFinished)
+    return afterTurn(state, look);
+  if (state.phase == Phase::InTurn || (state.shown == state.player && !state.idleWin))
+    return withAccess(state); // no file is needed
+  return state.phase == Phase::FirstLook ? afterJoining(state, look) : whileWaiting(state, look);
+}
+
+// --- The events ----------------------------------------------------------------------------------
 
 // Of an earlier game in this file counts what is known of it, and what is under way still.
-void Reaction::to(const Join& join) {
+Action on(State& state, const Join& join) {
   const State earlier = std::exchange(state, {});
   state.phase = Phase::Joining;
   state.player = join.player;
@@ -55,231 +155,90 @@ void Reaction::to(const Join& join) {
   state.known = earlier.known;
   state.underWay = earlier.underWay;
   state.ofEarlierGame = state.underWay != Operation::None;
-  if (!state.ofEarlierGame)
-    begin(Operation::Look, Action::LookAtFile);
+  return state.ofEarlierGame ? Action{} : look(state);
 }
 
-void Reaction::joinOn(const Look& look) {
-  if (look.found == Found::Whole || look.found == Found::Result) {
-    open(look);
-  } else if (look.found != Found::Unreachable && !state.known.squares.empty()) {
-    state.seen = look;
-    action = {Action::Ask, look, state.known};
-  } else {
-    state.phase = Phase::Ended;
-    action = {Action::Refuse, look, {}};
-  }
-}
-
-void Reaction::to(const GoOn& /*yes*/) {
+Action on(State& state, const GoOn& /*yes*/) {
   state.own = state.known;
-  begin(Operation::Write, Action::Write, std::exchange(state.seen, {}));
+  return write(state, std::exchange(state.seen, {}));
 }
 
-// Who comes back to the position that it wrote last knows what its turn began with.
-void Reaction::open(const Look& look) {
-  const Position position = look.found == Found::Whole ? look.position : Position{};
-  if (position != state.own)
-    state.playedFrom = {};
-  state.phase = Phase::FirstLook;
-  state.known = state.own = position;
-  show(look.position);
-  action = {Action::Open, look, {}};
-}
-
-// --- The player ----------------------------------------------------------------------------------
-
-void Reaction::to(const TurnPassed& event) {
-  state.shown = event.position.JugadorActual;
-  if (state.phase != Phase::InTurn)
-    return;
-  state.phase = Phase::TurnFinished;
-  state.own = event.position;
-  state.writeFailed = false;
-}
-
-void Reaction::to(const MoveWins& event) {
-  if (state.phase != Phase::InTurn) {
-    state.idleWin = true;
-    return;
-  }
-  state.phase = Phase::Won;
-  state.own = event.position;
-  state.known = {};
-  if (state.underWay == Operation::None) // else behind the look that is under way
-    begin(Operation::Write, Action::WriteResult);
-}
-
-// --- The file ------------------------------------------------------------------------------------
-
-void Reaction::to(const Tick& /*tick*/) {
-  if (state.underWay == Operation::None) {
-    begin(Operation::Look, Action::LookAtFile);
-    return;
-  }
+Action on(State& state, const Tick& /*tick*/) {
+  if (state.underWay == Operation::None)
+    return look(state);
   state.waited = std::min(state.waited + 1, Patience);
-  if (state.waited == Patience || state.phase == Phase::Won)
-    loseAccess();
+  return state.waited == Patience || state.phase == Phase::Won ? withoutAccess(state) : Action{};
 }
 
-void Reaction::to(const LookCame& event) {
-  const Look& look = event.look;
+Action on(State& state, const LookCame& event) {
   const Operation was = std::exchange(state.underWay, Operation::None);
   const Look first = std::exchange(state.seen, {});
-  if (std::exchange(state.ofEarlierGame, false)) {
-    begin(Operation::Look, Action::LookAtFile);
-  } else if (state.phase == Phase::Won) {
-    begin(Operation::Write, Action::WriteResult);
-  } else if (state.phase == Phase::Joining) {
-    joinOn(look);
-  } else if (was == Operation::Look && look.found == Found::Result) {
-    // Position and result may be of two moments. What stays the same belongs together.
-    state.seen = look;
-    begin(Operation::SecondLook, Action::LookAtFile);
-  } else if (was == Operation::Look) {
-    turnSteps(look);
-  } else if (look == first) {
-    state.phase = Phase::Ended;
-    state.known = {};
-    action = {Action::Lose, look, {}};
-  } else {
-    loseAccess();
+  if (std::exchange(state.ofEarlierGame, false))
+    return look(state);
+  if (state.phase == Phase::Won)
+    return writeResult(state);
+  if (state.phase == Phase::Joining)
+    return joinOn(state, event.look);
+  if (was == Operation::Look && event.look.found != Found::Result)
+    return turnSteps(state, event.look);
+  // Position and result may be of two moments. What stays the same belongs together.
+  if (was == Operation::Look) {
+    state.seen = event.look;
+    return begin(state, Operation::SecondLook, Action::LookAtFile);
   }
+  if (event.look != first)
+    return withoutAccess(state);
+  state.phase = Phase::Ended;
+  state.known = {};
+  return {Action::Lose, first, {}};
 }
 
-void Reaction::turnSteps(const Look& look) {
-  if (look.found == Found::Whole)
-    state.known = look.position;
-  const bool seemsInTurn = state.shown == state.player && !state.idleWin;
-  if (state.phase == Phase::TurnFinished)
-    afterTurn(look);
-  else if (state.phase == Phase::InTurn || seemsInTurn)
-    regainAccess(); // no file is needed
-  else if (state.phase == Phase::FirstLook)
-    afterJoining(look);
-  else
-    whileWaiting(look);
-}
-
-// What a write that failed has yet brought into the file may have been answered.
-void Reaction::afterTurn(const Look& look) {
-  if (look.found == Found::Unreachable)
-    loseAccess();
-  else if (look.found == Found::Whole && look.position == state.own)
-    published();
-  else if (look.found == Found::Whole && state.writeFailed && look.position != state.playedFrom)
-    takeOver(look);
-  else
-    begin(Operation::Write, Action::Write, look);
-}
-
-// The other copy may have gone on since this one joined: its news must not be written over, and
-// what stands there already need not be written.
-void Reaction::afterJoining(const Look& look) {
-  if (look.found != Found::Whole)
-    heal(look);
-  else if (look.text == state.own.text())
-    published();
-  else if (look.position == state.own || takesTurnBack(look.position))
-    begin(Operation::Write, Action::Write, look);
-  else
-    takeOver(look);
-}
-
-void Reaction::whileWaiting(const Look& look) {
-  if (look.found != Found::Whole)
-    heal(look);
-  else if (takesTurnBack(look.position))
-    begin(Operation::Write, Action::Write, look);
-  else
-    takeOver(look);
-}
-
-// The other copy may have put its last text back before it had seen this copy's turn, or a slow
-// writing of it may have come late. No answer to a turn can be the position that the turn began
-// with, unless the turn itself led back to it.
-bool Reaction::takesTurnBack(const Position& position) const {
-  return position == state.playedFrom && position.squares != state.own.squares;
-}
-
-// Whoever was writing may have died. A folder that is away may come back with a newer file, so that
-// only looks into one that answers count.
-void Reaction::heal(const Look& look) {
-  const int fullInterval = state.interval + 2; // from the first look to the one after a poll's
-  loseAccess();
-  state.inVain = look.found == Found::Unreachable ? 0 : std::min(state.inVain + 1, fullInterval);
-  if (state.inVain == fullInterval && !state.own.squares.empty())
-    begin(Operation::Write, Action::Write, look);
-}
-
-void Reaction::to(const WriteCame& event) {
+Action on(State& state, const WriteCame& event) {
   const bool whole = event.written == Written::Whole;
   state.underWay = Operation::None;
   if (std::exchange(state.ofEarlierGame, false)) {
     if (whole)
       state.known = state.own;
-    begin(Operation::Look, Action::LookAtFile);
-  } else if (state.phase == Phase::Joining && whole) {
-    const Position position = state.own;
-    open({Found::Whole, position.text(), position});
-  } else if (state.phase == Phase::Joining) {
-    begin(Operation::Look, Action::LookAtFile);
-  } else if (!whole) {
+    return look(state);
+  }
+  if (state.phase == Phase::Joining)
+    return whole ? open(state, {Found::Whole, state.own.text(), state.own}) : look(state);
+  if (!whole) {
     state.writeFailed = state.writeFailed || event.written == Written::Failed;
-    loseAccess();
-  } else if (state.phase == Phase::Won) {
-    state.phase = Phase::Ended;
-    regainAccess();
-  } else {
-    published();
+    return withoutAccess(state);
   }
+  if (state.phase != Phase::Won)
+    return published(state);
+  state.phase = Phase::Ended;
+  return withAccess(state);
 }
 
-// --- What the cases share ------------------------------------------------------------------------
-
-void Reaction::begin(Operation operation, Action::What what, const Look& over) {
-  state.underWay = operation;
-  state.waited = 0;
-  action = {what, over, operation == Operation::Write ? state.own : Position{}};
-}
-
-void Reaction::show(const Position& position) {
-  state.shown = position.JugadorActual;
-  state.idleWin = false;
-  if (position.JugadorActual == state.player) {
-    state.phase = Phase::InTurn;
-    state.playedFrom = position;
+Action on(State& state, const TurnPassed& event) {
+  state.shown = event.position.JugadorActual;
+  if (state.phase == Phase::InTurn) {
+    state.phase = Phase::TurnFinished;
+    state.own = event.position;
+    state.writeFailed = false;
   }
-  regainAccess();
+  return {};
 }
 
-void Reaction::takeOver(const Look& look) {
-  if (look.position != state.own)
-    state.playedFrom = {};
-  state.phase = Phase::Waiting;
-  state.own = look.position;
-  show(look.position);
-  action = {Action::TakeOver, look, {}};
-}
-
-// `own` stands in the file.
-void Reaction::published() {
-  state.phase = Phase::Waiting;
-  state.known = state.own;
-  regainAccess();
-}
-
-void Reaction::regainAccess() {
-  state.withoutAccess = false;
-  state.inVain = 0;
+Action on(State& state, const MoveWins& event) {
+  state.idleWin = state.phase != Phase::InTurn;
+  if (state.idleWin)
+    return {};
+  state.phase = Phase::Won;
+  state.own = event.position;
+  state.known = {};
+  // Behind the look that may be under way.
+  return state.underWay == Operation::None ? writeResult(state) : Action{};
 }
 
 } // namespace
 
 Step happen(State state, const Event& event) {
-  Reaction reaction(std::move(state));
-  std::visit([&reaction](const auto& what) { reaction.to(what); }, event);
-  return {std::move(reaction.state), std::move(reaction.action)};
+  Action action = std::visit([&state](const auto& what) { return on(state, what); }, event);
+  return {std::move(state), std::move(action)};
 }
 
 } // namespace falanges::network

@@ -38,7 +38,7 @@ struct Copy {
 };
 
 // What no file without a lock can prevent. What breaks a promise then is no fault of the program.
-enum class Excuse { None, LateWrite, TwoWrites, WinnerGone, NobodyKnows, Forgotten };
+enum class Excuse { None, LateWrite, TwoWrites, WinnerGone, NobodyKnows, WriterGone };
 
 struct World {
   Copy copies[2];
@@ -47,7 +47,8 @@ struct World {
   Position latest = {"0", 1}; // behind the last turn that has stood whole in the file
   Position final;             // behind the winning move
   bool resultSeen = false;    // the result has stood in the file
-  bool forgotten = false;     // the one who published it was killed since
+  bool writerGone = false;    // the copy that published it was left or killed since
+  bool oldIsBack = false;     // an older one stands in a file that was torn or deleted
   int played[9] = {};         // how often each turn was played
   int faults = 0;             // of the kinds that are counted
   Excuse excuse = Excuse::None;
@@ -99,18 +100,25 @@ struct World {
   }
   void leaves(int who) {
     if (copies[who].state.phase == Phase::Won)
-      excuse = Excuse::WinnerGone;
+      because(Excuse::WinnerGone);
     copies[who].open = copies[who].asked = false;
+    writerGone = writerGone || latest.JugadorActual == number(1 - who);
+    if (oldIsBack && writerGone)
+      because(Excuse::WriterGone);
   }
   // What it had under way is lost with it, or comes to its end all the same.
   void isKilled(int who, bool workGoesOn) {
     leaves(who);
     if (workGoesOn)
       orphan = copies[who].work;
-    forgotten = forgotten || latest.JugadorActual == number(1 - who);
     const bool told = copies[who].told;
     copies[who] = {};
     copies[who].told = told;
+    somethingIsLost();
+  }
+  void fileBecomes(const Look& look) {
+    file = look;
+    somethingIsLost();
   }
   // All that does not hang comes to its end, and what that leads to.
   void finishWork() {
@@ -141,9 +149,9 @@ struct World {
       return;
     }
     if (compares && !away && file != (call == Empty ? work.action.look : Emptied))
-      excuse = Excuse::TwoWrites;
+      because(Excuse::TwoWrites);
     if (&work == &orphan && call != ReadBack)
-      excuse = Excuse::LateWrite;
+      because(Excuse::LateWrite);
     work.ended = away || call == (compares ? Put : ReadBack);
     work.written = away ? Written::Failed : Written::Whole;
     if (away)
@@ -161,8 +169,6 @@ struct World {
   // --- What is promised --------------------------------------------------------------------------
 
   void check() {
-    if (!somebodyKnows() && excuse == Excuse::None)
-      excuse = Excuse::NobodyKnows;
     if (file.position.squares == "idle")
       fault = "an idle move is written";
     if (file.found == Found::Result && file.position != final)
@@ -230,37 +236,42 @@ private:
         copy.told || step.action.what == Action::Lose || (wins && copy.state.phase == Phase::Ended);
   }
 
+  void because(Excuse reason) {
+    if (excuse == Excuse::None)
+      excuse = reason;
+  }
+
   void put(const Position& position, const Look& before) {
     file = whole(position);
     const std::string &news = position.squares, &last = latest.squares;
     if (!news.starts_with(last) && !last.starts_with(news))
       fault = "a turn is written over another";
-    if (news.size() < last.size() && forgotten && before.found != Found::Whole)
-      excuse = Excuse::Forgotten;
+    oldIsBack = news.size() < last.size() && before.found != Found::Whole;
+    if (oldIsBack && writerGone)
+      because(Excuse::WriterGone);
     if (news.size() > last.size()) {
       latest = position;
-      forgotten = false;
+      writerGone = false;
     }
   }
 
   void addResult(const Position& position) {
     const bool whole = file.found == Found::Whole;
     if (whole && file.position != position)
-      excuse = Excuse::TwoWrites;
+      because(Excuse::TwoWrites);
     file.found = whole ? Found::Result : Found::Torn;
     file.text += "1" + std::to_string(position.JugadorActual);
     resultSeen = resultSeen || whole;
   }
 
-  // Whether the file holds the last position, or a copy that can put it back.
-  bool somebodyKnows() const {
-    if (resultSeen && file.found != Found::Result)
-      return copies[0].state.phase == Phase::Won || copies[1].state.phase == Phase::Won;
-    bool known = file.position == latest;
-    for (const Copy& copy : copies)
-      known = known || copy.state.known == latest ||
-              (copy.open && (copy.state.own == latest || copy.state.playedFrom == latest));
-    return known;
+  // Unless the file holds the last position or result, or a copy that may put it back.
+  void somethingIsLost() {
+    bool known = resultSeen ? file.found == Found::Result : file.position == latest;
+    for (const auto& [state, work, open, asked, told, away, hangs, stuck] : copies)
+      known = known || (resultSeen ? state.phase == Phase::Won && work.written != Written::Whole
+                                   : state.known == latest || state.own == latest);
+    if (!known)
+      because(Excuse::NobodyKnows);
   }
 };
 
