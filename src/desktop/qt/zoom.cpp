@@ -8,8 +8,8 @@ namespace forms::qt {
 namespace {
 
 constexpr int Whole = 100;
-constexpr std::array Steps{50, 55,  60,  65,  70,  75,  80,  85,  90,
-                           95, 100, 110, 125, 150, 175, 200, 250, 300};
+constexpr std::array Steps{50,  55,  60,  65,  70,  75,  80,  85,  90,  95,  100,
+                           110, 125, 150, 175, 200, 250, 300, 350, 400, 450, 500};
 
 } // namespace
 
