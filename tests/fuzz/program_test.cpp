@@ -98,7 +98,7 @@ private:
     if (kind == 0)
       std::filesystem::create_directory(scripted::toPath(file(name)));
     else if (kind > 1)
-      write(name, text.substr(0, kind == 2 ? below(text.size()) : text.npos));
+      write(name, text.substr(0, kind == 2 ? below(text.size()) : std::string::npos));
   }
 
   // Also what is hidden, disabled or behind a box: nothing must come of it.

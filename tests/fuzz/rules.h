@@ -15,7 +15,7 @@ struct Rules {
   int player;
   bool lastOfTurn; // the next move
   std::size_t selected;
-  std::string won = ""; // the victory's words
+  std::string won{}; // the victory's words
   std::string drawn = board;
 
   bool owns(char unit) const { return unit > '/' && (unit < 'a') == (player == 1); }
@@ -35,7 +35,7 @@ struct Rules {
   // "S" where the selected unit stands, "*" where it may go.
   std::string reach() const {
     std::string marks = blank(side);
-    for (std::size_t to = 0; selected != marks.npos && to < marks.size(); ++to)
+    for (std::size_t to = 0; selected != std::string::npos && to < marks.size(); ++to)
       marks[to] = to == selected ? 'S' : mayGo(to) ? '*' : marks[to];
     return marks;
   }
@@ -43,9 +43,9 @@ struct Rules {
     if (reach()[place] == '*') {
       move(place);
     } else if (owns(board[place]) && std::tolower(board[place]) != 'b') {
-      selected = place == selected ? board.npos : place;
-      if (reach().find('*') == board.npos) // nowhere to go
-        selected = board.npos;
+      selected = place == selected ? std::string::npos : place;
+      if (reach().find('*') == std::string::npos) // nowhere to go
+        selected = std::string::npos;
     }
   }
   // A won game keeps board and turn.
@@ -60,7 +60,7 @@ struct Rules {
     else if (taken > '/' && taken != flag && others == 1)
       won = "ELIMINADO todas las unidades enemigas";
     drawn[to] = std::exchange(drawn[selected], '.');
-    selected = board.npos;
+    selected = std::string::npos;
     board = won.empty() ? drawn : board;
     player = won.empty() && lastOfTurn ? 3 - player : player;
   }

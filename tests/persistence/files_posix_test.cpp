@@ -17,10 +17,11 @@ TEST_F(FilesPosix, AKilledSaveLeavesTheEarlierGameOrTheNewOne) {
   load(games[0]);
   for (int kills = 0; kills < 60; ++kills) {
     const pid_t child = fork();
-    while (child == 0) {
-      play.JugadorActual = 3 - play.JugadorActual;
-      choose("menu GuardarJuego", path);
-    }
+    if (child == 0)
+      for (;;) {
+        play.JugadorActual = 3 - play.JugadorActual;
+        choose("menu GuardarJuego", path);
+      }
     usleep(static_cast<useconds_t>(std::rand() % 10000));
     int status = 0;
     ASSERT_TRUE(kill(child, SIGKILL) == 0 && waitpid(child, &status, 0) == child);

@@ -105,8 +105,8 @@ void Game::walk(const std::vector<std::string>& rows, const std::function<std::s
 
 void Game::choose(const std::string& step, const std::optional<std::string>& path,
                   const std::string& box) {
-  const bool save = step.find("Guardar") != step.npos;
-  const bool game = step.find("Juego") != step.npos;
+  const bool save = step.find("Guardar") != std::string::npos;
+  const bool game = step.find("Juego") != std::string::npos;
   screen.expectFile(std::string(save ? "Guardar" : "Cargar") + (game ? " Juego" : " Plantilla"),
                     path);
   run(step, box);

@@ -129,7 +129,7 @@ std::optional<PictureSize> Player::pictureSize(const std::string& path) {
   const std::filesystem::path file(path);
   EXPECT_EQ(file.parent_path().parent_path(), programFolder());
   const std::string name = file.filename().string();
-  if (name.find(missingPictures) != name.npos)
+  if (name.find(missingPictures) != std::string::npos)
     return std::nullopt;
   const int board = ((name[0] - '0') * 1180 + 14) / 15; // of "6x6.jpg"
   const int side = name[1] == 'x' ? board : name.ends_with(".ico") ? 32 : 62;

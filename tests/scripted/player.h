@@ -5,6 +5,7 @@
 #include <deque>
 #include <map>
 #include <memory>
+#include <ranges>
 #include <stdexcept>
 
 #include <gtest/gtest.h>
@@ -57,10 +58,9 @@ public:
   // The element or window on the screen whose name ends so, in the window that opened last: "btn",
   // "frmUno.btn". A test without it cannot go on.
   template <class T = Element> T& get(const std::string& name) const {
-    const auto& open = forms_->openWindows();
-    for (auto window = open.rbegin(); window != open.rend(); ++window) {
-      std::vector<Element*> all = (*window)->elements();
-      all.push_back(*window);
+    for (Window* window : forms_->openWindows() | std::views::reverse) {
+      std::vector<Element*> all = window->elements();
+      all.push_back(window);
       for (Element* element : all)
         if (T* const found = dynamic_cast<T*>(element); found && nameOf(*element).ends_with(name))
           return *found;

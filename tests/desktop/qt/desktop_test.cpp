@@ -47,7 +47,7 @@ protected:
 TEST_F(Desktop, ClicksWhereItIsPressedAndLetGo) {
   one.chk.Width = 195;
   one.pic.MouseMove = [&](float X, float Y) {
-    log.add(QString("%1,%2").arg(X).arg(Y).toStdString());
+    log.add(std::to_string(static_cast<int>(X)) + "," + std::to_string(static_cast<int>(Y)));
   };
   const forms::Element* const elements[] = {&one.pic, &one.lbl, &one.btn, &one.chk};
   for (const auto* from : elements)

@@ -57,7 +57,7 @@ QWidget* focusHolder() {
 QPoint pixelOf(const Picture& picture, const QWidget& shown, const std::string& place) {
   const auto [X, Y] = placeOn(picture, place);
   const QPointF frame(picture.frameWidth(), picture.frameWidth());
-  const QPointF pixel = (frame + QPointF(X, Y)) * shown.width() / picture.Width;
+  const QPointF pixel = (frame + QPointF(double(X), double(Y))) * shown.width() / picture.Width;
   return {static_cast<int>(pixel.x()), static_cast<int>(pixel.y())};
 }
 
