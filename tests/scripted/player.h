@@ -2,10 +2,10 @@
 // has no screen; the tests of the real one put it in its place.
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <memory>
-#include <ranges>
 #include <stdexcept>
 
 #include <gtest/gtest.h>
@@ -58,13 +58,18 @@ public:
   // The element or window on the screen whose name ends so, in the window that opened last: "btn",
   // "frmUno.btn". A test without it cannot go on.
   template <class T = Element> T& get(const std::string& name) const {
-    for (Window* window : forms_->openWindows() | std::views::reverse) {
+    T* found = nullptr;
+    for (Window* window : forms_->openWindows()) {
       std::vector<Element*> all = window->elements();
       all.push_back(window);
-      for (Element* element : all)
-        if (T* const found = dynamic_cast<T*>(element); found && nameOf(*element).ends_with(name))
-          return *found;
+      const auto fits = std::ranges::find_if(all, [&](const Element* element) {
+        return dynamic_cast<const T*>(element) && nameOf(*element).ends_with(name);
+      });
+      if (fits != all.end())
+        found = dynamic_cast<T*>(*fits);
     }
+    if (found)
+      return *found;
     throw std::runtime_error(name + " is not there");
   }
   // Name of the element that the keyboard goes to, "" when there is none.

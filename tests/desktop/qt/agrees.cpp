@@ -122,18 +122,6 @@ void lookAtPicture(const Picture& picture, QWidget& widget, const QImage& screen
     same(picture, "picture", path, QString("%1 of %2 points differ").arg(wrong).arg(points));
 }
 
-// The highest rank is in front, and of several the one that was made last.
-const Element& inFrontAt(const Window& window, QPoint point) {
-  const Element* front = &window;
-  for (int highest = 0; const Element* element : window.elements()) {
-    const auto* const picture = dynamic_cast<const Picture*>(element);
-    const int rank = picture ? picture->zOrderRank.get() : 0;
-    if (element->Visible && rank >= highest && place(*element).contains(point))
-      front = element, highest = rank;
-  }
-  return *front;
-}
-
 // A tick box is drawn at the style's size, in the middle of its element; a small list keeps its
 // arrow.
 void lookAtPlace(const Element& element, const QWidget& widget) {
@@ -145,11 +133,6 @@ void lookAtPlace(const Element& element, const QWidget& widget) {
   if (element.kind() == Kind::DropList && factor < 0.7)
     wanted.setWidth(qMax(wanted.width(), widget.width()));
   same(element, "place", wanted, widget.geometry());
-  const QWidget* front = widget.parentWidget()->childAt(middle);
-  while (front && front->parentWidget() != widget.parentWidget())
-    front = front->parentWidget(); // a part of the element
-  same(element, "in front", text(inFrontAt(element.window(), middle).name()),
-       front ? front->objectName() : "nothing");
 }
 
 // Where the keyboard's cursor is marked, if it is.
