@@ -48,7 +48,7 @@ public:
       : Game(
             scripted::makePlayer(),
             start ? std::move(start)
-                  : [this](std::function<void()> operation) { share.begin(operation); }),
+                  : [this](std::function<void()> operation) { share.begin(std::move(operation)); }),
         number_(std::to_string(number)) {
     configure("0;0;5;1;\r\n");
     Game::start();
