@@ -242,17 +242,19 @@ TEST_F(Network, ALookOfAnEarlierGameThatHangsDoesNotHoldUpAGameOnAnotherShare) {
 }
 
 TEST_F(Network, WhoJoinsAgainWaitsForItsOwnWriteThatHangs) {
-  bothPlay(Start);
-  ana.run("move 23 18");
+  bothPlay(Last);
   ana.share.hangs = true;
-  ana.polls(); // looks
+  ana.screen.expectBox(victory("1", "CONQUISTADO la Bandera"));
+  ana.run("move 6 1");
+  ana.screen.expectBox("No se puede guardar el archivo:\r\n" + path + "\r\n¿Reintentar?",
+                       Answer::No);
   ana.leaves();
   ana.run("menu Opciones");
   ana.screen.expectFile("Cargar Juego", path);
   ana.screen.expectBox("El archivo no responde:\r\n" + path + "\r\n¿Seguir esperando?", Answer::Yes,
                        [&] { ana.share.answers(); });
   ana.run("click btnCargarJuegoRed");
-  EXPECT_EQ(ana.status(), "En Turno/En Espera") << "the write had not begun";
+  ana.expectBoard("I..../...../...../....i/....B");
 }
 
 TEST_F(Network, TheLastPositionThatWasSeenSavesAGameWhoseFileIsTorn) {

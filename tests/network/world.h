@@ -251,7 +251,7 @@ private:
       because(Excuse::WriterGone);
     if (news.size() > last.size()) {
       latest = position;
-      writerGone = false;
+      writerGone = !plays(2 - position.JugadorActual);
     }
   }
 
