@@ -28,10 +28,11 @@ SCREEN = "desktop/qt"
 SCREEN_MAY_INCLUDE = {SCREEN, "forms"}
 # Inside the screen's folder, too: from the ground up; files on one floor don't know each other.
 SCREEN_FLOORS = [
-    "conversions decoder_warnings keyboard_move reporter scale scrolling session_end stacking style zoom",
-    "element_view fonts form message_box outline picture_store",
-    "accessibility file_dialog focus_keeper zoom_control",
-    "application picture_widget screen",
+    "conversions decoder_warnings keyboard_move reporter scale scrolling session_end style zoom",
+    "element_view fonts form message_box picture_store",
+    "accessibility file_dialog outline zoom_control",
+    "application focus_keeper picture_widget",
+    "screen",
     "control_view window_view",
     "child_window picture_view",
     "elements windows",

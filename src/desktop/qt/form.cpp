@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include <QChildEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -55,6 +56,20 @@ QList<QWidget*> Form::elementsInSight() const {
     return std::pair(a->y(), a->x()) < std::pair(b->y(), b->x());
   });
   return elements;
+}
+
+void Form::stack(QWidget& widget, int rank) {
+  ranks_[&widget] = rank;
+  // From the hindmost to the frontmost.
+  for (QObject* child : children())
+    if (child != &widget && ranks_.value(child) > rank)
+      return widget.stackUnder(static_cast<QWidget*>(child));
+  widget.raise();
+}
+
+void Form::childEvent(QChildEvent* event) {
+  if (event->removed())
+    ranks_.remove(event->child());
 }
 
 // The colour does not go into the palette, which the elements would inherit.

@@ -1,6 +1,9 @@
 // The area of a window that holds its elements.
 #pragma once
 
+#include <limits>
+
+#include <QHash>
 #include <QList>
 #include <QWidget>
 
@@ -19,11 +22,18 @@ public:
   // The widgets of all visible elements as they are read: row by row, each from left to right.
   QList<QWidget*> elementsInSight() const;
 
+  // In front of every element.
+  static constexpr int FrontRank = std::numeric_limits<int>::max();
+  // Moves the widget behind all of the form that have a higher rank and in front of all others. A
+  // widget that was never given a rank has rank 0.
+  void stack(QWidget& widget, int rank);
+
   // The views ask for it as often as they are brought into line.
   const Scale& scale() const { return scale_; }
   void setScale(const Scale& scale) { scale_ = scale; }
 
 protected:
+  void childEvent(QChildEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   // Keys that the focused element had no use for.
@@ -34,6 +44,7 @@ private:
   Reporter& reporter_;
   Window* window_; // nullptr once it has gone
   Scale scale_;
+  QHash<const QObject*, int> ranks_;
 };
 
 } // namespace forms::qt

@@ -4,13 +4,13 @@
 
 #include <QPainter>
 
-#include "desktop/qt/stacking.h"
+#include "desktop/qt/form.h"
 
 namespace forms::qt {
 
 Outline::Outline(QWidget* form) : QWidget(form) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  setStackingRank(*this, FrontRank);
+  static_cast<Form*>(form)->stack(*this, Form::FrontRank);
   hide();
 }
 

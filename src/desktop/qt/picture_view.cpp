@@ -9,9 +9,9 @@
 
 #include "desktop/qt/control_view.h"
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/form.h"
 #include "desktop/qt/outline.h"
 #include "desktop/qt/picture_widget.h"
-#include "desktop/qt/stacking.h"
 #include "desktop/qt/window_view.h"
 #include "forms/grid_picture.h"
 
@@ -52,8 +52,9 @@ protected:
     offerPress(widget(), shown().Click || board());
     widget().role = shown().Click ? QAccessible::Button : QAccessible::Graphic;
     // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
-    if (const int rank = shown().zOrderRank; std::exchange(shownRank_, rank) != rank)
-      setStackingRank(widget(), rank);
+    const int rank = shown().zOrderRank;
+    if (shown().Visible && std::exchange(shownRank_, rank) != rank)
+      static_cast<Form*>(widget().parentWidget())->stack(widget(), rank);
     syncCursor();
     if (widget().underMouse())
       syncPointer();
