@@ -196,7 +196,7 @@ private:
     world.check();
     if (!seen_.insert(Hash(world).value).second)
       return;
-    orders_.push_back({from, what});
+    orders_.emplace_back(from, what);
     const int here = static_cast<int>(orders_.size()) - 1;
     World end = world;
     leadOn(end);
