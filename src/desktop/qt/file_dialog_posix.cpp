@@ -121,7 +121,7 @@ private:
     if (file.isDir())
       return setDirectory(file.filePath());
     quoted_ = file.absoluteFilePath();
-    QDialog::accept();
+    done(Accepted);
   }
 
   QString quoted_; // the path with double quotes that was accepted

@@ -30,11 +30,10 @@ protected:
     QMessageBox::resizeEvent(event);
     keepLinesWhole();
   }
-  // Qt would choose once more, and the box go back to where it was before the window manager put it
-  // elsewhere.
+  // The layout has had the request already. The box would choose its size once more, and go back to
+  // where it was before the window manager put it elsewhere.
   bool event(QEvent* event) override {
-    return event->type() == QEvent::LayoutRequest ? QDialog::event(event)
-                                                  : QMessageBox::event(event);
+    return event->type() == QEvent::LayoutRequest || QMessageBox::event(event);
   }
 
 private:
