@@ -11,8 +11,10 @@ namespace falanges {
 using FilesPosix = Game;
 
 TEST_F(FilesPosix, AKilledSaveLeavesTheEarlierGameOrTheNewOne) {
-  const std::string board = "gggggggg/gggggggg" + blank(8).substr(17), path = file("partida"),
-                    games[] = {gameFile(board), gameFile(board, "2\r\n")};
+  const std::string path = file("partida");
+  const std::string board =
+      "gggggggg/gggggggg/......../......../......../......../......../........";
+  const std::string games[] = {gameFile(board), gameFile(board, "2\r\n")};
   start();
   load(games[0]);
   for (int kills = 0; kills < 60; ++kills) {
