@@ -40,17 +40,14 @@ namespace {
 QString text(const std::string& utf8) {
   return QString::fromUtf8(utf8.c_str());
 }
-double factor = 1; // by which the window that is looked at is larger than it says
-int pixel(double twips) {
+// `factor`: by how much the window that is looked at is larger than it says.
+int pixel(double twips, double factor = 1) {
   return qRound(twips * factor / 15);
 }
 // From edge to edge: what touches leaves no gap.
-QRect pixels(int left, int top, int width, int height) {
-  const QPoint corner(pixel(left), pixel(top));
-  return {corner, QPoint(pixel(left + width) - 1, pixel(top + height) - 1)};
-}
-QRect place(const Element& element) {
-  return pixels(element.Left, element.Top, element.Width, element.Height);
+QRect pixels(int left, int top, int width, int height, double factor) {
+  const QPoint corner(pixel(left, factor), pixel(top, factor));
+  return {corner, QPoint(pixel(left + width, factor) - 1, pixel(top + height, factor) - 1)};
 }
 
 template <class T>
@@ -95,7 +92,7 @@ void lookAtWords(const Element& element, const QWidget& widget) {
 
 // A lattice of points inside frame and raised edge, where nothing lies in front; a mark for the
 // keyboard may lie over some. Other densities and sizes are painted from other files.
-void lookAtPicture(const Picture& picture, QWidget& widget, const QImage& screen) {
+void lookAtPicture(const Picture& picture, QWidget& widget, double factor, const QImage& screen) {
   static QMap<std::pair<QString, int>, QImage> files; // in so many pixels
   const QString path = text(picture.picturePath());
   same(picture, "role", picture.Click ? QAccessible::Button : QAccessible::Graphic,
@@ -124,8 +121,8 @@ void lookAtPicture(const Picture& picture, QWidget& widget, const QImage& screen
 
 // A tick box is drawn at the style's size, in the middle of its element; a small list keeps its
 // arrow.
-void lookAtPlace(const Element& element, const QWidget& widget) {
-  QRect wanted = place(element);
+void lookAtPlace(const Element& element, const QWidget& widget, double factor) {
+  QRect wanted = pixels(element.Left, element.Top, element.Width, element.Height, factor);
   const QPoint middle = wanted.center();
   if (element.kind() == Kind::CheckBox)
     wanted.setSize(wanted.size().expandedTo(widget.size()));
@@ -136,16 +133,17 @@ void lookAtPlace(const Element& element, const QWidget& widget) {
 }
 
 // Where the keyboard's cursor is marked, if it is.
-QList<QRect> cursorPlace(const GridPicture* board) {
+QList<QRect> cursorPlace(const GridPicture* board, double factor) {
   if (!board || !board->Visible || board->cursorSquare() == 0)
     return {};
   const int square = board->cursorSquare() - 1, columns = board->columns(), side = board->side();
   return {pixels(board->Left + (board->Border ? 15 : 0) + square % columns * side,
-                 board->Top + (board->Border ? 15 : 0) + square / columns * side, side, side)};
+                 board->Top + (board->Border ? 15 : 0) + square / columns * side, side, side,
+                 factor)};
 }
 
 // Looks at all elements of a window; hands back the pixels that they need.
-QSize lookAtElements(const Window& window, QWidget& form) {
+QSize lookAtElements(const Window& window, QWidget& form, double factor) {
   const QImage screen = onScreen(*form.window());
   QMultiMap<QString, QWidget*> widgets;
   QList<QRect> marks;
@@ -164,15 +162,15 @@ QSize lookAtElements(const Window& window, QWidget& form) {
       continue;
     if (element->index() < 0) // what comes and goes stretches no window
       needed |= widget->geometry();
-    lookAtPlace(*element, *widget);
+    lookAtPlace(*element, *widget, factor);
     lookAtWords(*element, *widget);
     if (const auto* const picture = dynamic_cast<const Picture*>(element))
-      lookAtPicture(*picture, *widget, screen);
+      lookAtPicture(*picture, *widget, factor, screen);
   }
   same<QStringList>(window, "left over", {}, widgets.keys());
   if (const QWidget* const focused = form.window()->focusWidget()) // may be marked
     marks.removeOne(focused->geometry().adjusted(-3, -3, 3, 3));
-  same(window, "cursor", cursorPlace(window.grid()), marks);
+  same(window, "cursor", cursorPlace(window.grid(), factor), marks);
   return {needed.right() + 1, needed.bottom() + 1};
 }
 
@@ -216,15 +214,15 @@ void lookAtWindow(const Window& window, QWidget& widget) {
     return; // there is no room for elements
   auto* const form = dynamic_cast<qt::Form*>(widget.findChild<QWidget*>(widget.objectName()));
   ASSERT_TRUE(form) << window.name() << " has no area for elements";
-  factor = form->scale().percent() / 100.0;
+  const double factor = form->scale().percent() / 100.0;
   EXPECT_TRUE(factor == 1 || window.grid()) << window.name() << " is not for enlarging";
-  const QSize needed = lookAtElements(window, *form), frame = widget.size() - form->size();
+  const QSize needed = lookAtElements(window, *form, factor), frame = widget.size() - form->size();
   const bool outer = window.ClientWidth == 0 || window.ClientHeight == 0;
-  const QSize inner(pixel(outer ? window.Width - 15 * frame.width() : window.ClientWidth),
-                    pixel(outer ? window.Height - 15 * frame.height() : window.ClientHeight));
+  const QSize inner(
+      pixel(outer ? window.Width - 15 * frame.width() : window.ClientWidth, factor),
+      pixel(outer ? window.Height - 15 * frame.height() : window.ClientHeight, factor));
   same(window, "size", inner.expandedTo(needed) + frame, widget.size());
-  factor = 1; // no place is scaled
-  // A window manager may put a window of its own a little beside the place.
+  // No place is scaled. A window manager may put a window of its own a little beside the place.
   const bool alone = QGuiApplication::platformName() == "offscreen" && !window.PlacedByDesktop;
   if (window.windowKind() == WindowKind::Child || alone)
     same(window, "place", QPoint(pixel(window.Left), pixel(window.Top)), widget.pos());
