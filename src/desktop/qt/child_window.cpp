@@ -21,6 +21,24 @@ namespace forms::qt {
 
 namespace {
 
+// Opens by Alt and the minus key, and by a click on the icon.
+void makeSystemMenu(QMdiSubWindow& child) {
+  auto* const menu = new QMenu(&child);
+  QAction* const move =
+      menu->addAction(QStringLiteral("&Mover"), &child, [&child] { moveByKeyboard(child); });
+  move->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F7));
+  child.addAction(move);
+  QAction* const close =
+      menu->addAction(QStringLiteral("&Cerrar"), &child, [&child] { child.close(); });
+  // Each key once: what the system closes windows with may be one of the two.
+  close->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_F4), QKeySequence(Qt::CTRL | Qt::Key_W)});
+  child.addAction(close);
+  child.setSystemMenu(menu);
+  QObject::connect(new QShortcut(QKeySequence(QStringLiteral("Alt+-")), &child, nullptr, nullptr,
+                                 Qt::WidgetWithChildrenShortcut),
+                   &QShortcut::activated, &child, &QMdiSubWindow::showSystemMenu);
+}
+
 // One with a board is scaled as a whole, but for its decoration and its place. What fits depends on
 // the size of the frame alone, not on the place: a window that is pushed aside keeps its size. When
 // the frame or the size changes, the window is moved back into the frame, as if the person had done
@@ -34,7 +52,7 @@ public:
     child().setWidget(&form());
     // The title's: the system's might be too large for a window of this size.
     child().setFont(screen.fonts.fontFor({}));
-    makeSystemMenu();
+    makeSystemMenu(child());
     // A press on the title would move the focus past the forms layer.
     child().setFocusPolicy(Qt::NoFocus);
     if (window.grid())
@@ -109,23 +127,6 @@ protected:
 
 private:
   QMdiSubWindow& child() const { return static_cast<QMdiSubWindow&>(widget()); }
-
-  void makeSystemMenu() {
-    auto* const menu = new QMenu(&child());
-    QAction* const move =
-        menu->addAction(QStringLiteral("&Mover"), &child(), [this] { moveByKeyboard(child()); });
-    move->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F7));
-    child().addAction(move);
-    QAction* const close =
-        menu->addAction(QStringLiteral("&Cerrar"), &child(), [this] { child().close(); });
-    // Each key once: what the system closes windows with may be one of the two.
-    close->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_F4), QKeySequence(Qt::CTRL | Qt::Key_W)});
-    child().addAction(close);
-    child().setSystemMenu(menu);
-    connect(new QShortcut(QKeySequence(QStringLiteral("Alt+-")), &child(), nullptr, nullptr,
-                          Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, &child(), &QMdiSubWindow::showSystemMenu);
-  }
 
   void layOut() {
     if (!element() || !child().isVisible())

@@ -19,6 +19,25 @@ namespace forms::qt {
 
 namespace {
 
+// Of `whole` pixels the one in the middle of number `device` of the `painted` ones. In the middle
+// between two it is the former.
+int pixelAt(int device, int whole, int painted) {
+  return static_cast<int>(std::floor(((2.0 * device + 1) * whole - 1) / (2.0 * painted)));
+}
+
+// The program hears of whole pixels at 96 dpi: of the file's `whole` ones the one that shows in the
+// middle of the screen's. Counted as they are painted, in device pixels of the window.
+QPoint pixelOfFile(const QWidget& widget, const QRect& picture, QSize whole, QPointF position) {
+  const double ratio = widget.devicePixelRatioF();
+  const auto onWindow = [&](QPointF place) {
+    return (widget.mapTo(widget.window(), place) * ratio).toPoint();
+  };
+  const QPoint device = onWindow(position) - onWindow(picture.topLeft());
+  const QSize painted = PictureStore::devicePixels(picture.size(), ratio);
+  return {pixelAt(device.x(), whole.width(), painted.width()),
+          pixelAt(device.y(), whole.height(), painted.height())};
+}
+
 class PictureView final : public ViewOf<Picture, PictureWidget> {
 public:
   PictureView(Picture& picture, Screen& screen, QWidget* form)
@@ -143,29 +162,9 @@ private:
       viewOf<WindowView>(screen().views, shown().window()).showInSight(*place);
   }
 
-  // The program hears of whole pixels at 96 dpi: of the file's one that shows in the middle of the
-  // screen's. Counted as they are painted, in device pixels of the window.
-  QPoint pixelOfFile(QPointF position) const {
-    const double ratio = widget().devicePixelRatioF();
-    const auto onWindow = [&](QPointF place) {
-      return (widget().mapTo(widget().window(), place) * ratio).toPoint();
-    };
-    const QRect picture = inner();
-    const QPoint device = onWindow(position) - onWindow(picture.topLeft());
-    const QSize whole = innerTwips().size() / TwipsPerPixel;
-    const QSize painted = PictureStore::devicePixels(picture.size(), ratio);
-    return {pixelAt(device.x(), whole.width(), painted.width()),
-            pixelAt(device.y(), whole.height(), painted.height())};
-  }
-
-  // Of `whole` pixels the one in the middle of number `device` of the `painted` ones. In the middle
-  // between two it is the former.
-  static int pixelAt(int device, int whole, int painted) {
-    return static_cast<int>(std::floor(((2.0 * device + 1) * whole - 1) / (2.0 * painted)));
-  }
-
   void movedTo(QPointF position) {
-    const QPoint pixel = pixelOfFile(position);
+    const QPoint pixel =
+        pixelOfFile(widget(), inner(), innerTwips().size() / TwipsPerPixel, position);
     if (std::exchange(pointer_, pixel) == pixel)
       return;
     reporter().report([&](Forms& forms) {
