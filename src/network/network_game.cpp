@@ -145,11 +145,15 @@ bool NetworkGame::resultUnwritten() const {
   return principal_.JuegoEnRed && game_->state.phase == Phase::Won;
 }
 
-// The other player waits for the result. It goes on being tried behind the question.
+// The other player waits for the result. It goes on being tried behind the question; who does not
+// want that leaves a finished game.
 bool NetworkGame::mayLeave() {
-  return !resultUnwritten() ||
-         !goesOn("No se puede guardar el archivo:\r\n" + game_->path + "\r\n¿Reintentar?") ||
-         !resultUnwritten();
+  if (resultUnwritten() &&
+      goesOn("No se puede guardar el archivo:\r\n" + game_->path + "\r\n¿Reintentar?"))
+    return !resultUnwritten();
+  if (resultUnwritten())
+    end("Victoria - Juego finalizado");
+  return true;
 }
 
 // --- What the protocol asks for ----------------------------------------------------------------

@@ -242,19 +242,22 @@ TEST_F(Network, ALookOfAnEarlierGameThatHangsDoesNotHoldUpAGameOnAnotherShare) {
 }
 
 TEST_F(Network, WhoJoinsAgainWaitsForItsOwnWriteThatHangs) {
-  bothPlay(Last);
-  ana.share.hangs = true;
-  ana.screen.expectBox(victory("1", "CONQUISTADO la Bandera"));
-  ana.run("move 6 1");
-  ana.screen.expectBox("No se puede guardar el archivo:\r\n" + path + "\r\n¿Reintentar?",
-                       Answer::No);
-  ana.leaves();
-  ana.run("menu Opciones");
-  ana.screen.expectFile("Cargar Juego", path);
-  ana.screen.expectBox("El archivo no responde:\r\n" + path + "\r\n¿Seguir esperando?", Answer::Yes,
-                       [&] { ana.share.answers(); });
-  ana.run("click btnCargarJuegoRed");
-  ana.expectBoard("I..../...../...../....i/....B");
+  put(gameFile(Last, "2\r\n"));
+  blas.joins(path);
+  blas.share.hangs = true;
+  blas.screen.expectBox(victory("2", "CONQUISTADO la Bandera"));
+  blas.run("move 20 25");
+  blas.screen.expectBox("No se puede guardar el archivo:\r\n" + path + "\r\n¿Reintentar?",
+                        Answer::No);
+  blas.leaves();
+  blas.load(gameFile(Start, ""));
+  EXPECT_EQ(blas.status(), "En Turno/En Espera") << "the won game has no say in the next one";
+  blas.run("menu Opciones");
+  blas.screen.expectFile("Cargar Juego", path);
+  blas.screen.expectBox("El archivo no responde:\r\n" + path + "\r\n¿Seguir esperando?",
+                        Answer::Yes, [&] { blas.share.answers(); });
+  blas.run("click btnCargarJuegoRed");
+  blas.expectBoard("b..../I..../...../...../....i");
 }
 
 TEST_F(Network, TheLastPositionThatWasSeenSavesAGameWhoseFileIsTorn) {
