@@ -258,11 +258,11 @@ TEST(NetworkSearch, EveryOrderOfEventsKeepsWhatIsPromised) {
        "A joins, A passes the turn, B joins, A ticks, A leaves, the file is torn, "
        "B ticks => a turn is taken back"},
       {Excuse::TwoWrites,
-       "the file is in other words, A joins, B joins, B's share hangs, B ticks, "
-       "B's work goes on, B hears, B's work goes on, A wins => nothing leads on"},
+       "A joins, A's share hangs, A wins, B joins, A's work goes on, A's work goes on, "
+       "the file is torn, B ticks, B ticks => the result stands behind another position"},
       {Excuse::LateWrite,
-       "A joins, A passes the turn, A's share hangs, A ticks, A's work goes on, A "
-       "hears, A is killed, its work goes on, A joins => a turn is written over "
+       "A joins, A passes the turn, A's share hangs, A ticks, A's work goes on, A's work "
+       "goes on, A hears, A is killed, its work goes on, A joins => a turn is written over "
        "another"}};
   EXPECT_EQ(search.exceptions, exceptions);
 }

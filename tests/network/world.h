@@ -136,8 +136,11 @@ struct World {
   // the winner's does not compare, but puts the result behind the text and reads both back.
   void goesOn(Work& work, bool away) {
     if (work.action.what == Action::LookAtFile) {
-      work.look = away ? Look{} : file;
-      work.ended = true;
+      const Look begun = std::exchange(work.look, away ? Look{} : file);
+      work.ended = away || work.calls++ > 0;
+      // The end of the file may be younger than what was read before.
+      if (work.ended && work.look.found == Found::Result && begun.found == Found::Whole)
+        work.look.position = begun.position;
       return;
     }
     const bool compares = work.action.what == Action::Write;
@@ -193,7 +196,7 @@ struct World {
       return copies[0].told && copies[1].told;
     const int turn = inTurn(0) ? 0 : 1;
     return inTurn(turn) && plays(1 - turn) && copies[1 - turn].state.phase == Phase::Waiting &&
-           copies[1 - turn].state.own == latest && file.position == latest;
+           copies[1 - turn].state.own == latest && file == whole(latest);
   }
 
 private:
@@ -226,8 +229,8 @@ private:
       copy.open = false;
       break;
     case Action::Lose:
-      if (!resultSeen)
-        fault = "a copy loses a game that nobody has won";
+      if (!resultSeen || step.action.look.position != final)
+        fault = "a copy loses a game that is not won so";
       break;
     default:
       break;
@@ -246,6 +249,8 @@ private:
     const std::string &news = position.squares, &last = latest.squares;
     if (!news.starts_with(last) && !last.starts_with(news))
       fault = "a turn is written over another";
+    if (before.position == latest && news.size() < last.size())
+      fault = "a turn is taken back";
     oldIsBack = news.size() < last.size() && before.found != Found::Whole;
     if (oldIsBack && writerGone)
       because(Excuse::WriterGone);
