@@ -1,6 +1,5 @@
 #include "network/network_game.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace falanges {
@@ -16,18 +15,12 @@ constexpr milliseconds Moment{100};
 constexpr milliseconds HalfASecond{500};
 constexpr milliseconds None{0};
 
-// Of `patience`, which began then.
-milliseconds leftOf(milliseconds patience, steady_clock::time_point begun) {
-  const auto gone = std::chrono::duration_cast<milliseconds>(steady_clock::now() - begun);
-  return std::max(patience - gone, None);
-}
-
 } // namespace
 
 NetworkGame::~NetworkGame() {
-  const auto begun = steady_clock::now();
+  const auto until = steady_clock::now() + HalfASecond;
   for (auto& [path, game] : games_)
-    game.worker.ended(leftOf(HalfASecond, begun));
+    game.worker.ended(until);
 }
 
 // --- Joining -----------------------------------------------------------------------------------
@@ -36,22 +29,17 @@ std::optional<GameText> NetworkGame::join(const std::string& path) {
   game_ = &games_.try_emplace(path, Game{path, {}, Worker(path, start_)}).first->second;
   Action action = step(Join{principal_.JugadorRed, principal_.SegundosActualizacion});
   while (action.what != Action::Open) {
-    if (action.what == Action::Refuse) {
+    if (action.what == Action::Ask &&
+        goesOn("El archivo está incompleto. ¿Continuar desde la última posición conocida?")) {
+      action = step(GoOn{});
+    } else if (action.what == Action::Ask || action.what == Action::Refuse) {
       refuse(action.look);
       return std::nullopt;
-    }
-    if (action.what == Action::Ask) {
-      if (goesOn("El archivo está incompleto. ¿Continuar desde la última posición conocida?")) {
-        action = step(GoOn{});
-        continue;
-      }
-      refuse(action.look);
-      return std::nullopt;
-    }
-    if (game_->worker.ended(HalfASecond))
+    } else if (game_->worker.ended(steady_clock::now() + HalfASecond)) {
       action = step(game_->worker.takeResult());
-    else if (!goesOn("El archivo no responde:\r\n" + path + "\r\n¿Seguir esperando?"))
+    } else if (!goesOn("El archivo no responde:\r\n" + path + "\r\n¿Seguir esperando?")) {
       return std::nullopt;
+    }
   }
   return parseGame(action.look.text).game;
 }
@@ -61,13 +49,11 @@ bool NetworkGame::goesOn(const std::string& question) {
 }
 
 void NetworkGame::refuse(const Look& look) {
-  if (look.found != Found::Torn) {
-    forms_.messageBox("No se puede abrir el archivo:\r\n" + game_->path);
-    return;
-  }
-  const std::string refusal = parseGame(look.text).refusal;
-  forms_.messageBox("El archivo no contiene un juego guardado válido:\r\n" + game_->path + "\r\n" +
-                    (refusal.empty() ? "El archivo está incompleto" : refusal));
+  GameReading reading = parseGame(look.text);
+  reading.opened = look.found == Found::Torn;
+  if (reading.refusal.empty())
+    reading.refusal = "El archivo está incompleto";
+  forms_.messageBox(reading.told(game_->path));
 }
 
 void NetworkGame::begin() {
@@ -102,15 +88,15 @@ bool NetworkGame::pollNow() {
 }
 
 void NetworkGame::tick() {
-  const bool hangs = game_->worker.underWay() && !game_->worker.ended(None);
+  const bool hangs = game_->worker.underWay() && !game_->worker.ended(steady_clock::now());
   if (hangs || !game_->worker.underWay())
     happened(Tick{});
   await(hangs ? None : Moment);
 }
 
 void NetworkGame::await(milliseconds patience) {
-  const auto begun = steady_clock::now();
-  while (game_->worker.ended(leftOf(patience, begun)))
+  const auto until = steady_clock::now() + patience;
+  while (game_->worker.ended(until))
     happened(game_->worker.takeResult());
 }
 

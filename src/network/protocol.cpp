@@ -11,22 +11,22 @@ namespace {
 
 // --- What the cases share ------------------------------------------------------------------------
 
-Action begin(State& state, Operation operation, Action::What what, const Look& over = {}) {
-  state.underWay = operation;
+Action begin(State& state, const Action& operation) {
+  state.underWay = true;
   state.waited = 0;
-  return {what, over, operation == Operation::Write ? state.own : Position{}};
+  return operation;
 }
 
 Action look(State& state) {
-  return begin(state, Operation::Look, Action::LookAtFile);
+  return begin(state, {Action::LookAtFile, {}, {}});
 }
 
 Action write(State& state, const Look& over) {
-  return begin(state, Operation::Write, Action::Write, over);
+  return begin(state, {Action::Write, over, state.own});
 }
 
 Action writeResult(State& state) {
-  return begin(state, Operation::Write, Action::WriteResult);
+  return begin(state, {Action::WriteResult, {}, state.own});
 }
 
 Action withoutAccess(State& state) {
@@ -154,7 +154,7 @@ Action on(State& state, const Join& join) {
   state.playedFrom = earlier.playedFrom;
   state.known = earlier.known;
   state.underWay = earlier.underWay;
-  state.ofEarlierGame = state.underWay != Operation::None;
+  state.ofEarlierGame = state.underWay;
   return state.ofEarlierGame ? Action{} : look(state);
 }
 
@@ -164,14 +164,14 @@ Action on(State& state, const GoOn& /*yes*/) {
 }
 
 Action on(State& state, const Tick& /*tick*/) {
-  if (state.underWay == Operation::None)
+  if (!state.underWay)
     return look(state);
   state.waited = std::min(state.waited + 1, Patience);
   return state.waited == Patience || state.phase == Phase::Won ? withoutAccess(state) : Action{};
 }
 
 Action on(State& state, const LookCame& event) {
-  const Operation was = std::exchange(state.underWay, Operation::None);
+  state.underWay = false;
   const Look first = std::exchange(state.seen, {});
   if (std::exchange(state.ofEarlierGame, false))
     return look(state);
@@ -179,12 +179,12 @@ Action on(State& state, const LookCame& event) {
     return writeResult(state);
   if (state.phase == Phase::Joining)
     return joinOn(state, event.look);
-  if (was == Operation::Look && event.look.found != Found::Result)
+  if (first.found != Found::Result && event.look.found != Found::Result)
     return turnSteps(state, event.look);
   // Position and result may be of two moments. What stays the same belongs together.
-  if (was == Operation::Look) {
+  if (first.found != Found::Result) {
     state.seen = event.look;
-    return begin(state, Operation::SecondLook, Action::LookAtFile);
+    return look(state);
   }
   if (event.look != first)
     return withoutAccess(state);
@@ -195,7 +195,7 @@ Action on(State& state, const LookCame& event) {
 
 Action on(State& state, const WriteCame& event) {
   const bool whole = event.written == Written::Whole;
-  state.underWay = Operation::None;
+  state.underWay = false;
   if (std::exchange(state.ofEarlierGame, false)) {
     if (whole)
       state.known = state.own;
@@ -231,7 +231,7 @@ Action on(State& state, const MoveWins& event) {
   state.own = event.position;
   state.known = {};
   // Behind the look that may be under way.
-  return state.underWay == Operation::None ? writeResult(state) : Action{};
+  return state.underWay ? Action{} : writeResult(state);
 }
 
 } // namespace

@@ -122,8 +122,6 @@ struct Action {
 
 // --- The state of one copy -----------------------------------------------------------------------
 
-enum class Operation { None, Look, SecondLook, Write };
-
 struct State {
   Phase phase = Phase::Ended;
   std::uint8_t player = 0;
@@ -132,15 +130,14 @@ struct State {
   // What this copy writes: the position that its turn ended with, else the last one taken over.
   // Without squares: nothing.
   Position own;
-  bool writeFailed =
-      false;           // a write of `own` that is told to have failed may yet have come through
-  Position playedFrom; // what this copy's turn, the present or the last one, began with
-  Position known;      // the last one seen in the file or written to it, until the game ends
+  bool writeFailed = false; // so it is told; the write may yet have come through
+  Position playedFrom;      // what this copy's turn, the present or the last one, began with
+  Position known;           // the last one seen in the file or written to it, until the game ends
 
   std::uint8_t shown = 0; // the player in turn as the screen shows it
   bool idleWin = false;   // an idle move that would win is on the screen
 
-  Operation underWay = Operation::None;
+  bool underWay = false;      // an operation on the file
   bool ofEarlierGame = false; // the operation under way is
   Look seen;                  // by the first of two looks, or at joining
   int waited = 0;             // ticks since the operation began, up to Patience

@@ -76,8 +76,8 @@ void Worker::begin(const Action& action) {
   }
 }
 
-bool Worker::ended(std::chrono::milliseconds patience) {
-  return result_.valid() && result_.wait_for(patience) == std::future_status::ready;
+bool Worker::ended(std::chrono::steady_clock::time_point until) {
+  return result_.valid() && result_.wait_until(until) == std::future_status::ready;
 }
 
 Event Worker::takeResult() {

@@ -27,8 +27,8 @@ public:
 
   // LookAtFile, Write or WriteResult; only while none is under way.
   void begin(const Action& action);
-  // Waits at most so long. True when an operation has ended: takeResult then tells how, once.
-  bool ended(std::chrono::milliseconds patience);
+  // Waits at most until then. True when an operation has ended: takeResult then tells how, once.
+  bool ended(std::chrono::steady_clock::time_point until);
   Event takeResult();
   bool underWay() const { return result_.valid(); }
 

@@ -125,6 +125,11 @@ GameReading parseGame(std::string_view text) {
   return read;
 }
 
+std::string GameReading::told(const std::string& path) const {
+  return opened ? "El archivo no contiene un juego guardado válido:\r\n" + path + "\r\n" + refusal
+                : "No se puede abrir el archivo:\r\n" + path;
+}
+
 GameReading readGame(const std::string& path) {
   if (const auto text = forms::readTextFile(path, LargestGameFile + 1))
     return parseGame(*text);

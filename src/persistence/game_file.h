@@ -39,6 +39,8 @@ struct GameReading {
   GameText game; // only of a text that is one
 
   bool isGame() const { return opened && refusal.empty(); }
+  // What the player is told of the file when it is none.
+  std::string told(const std::string& path) const;
 };
 
 // A file larger than this is refused, in bytes.

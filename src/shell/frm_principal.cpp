@@ -212,16 +212,10 @@ void frmPrincipal::openGame(const std::string& path, const GameText& game) {
 // or is refused.
 std::optional<GameText> frmPrincipal::readChecked(const std::string& path) {
   GameReading read = readGame(path);
-  if (!read.opened) {
-    forms().messageBox("No se puede abrir el archivo:\r\n" + path);
-    return std::nullopt;
-  }
-  if (!read.isGame()) {
-    forms().messageBox("El archivo no contiene un juego guardado válido:\r\n" + path + "\r\n" +
-                       read.refusal);
-    return std::nullopt;
-  }
-  return std::move(read.game);
+  if (read.isGame())
+    return std::move(read.game);
+  forms().messageBox(read.told(path));
+  return std::nullopt;
 }
 
 void frmPrincipal::mnuGuardarPlantilla_Click() {
