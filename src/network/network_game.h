@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -73,8 +74,8 @@ private:
   MainWindow& mainWindow_;
   frmEnJuego& enJuego_;
   network::Start start_;
-  std::map<std::string, Game> games_; // by their paths
-  Game* game_ = nullptr;              // the one joined last
+  std::map<std::filesystem::path, Game> games_; // by their paths
+  Game* game_ = nullptr;                        // the one joined last
 };
 
 } // namespace falanges

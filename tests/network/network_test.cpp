@@ -253,8 +253,9 @@ TEST_F(Network, WhoJoinsAgainWaitsForItsOwnWriteThatHangs) {
   blas.load(gameFile(Start, ""));
   EXPECT_EQ(blas.status(), "En Turno/En Espera") << "the won game has no say in the next one";
   blas.run("menu Opciones");
-  blas.screen.expectFile("Cargar Juego", path);
-  blas.screen.expectBox("El archivo no responde:\r\n" + path + "\r\n¿Seguir esperando?",
+  const std::string spelledAnew = folder.file("./partida común.txt");
+  blas.screen.expectFile("Cargar Juego", spelledAnew);
+  blas.screen.expectBox("El archivo no responde:\r\n" + spelledAnew + "\r\n¿Seguir esperando?",
                         Answer::Yes, [&] { blas.share.answers(); });
   blas.run("click btnCargarJuegoRed");
   blas.expectBoard("b..../I..../...../...../....i");
