@@ -12,9 +12,8 @@ DecoderWarnings* listening = nullptr; // Qt calls a plain function
 
 } // namespace
 
-DecoderWarnings::DecoderWarnings() {
+DecoderWarnings::DecoderWarnings() : before_(qInstallMessageHandler(hear)) {
   listening = this;
-  before_ = qInstallMessageHandler(hear);
 }
 
 DecoderWarnings::~DecoderWarnings() {

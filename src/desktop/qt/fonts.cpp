@@ -33,7 +33,7 @@ QString availableFamily(const QString& wanted) {
         serif ? QStringLiteral("Times New Roman") : QStringLiteral("Arial")})
     if (QFontDatabase::hasFamily(candidate))
       return candidate;
-  if (const QString carried = serif ? QString() : carriedFamily(); !carried.isEmpty())
+  if (QString carried = serif ? QString() : carriedFamily(); !carried.isEmpty())
     return carried;
   return wanted;
 }
