@@ -61,6 +61,12 @@ Picture* GridPicture::standing() const {
   return front;
 }
 
+Picture& GridPicture::target() {
+  if (Picture* const picture = standing())
+    return *picture;
+  return *this;
+}
+
 void GridPicture::tellCursor() {
   if (cursorSquare() != 0)
     tellDesktop();

@@ -65,7 +65,7 @@ private:
   };
   Point cornerOfCursor() const;
   Picture* standing() const;
-  Picture& target() { return standing() ? *standing() : *this; }
+  Picture& target();
   // The corner of a picture, from that of the grid.
   Point cornerOf(const Picture& picture) const;
   void move(int columns, int rows);
