@@ -64,10 +64,11 @@ Answer Forms::messageBox(const MessageBox& box) {
 }
 
 std::optional<std::string> Forms::fileDialog(const FileDialog& dialog) {
-  if (ended_)
-    return std::nullopt;
-  const Counted open(boxes_);
-  auto path = desktop_.fileDialog(dialog);
+  std::optional<std::string> path;
+  if (!ended_) {
+    const Counted open(boxes_);
+    path = desktop_.fileDialog(dialog);
+  }
   // An accepted dialog without a name counts as cancelled.
   if (path && path->empty())
     path.reset();
