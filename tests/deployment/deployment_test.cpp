@@ -76,15 +76,15 @@ TEST_F(Deployment, WhatIsRefusedIsToldTheLimitBeforeTheFlag) {
 }
 
 TEST_F(Deployment, TheDigitsChooseFromThePalette) {
-  run("digit 1, Left, Enter, digit 2, Right, Enter, digit 3, Right, Enter, digit 4, Right, Enter,"
-      "digit 5, Right, Enter");
+  run("1, Left, Enter, 2, Right, Enter, 3, Right, Enter, 4, Right, Enter,"
+      "5, Right, Enter");
   expectBoard("bgeci/...../...../...../ICEGB");
-  run("digit 6, Up, Enter", OnlyOneFlag); // there is no sixth: still the flag
+  run("6, Up, Enter", OnlyOneFlag); // there is no sixth: still the flag
 }
 
 TEST_F(Deployment, AScreenReaderPlacesAUnitWhereTheCursorIsNotThePointer) {
   forms::GridPicture& board = app.nuevoJuego.picTablero;
-  run("digit 1"); // infantry
+  run("1"); // infantry
   EXPECT_EQ(hint("picTablero 590;590"), "Cuadro: 1 (1,1)");
   app.forms.invoked(board); // no cursor shows
   run("Right, Right");
@@ -142,7 +142,7 @@ TEST_F(Deployment, TheFieldDumpTellsEachSquareOfTheBoard) {
     EXPECT_EQ(app.msgBox.Text1.Text, text) << "for reading only";
     run("close MsgBox");
   });
-  run("shortcut Command1");
+  run("Ctrl+Shift+D");
   EXPECT_EQ(shown().find("Command1"), std::string::npos) << "it has a key, and no place";
 }
 

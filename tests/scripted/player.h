@@ -19,10 +19,6 @@ using namespace forms;
 
 using Meanwhile = std::function<void()>;
 
-// Each step of a script, without its comma.
-std::vector<std::string> stepsOf(const std::string& script);
-// As scripts call them.
-extern const std::map<std::string, Key> KeyNames;
 // Each row of a table is what is done, " => ", what is seen then.
 void walk(const std::vector<std::string>& rows,
           const std::function<std::string(const std::string&)>& seenAfter);
@@ -50,27 +46,26 @@ public:
   FileDialog lastFile;
 
   // --- What the person does --------------------------------------------------------------------
-  // Step by step, each with its verb first: "click btn, type txtA 5, Up, digit 3". Those of Player
+  // Step by step, a verb or a key each: "click btn, type txtA 5, Up, 3, Shift+Tab". Those of Player
   // go straight to the forms layer; another screen has its own ways, and a test may bring more.
   void run(const std::string& script);
   using Verb = std::function<void(const std::string& on, const std::string& value)>;
   std::map<std::string, Verb> verbs;
-  // The element or window on the screen whose name ends so, in the window that opened last: "btn",
-  // "frmUno.btn". A test without it cannot go on.
+  // The element or window that can be used and whose name ends so, in the window that opened last:
+  // "btn", "frmUno.btn". A test without it cannot go on.
   template <class T = Element> T& get(const std::string& name) const {
     T* found = nullptr;
     for (Window* window : forms_->openWindows()) {
       std::vector<Element*> all = window->elements();
       all.push_back(window);
-      const auto fits = std::ranges::find_if(all, [&](const Element* element) {
-        return dynamic_cast<const T*>(element) && nameOf(*element).ends_with(name);
-      });
-      if (fits != all.end())
-        found = dynamic_cast<T*>(*fits);
+      for (Element* element : all)
+        if (auto* fits = dynamic_cast<T*>(element);
+            fits && fits->isReachable() && (window->name() + "." + fits->name()).ends_with(name))
+          found = fits;
     }
     if (found)
       return *found;
-    throw std::runtime_error(name + " is not there");
+    throw std::runtime_error(name + " cannot be used");
   }
   // Name of the element that the keyboard goes to, "" when there is none.
   std::string focused() const { return focus_ ? focus_->name() : ""; }
@@ -88,12 +83,10 @@ public:
   void waitModal(Window& window) override;
   void changed(Element& element) override { EXPECT_TRUE(element.window().isOpen()); }
   void removed(Element& element) override {
-    Player::changed(element);
     if (focus_ == &element)
       focus_ = nullptr;
   }
   void focusAsked(Element& element) override {
-    Player::changed(element);
     focus_ = element.kind() == Kind::Window ? nullptr : &element;
   }
   Answer messageBox(const MessageBox& box) override;
@@ -107,14 +100,11 @@ public:
   std::string programFolder() override { return folder_.path(); }
 
 protected:
-  // One that can be used, by its name.
-  template <class T = Element> T& usable(const std::string& name) const {
-    T& element = get<T>(name);
-    return element.isReachable() ? element : throw std::runtime_error(name + " cannot be used");
-  }
   // Runs behind each step, behind each tick and before each answer: what the screen shows may be
   // looked at.
   virtual void afterAction() {}
+  // As Qt calls it: "Up", "3", "Shift+Tab", "Ctrl+Shift+D".
+  virtual void key(const std::string& name);
 
   TemporaryFolder folder_;
   Forms* forms_ = nullptr; // known from the first window on
@@ -128,13 +118,8 @@ private:
   };
   // What was expected now, if it is what the program asks, with all that happens before the answer.
   Expected next(const std::string& text);
-  static std::string nameOf(const Element& element) {
-    return element.window().name() + "." + element.name();
-  }
   // True when the element has taken the press and still stands there.
   bool press(Element& element);
-  void type(TextBox& box, const std::string& text);
-  Window& keyboardWindow() const { return focus_ ? focus_->window() : *forms_->activeChild(); }
 
   const Element* focus_ = nullptr;
   std::deque<Expected> expected_;

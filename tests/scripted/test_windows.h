@@ -41,6 +41,7 @@ public:
       element->Width = 900;
       element->Height = 375;
     }
+    chk.Width = 195; // it answers on its mark alone
     btn.Shortcut = "Ctrl+Shift+D";
     for (TextBox* box : {&txtA, &txtB})
       box->Change = log.adds(box->name() + "_Change");

@@ -138,14 +138,14 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
   };
   for (const std::string leaving :
        {"close Opciones", "activate NuevoJuego", "click chkLimiteFilas", "click btnCargarJuegoRed",
-        "click square 1", "type txtTiempoRed 4, tab", "type txtTiempoRed 301, tab"})
+        "click square 1", "type txtTiempoRed 4, Tab", "type txtTiempoRed 301, Tab"})
     expectHeld(leaving, seconds, "txtTiempoRed");
   EXPECT_EQ(principal.OpcLimiteFilas, "0");
-  run("type txtTiempoRed 300, tab, type txtTiempoRed 5, tab");
+  run("type txtTiempoRed 300, Tab, type txtTiempoRed 5, Tab");
   for (const std::string leaving :
-       {"type txtMovPorTurno x5, tab", "type txtMovPorTurno 6, tab", "close Opciones"})
+       {"type txtMovPorTurno x5, Tab", "type txtMovPorTurno 6, Tab", "close Opciones"})
     expectHeld(leaving, moves, "txtMovPorTurno");
-  run("type txtMovPorTurno 5, tab, type txtMovPorTurno 1, tab, activate NuevoJuego");
+  run("type txtMovPorTurno 5, Tab, type txtMovPorTurno 1, Tab, activate NuevoJuego");
   EXPECT_EQ(windows(), "NuevoJuego");
 }
 

@@ -1,18 +1,13 @@
 #include "desktop/qt/agrees.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QApplication>
-#include <QComboBox>
 #include <QDebug>
-#include <QIcon>
-#include <QImageReader>
-#include <QMap>
+#include <QHash>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenu>
-#include <QMenuBar>
 #include <QScreen>
+#include <QVariant>
 #include <gtest/gtest.h>
 
 #include "desktop/qt/form.h"
@@ -21,6 +16,27 @@
 namespace scripted {
 
 using namespace forms;
+
+namespace {
+
+// None of the converters of the layer under test.
+QString text(const std::string& utf8) {
+  return QString::fromUtf8(utf8.c_str());
+}
+
+} // namespace
+
+QWidget* shownWidget(const Element& element) {
+  const QString own = text(element.name()), form = text(element.window().name());
+  for (QWidget* widget : QApplication::allWidgets()) {
+    // The form inside a window has the same name.
+    const QWidget* const above = widget->parentWidget();
+    const bool onForm = above && above->objectName() == form;
+    if (widget->isVisible() && widget->objectName() == own && onForm == (own != form))
+      return widget;
+  }
+  return nullptr;
+}
 
 // Other platforms may have other windows in front, and this one gives logical pixels alone.
 QImage onScreen(QWidget& window) {
@@ -36,214 +52,143 @@ bool isNear(QRgb a, QRgb b, int levels) {
 
 namespace {
 
-// None of the converters of the layer under test.
-QString text(const std::string& utf8) {
-  return QString::fromUtf8(utf8.c_str());
-}
-// `factor`: by how much the window that is looked at is larger than it says.
-int pixel(double twips, double factor = 1) {
-  return qRound(twips * factor / 15);
-}
-// From edge to edge: what touches leaves no gap.
-QRect pixels(int left, int top, int width, int height, double factor) {
-  const QPoint corner(pixel(left, factor), pixel(top, factor));
-  return {corner, QPoint(pixel(left + width, factor) - 1, pixel(top + height, factor) - 1)};
+// Of twips, on a window shown at `percent` of its size; from edge to edge: what touches leaves no
+// gap.
+QRect pixels(int left, int top, int width, int height, int percent = 100) {
+  const auto pixel = [=](int twips) { return qRound(twips * percent / 1500.0); };
+  const QPoint corner(pixel(left), pixel(top));
+  return {corner, QPoint(pixel(left + width) - 1, pixel(top + height) - 1)};
 }
 
-template <class T>
-void same(const Element& element, const char* what, const T& expected, const T& seen) {
-  if (expected == seen)
-    return;
-  QString both;
-  QDebug(&both) << "expected" << expected << "seen" << seen;
-  ADD_FAILURE() << element.window().name() << " " << element.name() << ", " << what << ": "
-                << both.toStdString();
-}
-
-// All that an element says in words, to screen readers too; whether it is ticked, and whether grey.
-void lookAtWords(const Element& element, const QWidget& widget) {
-  QStringList expected, seen;
-  const QString tip = text(element.ToolTipText), name = text(element.spokenName());
-  QString shown, caption, shownThere, description = text(element.spokenHint());
-  if (const auto* const box = dynamic_cast<const TextBox*>(&element))
-    shown = text(box->Text).remove('\r');
+// What Qt's properties of these names must be, of what shows this element.
+QVariantMap propertiesOf(const Element& element) {
+  const QString spoken = text(element.spokenName());
+  QVariantMap all{{"enabled", element.Enabled.get()},
+                  {"toolTip", text(element.ToolTipText)},
+                  {"accessibleName", spoken},
+                  {"accessibleDescription", text(element.spokenHint())}};
   if (const auto* const label = dynamic_cast<const Label*>(&element))
-    shown = caption = text(label->Caption);
+    all["text"] = text(label->Caption);
   if (const auto* const button = dynamic_cast<const Button*>(&element))
-    shown = caption = text(button->Caption);
+    all["text"] = text(button->Caption);
+  if (all.contains("text") && spoken.isEmpty())
+    all["accessibleName"] = all["text"];
+  if (const auto* const box = dynamic_cast<const TextBox*>(&element))
+    all[box->MultiLine ? "plainText" : "text"] = text(box->Text).remove('\r');
+  if (const auto* const box = dynamic_cast<const CheckBox*>(&element))
+    all["checked"] = box->Value != 0;
   if (const auto* const list = dynamic_cast<const DropList*>(&element)) {
-    shown = description = text(list->Text());
-    for (const std::string& item : list->items())
-      expected << text(item);
-    const auto& box = dynamic_cast<const QComboBox&>(widget);
-    for (int i = 0; i < box.count(); ++i)
-      seen << box.itemText(i);
+    all["count"] = static_cast<int>(list->items().size());
+    all["currentText"] = all["accessibleDescription"] = text(list->Text());
   }
-  for (const char* property : {"text", "plainText", "currentText"})
-    shownThere += widget.property(property).toString();
-  expected << shown << tip << (name.isEmpty() ? caption : name) << description;
-  seen << shownThere << widget.toolTip() << widget.accessibleName()
-       << widget.accessibleDescription();
-  same(element, "words", expected, seen);
-  const auto* const tick = dynamic_cast<const CheckBox*>(&element);
-  same(element, "tick", tick && tick->Value != 0, widget.property("checked").toBool());
-  same(element, "enabled", element.Enabled.get(), widget.isEnabled());
+  return all;
 }
 
-// A lattice of points inside frame and raised edge, where nothing lies in front; a mark for the
-// keyboard may lie over some. Other densities and sizes are painted from other files.
-void lookAtPicture(const Picture& picture, QWidget& widget, double factor, const QImage& screen) {
-  static QMap<std::pair<QString, int>, QImage> files; // in so many pixels
-  const QString path = text(picture.picturePath());
-  same(picture, "role", picture.Click ? QAccessible::Button : QAccessible::Graphic,
-       QAccessible::queryAccessibleInterface(&widget)->role());
-  if (path.isEmpty() || widget.devicePixelRatioF() != 1 || factor != 1)
-    return;
+void compare(const Element& element, const QVariantMap& properties, const QObject& shown) {
+  for (auto property = properties.begin(); property != properties.end(); ++property) {
+    const QVariant seen = shown.property(qPrintable(property.key()));
+    if (seen == property.value())
+      continue;
+    QString both;
+    QDebug(&both) << property.key() << "is" << seen << "instead of" << property.value();
+    ADD_FAILURE() << element.window().name() << "." << element.name() << ": " << both.toStdString();
+  }
+}
+
+// The pixels of its file, at points inside frame and raised edge where nothing lies in front; the
+// keyboard's mark may lie over some.
+void lookAtPicture(const Picture& picture, QWidget& widget, const QImage& screen) {
+  static QHash<QString, QImage> files;
   const QPoint corner = picture.Border ? QPoint(1, 1) : QPoint();
-  QImage& file = files[{path, widget.width()}];
-  QImageReader reader(path);
-  reader.setDecideFormatFromContent(true);
+  const QString path = text(picture.picturePath());
+  QImage& file = files[QString("%1 %2").arg(path).arg(widget.width())];
   if (file.isNull())
-    file = reader.read().scaled(widget.size() - 2 * QSize(corner.x(), corner.y()),
-                                Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    file = QImage(path).scaled(widget.size() - 2 * QSize(corner.x(), corner.y()),
+                               Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   int points = 0, wrong = 0;
-  for (int y = 7; y < file.height() - 7; y += std::max(6, file.height() / 10))
-    for (int x = 7; x < file.width() - 7; x += std::max(6, file.width() / 10)) {
+  for (int y = file.height() / 8; y < file.height() * 7 / 8; y += 1 + file.height() / 10)
+    for (int x = file.width() / 8; x < file.width() * 7 / 8; x += 1 + file.width() / 10) {
       const QPoint there = widget.mapTo(widget.window(), corner + QPoint(x, y));
       if (widget.window()->childAt(there) != &widget)
         continue;
       ++points;
       wrong += !isNear(screen.pixel(there), file.pixel(x, y), 12);
     }
-  if ((wrong - 2) * 4 > points)
-    same(picture, "picture", path, QString("%1 of %2 points differ").arg(wrong).arg(points));
+  EXPECT_LE(wrong, points / 4 + 2) << "points of " << picture.name() << " differ from its file";
 }
 
-// A tick box is drawn at the style's size, in the middle of its element; a small list keeps its
-// arrow.
-void lookAtPlace(const Element& element, const QWidget& widget, double factor) {
-  QRect wanted = pixels(element.Left, element.Top, element.Width, element.Height, factor);
-  const QPoint middle = wanted.center();
-  if (element.kind() == Kind::CheckBox)
-    wanted.setSize(wanted.size().expandedTo(widget.size()));
-  wanted.moveCenter(middle);
-  if (element.kind() == Kind::DropList && factor < 0.7)
-    wanted.setWidth(qMax(wanted.width(), widget.width()));
-  same(element, "place", wanted, widget.geometry());
+// The keyboard's cursor is marked where it stands, and nothing else but the focus.
+void lookAtMarks(const Window& window, QList<QRect> marks, const QWidget* focused, int percent) {
+  if (focused)
+    marks.removeOne(focused->geometry().adjusted(-3, -3, 3, 3));
+  QList<QRect> wanted;
+  const GridPicture* const board = window.grid();
+  if (board && board->Visible && board->cursorSquare() > 0) {
+    const int square = board->cursorSquare() - 1, columns = board->columns(), side = board->side();
+    wanted << pixels(board->Left + board->frameWidth() + square % columns * side,
+                     board->Top + board->frameWidth() + square / columns * side, side, side,
+                     percent);
+  }
+  EXPECT_EQ(marks, wanted) << "marks of " << window.name();
 }
 
-// Where the keyboard's cursor is marked, if it is.
-QList<QRect> cursorPlace(const GridPicture* board, double factor) {
-  if (!board || !board->Visible || board->cursorSquare() == 0)
-    return {};
-  const int square = board->cursorSquare() - 1, columns = board->columns(), side = board->side();
-  return {pixels(board->Left + (board->Border ? 15 : 0) + square % columns * side,
-                 board->Top + (board->Border ? 15 : 0) + square / columns * side, side, side,
-                 factor)};
-}
-
-// Looks at all elements of a window; hands back the pixels that they need.
-QSize lookAtElements(const Window& window, QWidget& form, double factor) {
+void lookAtForm(const Window& window, qt::Form& form) {
+  const int percent = form.scale().percent();
   const QImage screen = onScreen(*form.window());
-  QMultiMap<QString, QWidget*> widgets;
   QList<QRect> marks;
-  for (QWidget* child : form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+  qsizetype elements = 0;
+  for (const QWidget* child : form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
     if (child->isVisible() && child->testAttribute(Qt::WA_TransparentForMouseEvents))
       marks << child->geometry();
-    else if (child->isVisible())
-      widgets.insert(child->objectName(), child);
-  QRect needed;
+    else
+      elements += child->isVisible();
   for (const Element* element : window.elements()) {
-    if (!element->Visible || element->kind() == Kind::Timer || element->kind() == Kind::MenuEntry)
-      continue;
-    QWidget* const widget = widgets.take(text(element->name()));
-    same(*element, "shown", true, widget != nullptr);
+    QWidget* const widget = shownWidget(*element);
+    EXPECT_EQ(widget != nullptr, element->Visible.get()) << element->name();
     if (!widget)
       continue;
-    if (element->index() < 0) // what comes and goes stretches no window
-      needed |= widget->geometry();
-    lookAtPlace(*element, *widget, factor);
-    lookAtWords(*element, *widget);
-    if (const auto* const picture = dynamic_cast<const Picture*>(element))
-      lookAtPicture(*picture, *widget, factor, screen);
+    --elements;
+    QVariantMap properties = propertiesOf(*element);
+    // The style draws these at sizes of its own.
+    if (element->kind() != Kind::CheckBox && element->kind() != Kind::DropList)
+      properties["geometry"] =
+          pixels(element->Left, element->Top, element->Width, element->Height, percent);
+    compare(*element, properties, *widget);
+    // Other densities and sizes are painted from other files.
+    const auto* const picture = dynamic_cast<const Picture*>(element);
+    if (picture && !picture->picturePath().empty() && percent == 100 &&
+        widget->devicePixelRatioF() == 1)
+      lookAtPicture(*picture, *widget, screen);
   }
-  same<QStringList>(window, "left over", {}, widgets.keys());
-  if (const QWidget* const focused = form.window()->focusWidget()) // may be marked
-    marks.removeOne(focused->geometry().adjusted(-3, -3, 3, 3));
-  same(window, "cursor", cursorPlace(window.grid(), factor), marks);
-  return {needed.right() + 1, needed.bottom() + 1};
+  EXPECT_EQ(elements, 0) << "more in " << window.name() << " than its elements";
+  lookAtMarks(window, marks, form.window()->focusWidget(), percent);
 }
 
-// The entries in the menu bar, then those below them. The child windows are listed at the foot.
-void lookAtMenu(const Window& window, QList<QAction*> actions) {
-  QStringList expected, below, windows, seen;
-  bool listed = false;
-  for (qsizetype i = 0; i < actions.size(); ++i) {
-    const QAction& action = *actions[i];
-    if (!action.isVisible() || action.isSeparator())
-      continue;
-    seen << action.objectName() + " " + action.text() + (action.isEnabled() ? "" : " grey");
-    actions += action.menu() ? action.menu()->actions() : QList<QAction*>();
-  }
-  for (const Window* child : window.forms().openWindows())
-    if (child->windowKind() == WindowKind::Child)
-      windows << QString(" &%1 %2").arg(windows.size() + 1).arg(text(child->Caption));
-  for (const Element* element : window.elements()) {
-    const auto* const entry = dynamic_cast<const MenuEntry*>(element);
-    if (!entry || !entry->Visible || (entry->parent && !entry->parent->Visible))
-      continue;
-    (entry->parent ? below : expected)
-        << text(entry->name() + " " + entry->Caption.get()) + (entry->Enabled ? "" : " grey");
-    listed |= entry->WindowList;
-  }
-  same(window, "menu", expected + below + (listed ? windows : QStringList()), seen);
-}
-
-QImage icon(const QIcon& shown) {
-  return shown.pixmap(QSize(32, 32), 1.0).toImage().convertToFormat(QImage::Format_ARGB32);
-}
-
-// The size of a maximised frame is the desktop's business; any other window is larger than it says
-// where its own size would cut an element.
-void lookAtWindow(const Window& window, QWidget& widget) {
-  same(window, "title", text(window.Caption), widget.windowTitle());
-  same(window, "icon", icon(QIcon(text(window.Icon))), icon(widget.windowIcon()));
-  const auto* const bar = widget.findChild<QMenuBar*>();
-  lookAtMenu(window, bar ? bar->actions() : QList<QAction*>());
-  if (widget.findChild<QMdiArea*>())
-    return; // there is no room for elements
-  auto* const form = dynamic_cast<qt::Form*>(widget.findChild<QWidget*>(widget.objectName()));
-  ASSERT_TRUE(form) << window.name() << " has no area for elements";
-  const double factor = form->scale().percent() / 100.0;
-  EXPECT_TRUE(factor == 1 || window.grid()) << window.name() << " is not for enlarging";
-  const QSize needed = lookAtElements(window, *form, factor), frame = widget.size() - form->size();
-  const bool outer = window.ClientWidth == 0 || window.ClientHeight == 0;
-  const QSize inner(
-      pixel(outer ? window.Width - 15 * frame.width() : window.ClientWidth, factor),
-      pixel(outer ? window.Height - 15 * frame.height() : window.ClientHeight, factor));
-  same(window, "size", inner.expandedTo(needed) + frame, widget.size());
-  // No place is scaled. A window manager may put a window of its own a little beside the place.
-  const bool alone = QGuiApplication::platformName() == "offscreen" && !window.PlacedByDesktop;
-  if (window.windowKind() == WindowKind::Child || alone)
-    same(window, "place", QPoint(pixel(window.Left), pixel(window.Top)), widget.pos());
+void lookAtMenu(const Window& frame, const QWidget& widget) {
+  for (const Element* element : frame.elements())
+    if (const auto* const entry = dynamic_cast<const MenuEntry*>(element))
+      compare(*entry,
+              {{"text", text(entry->Caption)},
+               {"enabled", entry->Enabled && entry->Visible},
+               {"visible", entry->Visible.get()}},
+              *widget.findChild<QAction*>(text(entry->name())));
 }
 
 // Where typing goes, when it does not go to a box, a menu or a list.
-void lookAtFocus(const Forms& forms, const Window& active, const QWidget& widget) {
+void lookAtFocus(const Window& active, const QWidget& widget) {
   const Window* holder = &active;
   if (const auto* const area = widget.findChild<QMdiArea*>()) {
-    const QMdiSubWindow* const child = area->activeSubWindow();
-    holder = forms.activeChild();
-    same(active, "active child", holder ? text(holder->name()) : "",
-         child ? child->objectName() : "");
+    holder = active.forms().activeChild();
+    EXPECT_EQ(area->activeSubWindow(), holder ? shownWidget(*holder) : nullptr);
   }
   if (!holder || !holder->focused())
     return;
   // From an element that has vanished the keys go to the form.
   const Element* const wanted = holder->focused()->isReachable() ? holder->focused() : holder;
   const QWidget* const focused = QApplication::focusWidget();
-  same(*holder, "focus", text(holder->name() + " " + wanted->name()),
-       focused ? focused->parentWidget()->objectName() + " " + focused->objectName() : "nowhere");
+  ASSERT_TRUE(focused) << "the focus is not on " << wanted->name();
+  EXPECT_EQ(focused->parentWidget()->objectName() + "." + focused->objectName(),
+            text(holder->name() + "." + wanted->name()));
 }
 
 } // namespace
@@ -251,20 +196,21 @@ void lookAtFocus(const Forms& forms, const Window& active, const QWidget& widget
 void agrees(const Forms& forms) {
   if (testing::Test::HasFailure())
     return;
-  QMultiMap<QString, QWidget*> shown; // without boxes, menus and lists
-  for (QWidget* widget : QApplication::allWidgets())
-    if (widget->isVisible() && (widget->isWindow() || qobject_cast<QMdiSubWindow*>(widget)) &&
-        !widget->inherits("QDialog") && widget->windowType() != Qt::Popup &&
-        widget->windowType() != Qt::ToolTip)
-      shown.insert(widget->objectName(), widget);
   for (const Window* window : forms.openWindows()) {
-    QWidget* const mine = shown.take(text(window->name()));
-    ASSERT_TRUE(mine) << window->name() << " is not on the screen";
-    lookAtWindow(*window, *mine);
-    if (mine == QApplication::activeWindow() && !QApplication::activePopupWidget())
-      lookAtFocus(forms, *window, *mine);
+    QWidget* const widget = shownWidget(*window);
+    ASSERT_TRUE(widget) << window->name() << " is not on the screen";
+    const bool isFrame = window->windowKind() == WindowKind::Frame;
+    QVariantMap properties{{"windowTitle", text(window->Caption)}};
+    if (!isFrame && !window->PlacedByDesktop)
+      properties["pos"] = pixels(window->Left, window->Top, 0, 0).topLeft();
+    compare(*window, properties, *widget);
+    if (isFrame)
+      lookAtMenu(*window, *widget);
+    else
+      lookAtForm(*window, *widget->findChild<qt::Form*>());
+    if (widget == QApplication::activeWindow() && !QApplication::activePopupWidget())
+      lookAtFocus(*window, *widget);
   }
-  EXPECT_TRUE(shown.isEmpty()) << "left over: " << shown.firstKey().toStdString();
 }
 
 } // namespace scripted

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QImage>
+#include <QWidget>
 
 #include "forms/forms.h"
 
@@ -11,6 +12,9 @@ namespace scripted {
 // and their elements say, or that belongs to none of them. Changes nothing on the screen. Looks no
 // further in a test that has failed already.
 void agrees(const forms::Forms& forms);
+
+// The widget that shows an element or a window; nullptr when there is none to be seen.
+QWidget* shownWidget(const forms::Element& element);
 
 // The pixels of a window on the screen: where they can be had as they were last painted, not anew.
 QImage onScreen(QWidget& window);

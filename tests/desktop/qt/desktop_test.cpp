@@ -45,7 +45,6 @@ protected:
 };
 
 TEST_F(Desktop, ClicksWhereItIsPressedAndLetGo) {
-  one.chk.Width = 195;
   one.pic.MouseMove = [&](float X, float Y) {
     log.add(std::to_string(static_cast<int>(X)) + "," + std::to_string(static_cast<int>(Y)));
   };

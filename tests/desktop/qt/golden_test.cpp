@@ -64,12 +64,12 @@ TEST_F(Golden, TheGame) {
   player.expectBox(falanges::informationBox().text, forms::Answer::Ok, painted("informacion"));
   app.start();
   // The lower tick box is ticked and marked for the keyboard.
-  player.run("menu mnuOpciones, tab, Space, paint frmOpciones opciones");
+  player.run("menu mnuOpciones, Tab, Space, paint frmOpciones opciones");
   // The flag in the palette was raised, then the infantry; both armies in their colours, each the
   // other's mirror image; the keyboard's frame on square 19, right of the last unit, faint while
   // the keyboard is on the button, which is framed.
-  player.run("menu mnuNuevoJuego, click picBAN, tab, tab, Left, Enter, Right, digit 1, Enter,"
-             "Right, Enter, Up, Enter, Right, tab back, paint frmNuevoJuego nuevo-juego");
+  player.run("menu mnuNuevoJuego, click picBAN, Tab, Tab, Left, Enter, Right, 1, Enter,"
+             "Right, Enter, Up, Enter, Right, Shift+Tab, paint frmNuevoJuego nuevo-juego");
   // Lines one below the other in a window with a title bar of its own.
   app.principal.TextoVolcado = "Uno\r\nDos";
   player.expectBox("frmMsgBox", forms::Answer::Ok,

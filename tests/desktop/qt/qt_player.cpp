@@ -4,9 +4,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
@@ -32,10 +32,6 @@ int argumentCount = 1;
 char programName[] = "qt_tests";
 char* arguments[] = {programName, nullptr};
 
-// In the order of forms::Key.
-constexpr Qt::Key Keys[] = {Qt::Key_Left,   Qt::Key_Right, Qt::Key_Up,     Qt::Key_Down,
-                            Qt::Key_Return, Qt::Key_Space, Qt::Key_Delete, Qt::Key_Escape};
-
 // What a window manager does when a box or a list has closed: the window below is active again.
 void settle() {
   QCoreApplication::processEvents();
@@ -48,16 +44,14 @@ void settle() {
   QCoreApplication::processEvents();
 }
 
-QWidget* focusHolder() {
-  settle();
-  return QApplication::focusWidget() ? QApplication::focusWidget() : QApplication::activeWindow();
-}
-
-// Where "X;Y" of the picture lies in its widget.
-QPoint pixelOf(const Picture& picture, const QWidget& shown, const std::string& place) {
-  const auto [X, Y] = placeOn(picture, place);
-  const QPointF frame(picture.frameWidth(), picture.frameWidth());
-  const QPointF pixel = (frame + QPointF(double(X), double(Y))) * shown.width() / picture.Width;
+// The middle, but for a picture where "X;Y" of it lies in its widget.
+QPoint pixelOf(const Element& element, const QWidget& shown, const std::string& place) {
+  const auto* const picture = dynamic_cast<const Picture*>(&element);
+  if (!picture)
+    return shown.rect().center();
+  const auto [X, Y] = placeOn(*picture, place);
+  const QPointF frame(picture->frameWidth(), picture->frameWidth());
+  const QPointF pixel = (frame + QPointF(double(X), double(Y))) * shown.width() / picture->Width;
   return {static_cast<int>(pixel.x()), static_cast<int>(pixel.y())};
 }
 
@@ -73,68 +67,55 @@ QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
   for (const char* part : {"img", "ico"})
     std::filesystem::copy(toPath(FALANGES_PROGRAM_FOLDER) / part, toPath(folder_.file(part)));
   verbs["click"] = [this](auto& on, auto& place) {
-    const Element& element = usable(on);
+    const Element& element = get(on);
     const QPointer<QWidget> target(&widget(element));
-    QPoint where = target->rect().center();
-    if (const auto* picture = dynamic_cast<const Picture*>(&element))
-      where = pixelOf(*picture, *target, place);
-    else if (element.kind() == Kind::CheckBox)
-      where.setX(6); // it answers on its mark alone, which stands at its left
+    const QPoint where = pixelOf(element, *target, place);
     QTest::mousePress(target, Qt::LeftButton, {}, where);
     if (target)
       QTest::mouseRelease(target, Qt::LeftButton, {}, where);
   };
   verbs["over"] = [this](auto& on, auto& place) {
-    const auto& picture = usable<Picture>(on);
+    const auto& picture = get<Picture>(on);
     QWidget& shown = widget(picture);
-    const QPointF where = pixelOf(picture, shown, place);
-    QMouseEvent move(QEvent::MouseMove, where, shown.mapToGlobal(where), Qt::NoButton, Qt::NoButton,
-                     Qt::NoModifier);
-    QCoreApplication::sendEvent(&shown, &move);
+    const QPoint where = pixelOf(picture, shown, place);
+    QTest::mouseMove(shown.window()->windowHandle(), shown.mapTo(shown.window(), where));
   };
   verbs["right"] = [this](auto& on, auto&) {
-    QTest::mouseClick(&widget(usable(on)), Qt::RightButton);
+    QTest::mouseClick(&widget(get(on)), Qt::RightButton);
   };
   verbs["type"] = [this](auto& on, auto& text) {
-    QWidget& box = widget(usable<TextBox>(on));
+    QWidget& box = widget(get<TextBox>(on));
     box.setFocus();
     QMetaObject::invokeMethod(&box, "selectAll");
-    if (text.empty())
-      QTest::keyClick(&box, Qt::Key_Delete);
-    for (const QChar letter : toQt(text)) {
-      QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
-      QCoreApplication::sendEvent(&box, &press);
-    }
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QInputMethodEvent typed;
+    typed.setCommitString(toQt(text));
+    QCoreApplication::sendEvent(&box, &typed);
   };
   verbs["choose"] = [this](auto& on, auto& item) {
-    auto& list = dynamic_cast<QComboBox&>(widget(usable(on)));
+    auto& list = dynamic_cast<QComboBox&>(widget(get(on)));
     QTest::mousePress(&list, Qt::LeftButton);
     if (!list.view()->isVisible())
       return; // the focus was not let go
     list.view()->setCurrentIndex(list.model()->index(list.findText(toQt(item)), 0));
     QTest::keyClick(list.view(), Qt::Key_Return);
   };
-  verbs["tab"] = [](auto& back, auto&) {
-    QTest::keyClick(focusHolder(), back.empty() ? Qt::Key_Tab : Qt::Key_Backtab);
-  };
   verbs["menu"] = [this](auto& on, auto&) {
-    const auto& entry = usable<MenuEntry>(on);
+    const auto& entry = get<MenuEntry>(on);
     widget(entry.window()).template findChild<QAction*>(toQt(entry.name()))->trigger();
   };
-  verbs["shortcut"] = [](auto&, auto&) {
-    QTest::keyClick(focusHolder(), Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
-  };
-  for (const auto& [name, key] : KeyNames)
-    verbs[name] = [qtKey = Keys[static_cast<std::size_t>(key)]](auto&, auto&) {
-      QTest::keyClick(focusHolder(), qtKey);
-    };
-  verbs["digit"] = [](auto& digit, auto&) { QTest::keyClick(focusHolder(), digit[0]); };
-  verbs["close"] = [this](auto& on, auto&) { widget(usable<Window>(on)).close(); };
   verbs["activate"] = [this](auto& on, auto&) {
     constexpr QPoint Title(60, 8);
-    QTest::mouseClick(&widget(usable<Window>(on)), Qt::LeftButton, {}, Title);
+    QTest::mouseClick(&widget(get<Window>(on)), Qt::LeftButton, {}, Title);
     QCoreApplication::processEvents();
   };
+  verbs["close"] = [this](auto& on, auto&) { widget(get<Window>(on)).close(); };
+}
+
+void QtPlayer::key(const std::string& name) {
+  settle();
+  QWidget* const focused = QApplication::focusWidget();
+  QTest::keySequence(focused ? focused : QApplication::activeWindow(), QKeySequence(toQt(name)));
 }
 
 // Qt paints when a timer of five milliseconds has run out.
@@ -207,15 +188,8 @@ std::optional<std::string> QtPlayer::fileDialog(const FileDialog& dialog) {
 
 QWidget& QtPlayer::widget(const Element& element) {
   settle();
-  const QString own = toQt(element.name()), form = toQt(element.window().name());
-  for (QWidget* shown : QApplication::allWidgets()) {
-    // The form inside a window has the same name.
-    const QWidget* const above = shown->parentWidget();
-    const bool onForm = above && above->objectName() == form;
-    if (shown->isVisible() && shown->objectName() == own && onForm == (own != form))
-      return *shown;
-  }
-  throw std::runtime_error(element.name() + " is not on the screen");
+  QWidget* const shown = shownWidget(element);
+  return shown ? *shown : throw std::runtime_error(element.name() + " is not on the screen");
 }
 
 } // namespace scripted

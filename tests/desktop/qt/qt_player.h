@@ -42,6 +42,7 @@ public:
 
 private:
   void afterAction() override;
+  void key(const std::string& name) override;
 
   forms::qt::QtDesktop qt_;
   bool stale_ = false; // something has changed that may be painted later

@@ -150,7 +150,7 @@ TEST_P(Windows, ScrollToWhatTheKeyboardIsOn) {
       const QPoint middle((n - 1) % 8 * 2 + 1, (n - 1) / 8 * 2 + 1);
       EXPECT_TRUE(n > 0 && seen(board, middle * board.width() / 16)) << n;
     }
-  player.run("Right, tab");
+  player.run("Right, Tab");
   EXPECT_TRUE(seen(player.widget(app.nuevoJuego.comTablero), {}));
 }
 
