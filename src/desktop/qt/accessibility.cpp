@@ -32,7 +32,9 @@ public:
     if (name != pressAction())
       QAccessibleWidget::doAction(name);
     else if (widget()->isEnabled() && pressable_.press)
-      pressable_.press();
+      // Later, for the press may end in a message box, and the screen reader waits for its call's
+      // end.
+      QMetaObject::invokeMethod(widget(), pressable_.press, Qt::QueuedConnection);
   }
 
 private:
@@ -102,7 +104,7 @@ public:
 private:
   QComboBox& list() const { return *static_cast<QComboBox*>(widget()); }
 
-  // Later, for the choice may end in a message box, and the screen reader waits for its call's end.
+  // Later, as a press.
   void choose(int index) {
     if (index < 0 || index >= list().count() || !list().isEnabled())
       return;
@@ -117,6 +119,10 @@ QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
     return new AccessiblePressable(static_cast<QWidget*>(object), *pressable);
   if (auto* const form = dynamic_cast<Form*>(object))
     return new AccessibleForm(form);
+  auto* const widget = qobject_cast<QWidget*>(object);
+  if (widget && widget->isWindow() && widget->metaObject() == &QWidget::staticMetaObject)
+    return new QAccessibleWidget(widget,
+                                 widget->parent() ? QAccessible::Dialog : QAccessible::Window);
   // File dialogs have lists too, and labels for them.
   auto* const list = qobject_cast<QComboBox*>(object);
   if (list && dynamic_cast<Form*>(list->parentWidget()))

@@ -22,7 +22,8 @@ MouseButton toForms(Qt::MouseButton button) {
 } // namespace
 
 ControlView::ControlView(Element& element, Screen& screen, QWidget* widget)
-    : WidgetView(element, screen.reporter, widget), screen_(screen) {
+    : WidgetView(element, screen.reporter, widget), screen_(screen),
+      pressable_(dynamic_cast<Pressable*>(widget)) {
   // The forms layer moves the focus on a click; the Tab key goes through the form.
   widget->setFocusPolicy(element.takesFocus() ? Qt::TabFocus : Qt::NoFocus);
 }
@@ -30,10 +31,7 @@ ControlView::ControlView(Element& element, Screen& screen, QWidget* widget)
 void ControlView::syncWidget() {
   if (std::exchange(fontScale_, scale()) != scale())
     widget().setFont(screen_.fonts.fontFor(element()->TextFont, scale()));
-  if (const QRect place = placeAt(scale()); widget().geometry() != place) {
-    widget().setGeometry(place);
-    screen_.focus.placed(widget());
-  }
+  widget().setGeometry(placeAt(scale()));
   syncNames();
   syncKind();
   syncReach();
@@ -109,7 +107,7 @@ bool ControlView::eventFilter(QObject* /*watched*/, QEvent* event) {
   case QEvent::MouseButtonDblClick: // the second press of two quick ones
     return !pressed(*static_cast<QMouseEvent*>(event));
   case QEvent::MouseButtonRelease:
-    if (clicks_ == Clicks::OfWidget)
+    if (!pressable_)
       return false;
     released(*static_cast<QMouseEvent*>(event));
     return true;
@@ -127,14 +125,14 @@ bool ControlView::pressed(const QMouseEvent& event) {
       reporter().report([&](Forms& forms) { return forms.pressed(*element(), button); });
   const bool usable = goesOn && element() && widget().isVisible() && widget().isEnabled();
   armed_ = usable && button == MouseButton::Left;
-  return usable && clicks_ == Clicks::OfWidget;
+  return usable && !pressable_;
 }
 
 void ControlView::released(const QMouseEvent& event) {
   if (event.button() != Qt::LeftButton || !armed_)
     return;
   armed_ = false;
-  if (widget().rect().contains(wholePixel(event.position())))
+  if (widget().rect().contains(event.position().toPoint()))
     click();
 }
 
@@ -142,18 +140,10 @@ void ControlView::click() {
   reportUse([this](Forms& forms) { forms.clicked(*element()); });
 }
 
-void ControlView::offerPress(Pressable& shown, bool offered) {
-  if (offered == static_cast<bool>(shown.press))
-    return;
-  shown.press = {};
-  if (!offered)
-    return;
-  // Later, for the press may end in a message box, and the screen reader waits for its call's end.
-  shown.press = [this] {
-    QMetaObject::invokeMethod(
-        this, [this] { reportUse([this](Forms& forms) { forms.invoked(*element()); }); },
-        Qt::QueuedConnection);
-  };
+void ControlView::offerPress(bool offered) {
+  pressable_->press = {};
+  if (offered)
+    pressable_->press = [this] { reportUse([this](Forms& forms) { forms.invoked(*element()); }); };
 }
 
 } // namespace forms::qt

@@ -21,9 +21,6 @@ protected:
   ControlView(Element& element, Screen& screen, QWidget* widget);
   Screen& screen() const { return screen_; }
 
-  // Whether a press and a release over the widget make a click, for widgets that signal none.
-  enum class Clicks { OfWidget, OfMouse };
-  void setClicks(Clicks clicks) { clicks_ = clicks; }
   // Gives the widget the element's colours in the two roles that its kind is drawn with.
   void setColors(QPalette::ColorRole background, QPalette::ColorRole foreground);
 
@@ -51,8 +48,8 @@ protected:
   }
   // Reports that the left button, a key or a screen reader clicked the element.
   void click();
-  // Whether a screen reader's press clicks the element, shown by this widget.
-  void offerPress(Pressable& shown, bool offered);
+  // Whether a screen reader's press clicks the element, whose widget must be Pressable.
+  void offerPress(bool offered);
 
 private:
   void syncNames();
@@ -63,7 +60,8 @@ private:
 
   Screen& screen_;
   Scale fontScale_{0}; // of the font that the widget has
-  Clicks clicks_ = Clicks::OfWidget;
+  // The widget, if it signals no clicks: a press and a release over it make one.
+  Pressable* pressable_;
   bool armed_ = false; // pressed and not yet let go
 };
 
@@ -77,5 +75,7 @@ protected:
   // To be asked only while there is an element.
   Shown& shown() const { return elementAs<Shown>(); }
 };
+
+ElementView* makePictureView(Picture& picture, Screen& screen, QWidget* form);
 
 } // namespace forms::qt

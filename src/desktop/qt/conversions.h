@@ -1,10 +1,7 @@
 // Texts and measures on their way between the forms layer and Qt.
 #pragma once
 
-#include <cmath>
-
 #include <QColor>
-#include <QPoint>
 #include <QString>
 
 #include "forms/element.h"
@@ -23,10 +20,6 @@ inline QColor toQt(Color color) {
 
 inline int twips(int pixels) {
   return pixels * TwipsPerPixel;
-}
-// The whole pixel that a position lies in.
-inline QPoint wholePixel(QPointF position) {
-  return {static_cast<int>(std::floor(position.x())), static_cast<int>(std::floor(position.y()))};
 }
 
 } // namespace forms::qt

@@ -25,7 +25,6 @@
 #include "desktop/qt/control_view.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/form.h"
-#include "desktop/qt/picture_view.h"
 #include "desktop/qt/window_view.h"
 
 namespace forms::qt {
@@ -44,12 +43,11 @@ public:
   LabelView(Label& label, Screen& screen, QWidget* form)
       : ViewOf(label, screen, new LabelWidget(form)) {
     widget().role = label.Announced ? QAccessible::Notification : QAccessible::StaticText;
-    offerPress(widget(), static_cast<bool>(label.Click));
+    offerPress(static_cast<bool>(label.Click));
     widget().setTextFormat(Qt::PlainText);
     widget().setAlignment(Qt::AlignLeft | Qt::AlignTop);
     widget().setAutoFillBackground(label.BackColor.has_value());
     setColors(QPalette::Window, QPalette::WindowText);
-    setClicks(Clicks::OfMouse);
   }
 
 protected:

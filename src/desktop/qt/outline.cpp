@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <QPainter>
+#include <qdrawutil.h>
 
 #include "desktop/qt/form.h"
 
@@ -27,14 +28,10 @@ void Outline::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   constexpr double Faint = 0.4;
   painter.setOpacity(faint_ ? Faint : 1);
-  const auto frame = [&](int inset, const QColor& color) {
-    painter.setPen(color);
-    painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
-  };
-  frame(0, Qt::black);
-  for (int inset = 1; inset <= width_; ++inset)
-    frame(inset, QColor(255, 214, 0));
-  frame(width_ + 1, Qt::black);
+  const int inner = width_ + 1;
+  qDrawPlainRect(&painter, rect(), Qt::black);
+  qDrawPlainRect(&painter, rect().adjusted(1, 1, -1, -1), QColor(255, 214, 0), width_);
+  qDrawPlainRect(&painter, rect().adjusted(inner, inner, -inner, -inner), Qt::black);
 }
 
 } // namespace forms::qt

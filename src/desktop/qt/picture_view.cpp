@@ -1,23 +1,89 @@
-#include "desktop/qt/picture_view.h"
-
 #include <algorithm>
 #include <cmath>
 #include <optional>
 #include <utility>
 
 #include <QMouseEvent>
+#include <QPainter>
+#include <qdrawutil.h>
 
 #include "desktop/qt/control_view.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/form.h"
 #include "desktop/qt/outline.h"
-#include "desktop/qt/picture_widget.h"
 #include "desktop/qt/window_view.h"
 #include "forms/grid_picture.h"
 
 namespace forms::qt {
 
 namespace {
+
+// Draws a picture with its frame and its raised edge.
+class PictureWidget final : public QWidget, public Pressable {
+public:
+  PictureWidget(PictureStore& pictures, QWidget* form) : QWidget(form), pictures_(pictures) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+  }
+
+  struct Content {
+    QString path;             // empty: no picture
+    QRect inner;              // pixels of the picture in the widget
+    int raised = 0;           // width of the slanted edge in pixels; 0: flat
+    bool border = false;      // what is left around the picture, and a pixel at least
+    QColor background;        // where there is no picture
+    bool plainButton = false; // a click does something, and no picture shows what
+    bool operator==(const Content&) const = default;
+  };
+  void show(Content content) {
+    if (content == content_)
+      return;
+    content_ = std::move(content);
+    // Paints it anew when the pointer comes or goes.
+    setAttribute(Qt::WA_Hover, content_.plainButton);
+    update();
+  }
+
+protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    if (content_.border)
+      painter.fillRect(rect(), Qt::black);
+    const QRect& inner = content_.inner;
+    const QPixmap pixmap = content_.path.isEmpty()
+                               ? QPixmap()
+                               : pictures_.pixmap(content_.path, inner.size(), devicePixelRatioF());
+    if (!pixmap.isNull())
+      painter.drawPixmap(inner.topLeft(), pixmap); // pixel by pixel
+    else
+      painter.fillRect(inner, content_.background);
+    if (content_.plainButton) {
+      constexpr int Darker = 160; // per cent
+      qDrawPlainRect(&painter, inner, content_.background.darker(Darker), underMouse() ? 2 : 1);
+    }
+    if (content_.border)
+      qDrawPlainRect(&painter, rect(), Qt::black);
+    if (content_.raised > 0)
+      drawRaised(painter);
+  }
+
+private:
+  // A slanted edge that catches the light from the top left, between two dark lines, so that it
+  // shows on light and on dark pictures.
+  void drawRaised(QPainter& painter) {
+    const int width = content_.raised;
+    QPalette edge;
+    edge.setColor(QPalette::Light, QColor(255, 244, 190));
+    edge.setColor(QPalette::Dark, QColor(150, 106, 0));
+    qDrawPlainRect(&painter, rect(), Qt::black);
+    qDrawShadePanel(&painter, rect().adjusted(1, 1, -1, -1), edge, false, width);
+    const int inner = width + 1;
+    qDrawPlainRect(&painter, rect().adjusted(inner, inner, -inner, -inner), Qt::black);
+  }
+
+  PictureStore& pictures_;
+  Content content_;
+};
 
 // Of `whole` pixels the one in the middle of number `device` of the `painted` ones. In the middle
 // between two it is the former.
@@ -41,17 +107,7 @@ QPoint pixelOfFile(const QWidget& widget, const QRect& picture, QSize whole, QPo
 class PictureView final : public ViewOf<Picture, PictureWidget> {
 public:
   PictureView(Picture& picture, Screen& screen, QWidget* form)
-      : ViewOf(picture, screen, new PictureWidget(screen.pictures, form)) {
-    setClicks(Clicks::OfMouse);
-  }
-
-  void remove() override {
-    if (cursor_) {
-      cursor_->hide();
-      letGo(*cursor_);
-    }
-    ControlView::remove();
-  }
+      : ViewOf(picture, screen, new PictureWidget(screen.pictures, form)) {}
 
   // On a board the cursor shows the place, also that of a unit.
   bool needsOutline() const override {
@@ -68,7 +124,7 @@ protected:
     const QString path = toQt(shown().picturePath());
     const bool plainButton = path.isEmpty() && shown().index() > 0 && shown().Click;
     widget().show({path, inner(), raised, shown().Border, background, plainButton});
-    offerPress(widget(), shown().Click || board());
+    offerPress(shown().Click || board());
     widget().role = shown().Click ? QAccessible::Button : QAccessible::Graphic;
     // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
     const int rank = shown().zOrderRank;
