@@ -28,10 +28,10 @@ SCREEN = "desktop/qt"
 SCREEN_MAY_INCLUDE = {SCREEN, "forms"}
 # Inside the screen's folder, too: from the ground up; files on one floor don't know each other.
 SCREEN_FLOORS = [
-    "conversions decoder_warnings keyboard_move reporter scale scrolling session_end style zoom",
+    "conversions decoder_warnings keyboard_move reporter scale session_end style",
     "element_view fonts form message_box picture_store",
-    "accessibility file_dialog outline zoom_control",
-    "application focus_keeper picture_widget",
+    "accessibility file_dialog outline zoom",
+    "application focus_keeper",
     "screen",
     "control_view window_view",
     "child_window picture_view",

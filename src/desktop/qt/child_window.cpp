@@ -1,5 +1,3 @@
-#include "desktop/qt/child_window.h"
-
 #include <algorithm>
 
 #include <QAction>
@@ -13,9 +11,8 @@
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/keyboard_move.h"
-#include "desktop/qt/scrolling.h"
 #include "desktop/qt/window_view.h"
-#include "desktop/qt/zoom_control.h"
+#include "desktop/qt/zoom.h"
 
 namespace forms::qt {
 
@@ -39,10 +36,16 @@ void makeSystemMenu(QMdiSubWindow& child) {
                    &QShortcut::activated, &child, &QMdiSubWindow::showSystemMenu);
 }
 
-// One with a board is scaled as a whole, but for its decoration and its place. What fits depends on
-// the size of the frame alone, not on the place: a window that is pushed aside keeps its size. When
-// the frame or the size changes, the window is moved back into the frame, as if the person had done
-// it.
+// Scrolls until a stretch of what is seen now is in sight, unless it is longer than the room.
+void scrollToSee(QScrollBar& bar, int room, int start, int length) {
+  if (length <= room)
+    bar.setValue(bar.value() + std::clamp(0, start + length - room, start));
+}
+
+// Fixed in size, with a close box. One with a board is scaled as a whole, but for its decoration
+// and its place. What fits depends on the size of the frame alone, not on the place: a window that
+// is pushed aside keeps its size. When the frame or the size changes, the window is moved back into
+// the frame, as if the person had done it.
 class ChildView final : public WindowView {
 public:
   ChildView(Window& window, Screen& screen)
@@ -60,25 +63,26 @@ public:
   }
 
   void appear() override {
-    {
-      const auto quiet = reporter().quiet();
-      child().setParent(area_.viewport(), Qt::SubWindow | Qt::CustomizeWindowHint |
-                                              Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                                              Qt::WindowCloseButtonHint |
-                                              Qt::MSWindowsFixedSizeDialogHint);
-      fit();
-      area_.addSubWindow(&child(), child().windowFlags());
-      if (!window().PlacedByDesktop)
-        moveToPlace();
-      child().show();
-    }
+    const auto quiet = reporter().quiet();
+    child().setParent(area_.viewport(), Qt::SubWindow | Qt::CustomizeWindowHint |
+                                            Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                            Qt::WindowCloseButtonHint |
+                                            Qt::MSWindowsFixedSizeDialogHint);
+    fit();
+    area_.addSubWindow(&child(), child().windowFlags());
+    if (!window().PlacedByDesktop)
+      moveToPlace();
+    child().show();
     tellPlace();
   }
 
   void showInSight(const QRect& place) override {
     if (!child().isVisible())
       return;
-    scrollToSee(area_, {form().mapTo(area_.viewport(), place.topLeft()), place.size()});
+    const QPoint corner = form().mapTo(area_.viewport(), place.topLeft());
+    const QSize room = area_.viewport()->size();
+    scrollToSee(*area_.horizontalScrollBar(), room.width(), corner.x(), place.width());
+    scrollToSee(*area_.verticalScrollBar(), room.height(), corner.y(), place.height());
     tellPlace();
   }
 
@@ -97,10 +101,8 @@ protected:
     const bool resized = fit();
     if (!tellingPlace_)
       moveToPlace();
-    if (!resized || !window().grid())
-      return;
-    moveIntoFrame();
-    tellPlace();
+    if (resized && window().grid())
+      settle();
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
@@ -131,11 +133,14 @@ private:
   void layOut() {
     if (!element() || !child().isVisible())
       return;
-    {
-      const auto quiet = reporter().quiet();
-      fit();
-      moveIntoFrame();
-    }
+    const auto quiet = reporter().quiet();
+    fit();
+    settle();
+  }
+
+  // The size is another, or the room for it.
+  void settle() {
+    moveIntoFrame();
     tellPlace();
     screen().focus.laidOut(window());
   }
@@ -194,8 +199,6 @@ private:
 } // namespace
 
 WindowView* makeChildView(Window& window, Screen& screen) {
-  if (!screen.area)
-    qFatal("%s has no frame around it", window.name().c_str());
   return new ChildView(window, screen);
 }
 

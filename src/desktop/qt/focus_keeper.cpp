@@ -10,15 +10,6 @@
 
 namespace forms::qt {
 
-namespace {
-
-QRect outlineAround(const QWidget& widget) {
-  constexpr int Distance = 3; // pixels
-  return widget.geometry().adjusted(-Distance, -Distance, Distance, Distance);
-}
-
-} // namespace
-
 FocusKeeper::FocusKeeper(Reporter& reporter, const Views& views)
     : reporter_(reporter), views_(views) {
   qApp->installEventFilter(this);
@@ -43,8 +34,11 @@ void FocusKeeper::give(Element& element) {
 }
 
 void FocusKeeper::laidOut(Window& window) {
-  if (window.focused())
-    showInSight(viewOf<WidgetView>(views_, *window.focused()));
+  if (!window.focused() || &window != reporter_.forms().activeChild())
+    return;
+  const auto& view = viewOf<WidgetView>(views_, *window.focused());
+  outline(view);
+  showInSight(view);
 }
 
 // The mouse is at what it clicks, and that must not go away from under it.
@@ -53,7 +47,7 @@ void FocusKeeper::showInSight(const WidgetView& view) {
     viewOf<WidgetView>(views_, view.element()->window()).showInSight(view.focusPlace());
 }
 
-bool FocusKeeper::eventFilter(QObject* /*watched*/, QEvent* event) {
+bool FocusKeeper::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
   case QEvent::KeyPress:
   case QEvent::ShortcutOverride: // of a key that is a shortcut there is no press
@@ -63,6 +57,14 @@ bool FocusKeeper::eventFilter(QObject* /*watched*/, QEvent* event) {
   case QEvent::MouseButtonDblClick:
     keyboard_ = false;
     delete outline_;
+    break;
+  case QEvent::WindowActivate: // Qt moves the focus on that occasion
+  case QEvent::WindowDeactivate:
+    if (!views_.isEmpty() && watched->isWidgetType() &&
+        static_cast<QWidget*>(watched)->isWindow()) {
+      movedByQt_ = true;
+      later();
+    }
     break;
   default:
     break;
@@ -75,14 +77,10 @@ void FocusKeeper::outline(const WidgetView& view) {
   if (!keyboard_ || !view.needsOutline())
     return;
   constexpr int Width = 1; // pixels
+  constexpr int Distance = 3;
   const QWidget& widget = view.widget();
   outline_ = new Outline(widget.parentWidget());
-  outline_->showAt(outlineAround(widget), Width);
-}
-
-void FocusKeeper::placed(const QWidget& widget) {
-  if (outline_ && widget.window()->focusWidget() == &widget)
-    outline_->setGeometry(outlineAround(widget));
+  outline_->showAt(widget.geometry().adjusted(-Distance, -Distance, Distance, Distance), Width);
 }
 
 void FocusKeeper::activate(Window& child) {
@@ -90,8 +88,7 @@ void FocusKeeper::activate(Window& child) {
   auto& sub = static_cast<QMdiSubWindow&>(viewOf<WidgetView>(views_, child).widget());
   sub.mdiArea()->setActiveSubWindow(&sub);
   focus(child);
-  if (child.focused())
-    showInSight(viewOf<WidgetView>(views_, *child.focused()));
+  laidOut(child);
 }
 
 void FocusKeeper::vanishes(QWidget& widget) {
@@ -110,11 +107,6 @@ void FocusKeeper::arrived(WidgetView& view) {
   if (reporter_.isQuiet() || element.window().focused() == &element)
     return;
   arrived_ = movedByQt_ ? nullptr : &view;
-  later();
-}
-
-void FocusKeeper::windowChanged() {
-  movedByQt_ = true;
   later();
 }
 

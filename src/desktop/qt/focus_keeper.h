@@ -25,7 +25,8 @@ public:
   // The area of the child windows, from now on watched.
   void watch(QMdiArea& area);
 
-  // The window was laid out anew: what the keyboard is on stays in sight.
+  // The window was laid out anew: if it is the active child, what the keyboard is on is outlined
+  // where it is now, and stays in sight.
   void laidOut(Window& window);
 
   // What the forms layer asks for.
@@ -36,15 +37,11 @@ public:
   // itself Qt would hand it to any other element.
   void vanishes(QWidget& widget);
 
-  // The widget of an element has another place or size.
-  void placed(const QWidget& widget);
   // The widget of an element got the focus.
   void arrived(WidgetView& view);
-  // A window of the program became active or inactive: Qt moves the focus on that occasion.
-  void windowChanged();
 
 protected:
-  // Sees every event: keys and presses in menus and boxes count too.
+  // Sees every event: what is pressed in menus and boxes counts too.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

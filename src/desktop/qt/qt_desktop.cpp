@@ -10,7 +10,6 @@
 #include "desktop/qt/file_dialog.h"
 #include "desktop/qt/message_box.h"
 #include "desktop/qt/window_view.h"
-#include "desktop/qt/windows.h"
 
 namespace forms::qt {
 

@@ -70,20 +70,12 @@ void WindowView::moveToPlace() {
 }
 
 bool WindowView::eventFilter(QObject* /*watched*/, QEvent* event) {
-  switch (event->type()) {
-  case QEvent::Close:
-    event->ignore(); // the forms layer closes it, or not
-    if (element())
-      reporter().report([this](Forms& forms) { forms.closeRequested(window()); });
-    return true;
-  case QEvent::WindowActivate:
-  case QEvent::WindowDeactivate:
-    if (widget().isWindow())
-      screen_.focus.windowChanged();
+  if (event->type() != QEvent::Close)
     return false;
-  default:
-    return false;
-  }
+  event->ignore(); // the forms layer closes it, or not
+  if (element())
+    reporter().report([this](Forms& forms) { forms.closeRequested(window()); });
+  return true;
 }
 
 } // namespace forms::qt

@@ -1,4 +1,5 @@
-// The common part of all windows: the frame, a child window inside it, one of its own.
+// The views of the windows: the frame, a child window inside it, one of its own; and what they have
+// in common.
 #pragma once
 
 #include "desktop/qt/element_view.h"
@@ -48,5 +49,9 @@ private:
   Form* form_;
   QPointer<QEventLoop> waiting_; // set while somebody waits for the window to close
 };
+
+WindowView* makeView(Window& window, Screen& screen);
+// To be made while the frame is on the screen.
+WindowView* makeChildView(Window& window, Screen& screen);
 
 } // namespace forms::qt

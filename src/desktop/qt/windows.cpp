@@ -1,5 +1,3 @@
-#include "desktop/qt/windows.h"
-
 #include <optional>
 #include <utility>
 
@@ -12,7 +10,6 @@
 #include <QTimer>
 #include <QWindow>
 
-#include "desktop/qt/child_window.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/window_view.h"
 
@@ -114,18 +111,10 @@ protected:
   }
 
 private:
-  // Screen readers are told which kind of window it is.
-  class OwnWidget final : public QWidget, public Pressable {
-  public:
-    using QWidget::QWidget;
-  };
-
   static QWidget* makeWidget(QWidget* frame) {
-    auto* const made = new OwnWidget(
-        frame, (frame ? Qt::Dialog : Qt::Window) | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                   Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
-    made->role = frame ? QAccessible::Dialog : QAccessible::Window;
-    return made;
+    return new QWidget(frame, (frame ? Qt::Dialog : Qt::Window) | Qt::CustomizeWindowHint |
+                                  Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                  Qt::WindowCloseButtonHint);
   }
 };
 
