@@ -1,0 +1,83 @@
+// Games on any board, clicked upon anywhere, go as a second statement of the rules says. Drawings
+// are those of rules.h.
+#include "fuzz/rules.h"
+
+#include <set>
+
+#include "fuzz/chance.h"
+
+namespace falanges {
+
+class RulesTest : public Game {
+protected:
+  // "S" and "*" as the program shows them.
+  std::string reach() {
+    std::string marks = blank(principal.NumFilas);
+    for (int n = 1; n <= principal.NumCasillas; ++n) {
+      char& mark = marks[place(n, principal.NumFilas)];
+      if (unit(n) && unit(n)->Appearance == 1)
+        mark = 'S';
+      if (play.picMovimientoPermitido(n))
+        mark = '*';
+    }
+    return marks;
+  }
+  void expectAgreement(const Rules& rules) {
+    EXPECT_EQ(pictures(), rules.shown);
+    EXPECT_EQ(reach(), rules.reach());
+    EXPECT_EQ(gameText(principal, play.JugadorActual),
+              gameFile(rules.board, std::to_string(rules.player) + "\r\n"));
+    EXPECT_EQ(status(), rules.player == 1 ? "En Turno/En Espera" : "En Espera/En Turno");
+    EXPECT_EQ(menu(), rules.won.empty() ? "Guardar Juego" : "");
+  }
+  // A click on a marker or a unit; nothing happens on an empty board.
+  void clickAnywhere(Rules& rules) {
+    const int n = 1 + chance.below(principal.NumCasillas);
+    const std::size_t at = place(n, rules.side());
+    const bool marked = rules.reach()[at] == '*';
+    if (!marked && rules.board[at] == '.')
+      return;
+    const std::string mover = std::to_string(rules.player);
+    rules.click(at);
+    if (!rules.won.empty())
+      screen.expectBox(victory(mover, rules.won));
+    run((marked ? "click picMovimientoPermitido(" : "click picUnidad(") + std::to_string(n) + ")");
+    screen.finish();
+    expectAgreement(rules);
+    EXPECT_EQ(unit(n)->Enabled, rules.won.empty());
+  }
+
+  Chance chance{1};
+};
+
+TEST_F(RulesTest, EveryClickDoesWhatTheySay) {
+  start();
+  std::set<std::string> won; // the words of the victories that came; "": none
+  for (int games = 0; games < 300 && !HasFailure(); ++games) {
+    Rules rules{chance.board(), 1 + chance.below(2), chance.anyOf<std::string>({"0", "1", "x"}),
+                1 + chance.below(3)};
+    SCOPED_TRACE(rules.board);
+    configure(rules.flags + ";0;5;" + std::to_string(rules.movesPerTurn) + ";\r\n");
+    run("menu Opciones, close Opciones"); // reads them
+    run("load " + rules.board + " " + std::to_string(rules.player));
+    expectAgreement(rules);
+    for (int clicks = 0; clicks < 500 && rules.won.empty(); ++clicks)
+      clickAnywhere(rules);
+    won.insert(rules.won);
+    run("close EnJuego");
+  }
+  EXPECT_EQ(won.size(), 4U) << "each of the three ways to win has been seen";
+}
+
+// Fewer moves a turn than were made already: nobody's turn comes any more.
+TEST_F(RulesTest, ATurnThatHasMadeMoreMovesThanItMayDoesNotEnd) {
+  configure("0;0;5;3;\r\n");
+  start();
+  run("load g..../...../...../...../....G 1, move 25 20, move 20 25");
+  run("menu Opciones, type txtMovPorTurno 1, activate EnJuego");
+  for (int moves = 2; moves < 300; moves += 2)
+    run("move 25 20, move 20 25");
+  EXPECT_EQ(status(), "En Turno/En Espera");
+}
+
+} // namespace falanges
