@@ -1,3 +1,6 @@
+// The frame window: its menu, files, boxes and options. A board is drawn from the top row, "/"
+// between rows: B I C E G are flag, infantry, cavalry, elephants and general of player 1, b i c e g
+// those of player 2, "." is an empty square; the number behind it says whose turn it is.
 #include "scripted/game.h"
 #include "shell/form1.h"
 
@@ -5,8 +8,10 @@ namespace falanges {
 
 class Shell : public Game {
 protected:
-  // The line of the configuration file, then what the program goes by: flags;rows;seconds;moves;.
-  std::string options() { return bytesOf(file("VornathFalangesZTEE.cfg")) + inForce(); }
+  // Each as the file has it: more flags allowed; any row allowed; seconds; moves a turn.
+  std::string options() {
+    return "file " + bytesOf(file("VornathFalangesZTEE.cfg")) + " game " + inForce();
+  }
   std::string inForce() const {
     return principal.OpcPermitirBanderas + ";" + principal.OpcLimiteFilas + ";" +
            std::to_string(principal.SegundosActualizacion) + ";" +
@@ -23,10 +28,7 @@ TEST_F(Shell, TheInformationBoxStandsAloneBeforeAndAfterTheRest) {
   });
   app.start();
   run("menu NuevoJuego");
-  screen.expectBox(LeaveQuestion, Answer::Yes, [&] {
-    EXPECT_EQ(screen.lastBox.title, "Vornath - Falanges Z - TEE");
-    EXPECT_EQ(screen.lastBox.style, forms::BoxStyle::WarningYesNo);
-  });
+  screen.expectBox(LeaveQuestion, Answer::Yes);
   screen.expectBox(informationBox().text, Answer::Ok, [&] { EXPECT_EQ(windows(), ""); });
   run("close frmPrincipal");
   EXPECT_FALSE(frame.isOpen());
@@ -39,9 +41,6 @@ TEST_F(Shell, TheMenuHoldsWhatCanBeDone) {
         "load g..../...../...../...../....G 1 => Guardar Juego",
         "close EnJuego => Nuevo Juego, Cargar Juego, Cargar Plantilla"},
        [&] { return menu(); });
-  EXPECT_TRUE(frame.mnuDeclararRendicion.Visible);
-  EXPECT_FALSE(frame.mnuDeclararRendicion.Enabled);
-  EXPECT_FALSE(frame.tmrRed.Enabled);
 }
 
 TEST_F(Shell, ASessionThatEndsBehindTheInformationBoxOpensNothing) {
@@ -69,44 +68,41 @@ TEST(Start, AProgramThatDoesNotKnowItsFolderSaysSoAndOpensAndWritesNothing) {
 
 TEST_F(Shell, AFileLeadsOnFromEverywhereButPlayAndClosesTheOptions) {
   start();
-  run("layOut bgeci/...../...../...../ICEGB 1");
-  screen.expectBox(StartQuestion, Answer::Yes);
-  walk({"click btnIniciar, menu Opciones => EnJuego Opciones", "activate EnJuego => EnJuego",
-        "save Juego uno => EnJuego", "close EnJuego, menu Opciones => Opciones",
-        "layOut b..../...../...../...../G...B 1 => NuevoJuego", "save Plantilla una => NuevoJuego",
+  walk({"menu Opciones, layOut bgeci/...../...../...../ICEGB 1 => NuevoJuego",
         "load g..../...../...../...../G.... 2 => EnJuego",
         "close EnJuego, menu Opciones, load g..../...../...../...../G.... 2 => EnJuego",
-        "close EnJuego, menu NuevoJuego, close NuevoJuego => "},
+        "close EnJuego, layOut bgeci/...../...../...../ICEGB 1 => NuevoJuego"},
        [&] { return windows(); });
+  screen.expectBox(StartQuestion, Answer::Yes);
+  run("click btnIniciar, menu Opciones");
+  EXPECT_EQ(windows(), "EnJuego Opciones");
 }
 
 TEST_F(Shell, AFileIsAskedForInItsFolderUnderANameWithDateAndTime) {
   start();
-  run("layOut g..../...../...../...../....G 1");
-  EXPECT_EQ(screen.lastFile.folder, file("plantillas"));
-  run("save Plantilla una");
-  EXPECT_EQ(screen.lastFile.folder, file("plantillas"));
-  EXPECT_EQ(screen.lastFile.fileName, "Plantilla-09-03-2005-08-05-07");
-  run("load g..../...../...../...../....G 1");
-  EXPECT_EQ(screen.lastFile.folder, file("jguardados"));
-  run("save Juego uno");
-  EXPECT_EQ(screen.lastFile.folder, file("jguardados"));
-  EXPECT_EQ(screen.lastFile.fileName, "JuegoGuardado-09-03-2005-08-05-07");
-  EXPECT_EQ(screen.lastFile.filter, "Archivos de texto|*.txt|Todos los archivos|*.*");
+  walk({"layOut g..../...../...../...../....G 1 => plantillas ",
+        "save Plantilla una => plantillas Plantilla-09-03-2005-08-05-07",
+        "load g..../...../...../...../....G 1 => jguardados ",
+        "save Juego uno => jguardados JuegoGuardado-09-03-2005-08-05-07"},
+       [&] {
+         const auto folder = scripted::toPath(screen.lastFile.folder);
+         return folder.filename().string() + " " + screen.lastFile.fileName;
+       });
 }
 
 TEST_F(Shell, EachChangeOfAnOptionReachesItemAndFileAtOnce) {
   configure(";;30;3;\r\nlost;");
   start();
-  walk({"menu Opciones => ;;30;3;\r\n;;30;3;", "click chkPermitirBanderas => 1;;30;3;\r\n1;;30;3;",
-        "click lblLimiteFilas => 1;1;30;3;\r\n1;1;30;3;",
-        "click lblBandera, click chkLimiteFilas => 0;0;30;3;\r\n0;0;30;3;",
+  walk({"menu Opciones, click chkPermitirBanderas => file 1;;30;3;\r\n game 1;;30;3;",
+        "click lblLimiteFilas => file 1;1;30;3;\r\n game 1;1;30;3;",
+        "click lblBandera, click chkLimiteFilas => file 0;0;30;3;\r\n game 0;0;30;3;",
         // The file takes what stands in the box, the program the number that it begins with.
-        "type txtTiempoRed 4x7 => 0;0;4x7;3;\r\n0;0;4;3;",
-        "type txtTiempoRed 3001 => 0;0;300;3;\r\n0;0;300;3;",
-        "type txtMovPorTurno 999 => 0;0;300;999;\r\n0;0;300;255;",
-        "type txtMovPorTurno 5ñ€ => 0;0;300;5\xF1?;\r\n0;0;300;5;"},
+        "type txtTiempoRed 8x7 => file 0;0;8x7;3;\r\n game 0;0;8;3;",
+        "type txtMovPorTurno 999 => file 0;0;8x7;999;\r\n game 0;0;8;255;",
+        "type txtMovPorTurno 5ñ€ => file 0;0;8x7;5\xF1?;\r\n game 0;0;8;5;"},
        [&] { return options(); });
+  app.forms.typed(app.opciones.txtTiempoRed, "12\r\n3"); // pasted
+  EXPECT_EQ(options(), "file 0;0;12;5\xF1?;\r\n game 0;0;12;5;") << "one line of it";
 }
 
 TEST_F(Shell, TheOptionsOpenWithWhatTheFileHolds) {
@@ -114,19 +110,16 @@ TEST_F(Shell, TheOptionsOpenWithWhatTheFileHolds) {
   run("menu Opciones, choose comJugadorActualRed 2, close Opciones");
   configure("0;1;30;5;\r\n");
   run("menu Opciones");
-  EXPECT_EQ(options(), "0;1;30;5;\r\n0;1;30;5;");
+  EXPECT_EQ(options(), "file 0;1;30;5;\r\n game 0;1;30;5;");
   EXPECT_EQ(app.opciones.chkPermitirBanderas.Value, 0);
   EXPECT_EQ(app.opciones.chkLimiteFilas.Value, 1);
+  EXPECT_EQ(app.opciones.txtTiempoRed.Text.get(), "30");
   EXPECT_EQ(app.opciones.comJugadorActualRed.Text(), "2") << "kept from before, not in the file";
   EXPECT_EQ(principal.JugadorRed, 2);
-  app.forms.typed(app.opciones.txtTiempoRed, "12\r\n3"); // pasted
-  EXPECT_EQ(options(), "0;1;12;5;\r\n0;1;12;5;") << "a box of one line holds one line";
 }
 
 TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
-  const std::string seconds = "DEBE colocar un valor entre 5 y 300 segundos de actualización";
-  const std::string moves = "DEBE colocar un valor entre 1 y 5 Movimientos por Turno";
-  configure("0;0;0;0;\r\n"); // both numbers are out of range
+  configure("0;0;0;0;\r\n"); // no seconds, no moves: both are out of range
   start();
   run("menu NuevoJuego, menu Opciones, click txtMovPorTurno");
   const auto expectHeld = [&](const std::string& leaving, const std::string& box,
@@ -137,14 +130,14 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
     EXPECT_EQ(screen.focused(), focus);
   };
   for (const std::string leaving :
-       {"close Opciones", "activate NuevoJuego", "click chkLimiteFilas", "click btnCargarJuegoRed",
-        "click square 1", "type txtTiempoRed 4, Tab", "type txtTiempoRed 301, Tab"})
-    expectHeld(leaving, seconds, "txtTiempoRed");
-  EXPECT_EQ(principal.OpcLimiteFilas, "0");
+       {"close Opciones", "activate NuevoJuego", "click square 1", "click btnCargarJuegoRed",
+        "type txtTiempoRed 4, Tab", "type txtTiempoRed 301, Tab"})
+    expectHeld(leaving, "DEBE colocar un valor entre 5 y 300 segundos de actualización",
+               "txtTiempoRed");
   run("type txtTiempoRed 300, Tab, type txtTiempoRed 5, Tab");
-  for (const std::string leaving :
-       {"type txtMovPorTurno x5, Tab", "type txtMovPorTurno 6, Tab", "close Opciones"})
-    expectHeld(leaving, moves, "txtMovPorTurno");
+  for (const std::string leaving : {"close Opciones", "type txtMovPorTurno 6, Tab"})
+    expectHeld(leaving, "DEBE colocar un valor entre 1 y 5 Movimientos por Turno",
+               "txtMovPorTurno");
   run("type txtMovPorTurno 5, Tab, type txtMovPorTurno 1, Tab, activate NuevoJuego");
   EXPECT_EQ(windows(), "NuevoJuego");
 }
