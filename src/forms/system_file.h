@@ -1,8 +1,7 @@
-// A regular file as the system has it: what a text file is read and written through. Each system
-// has a source of its own.
+// A regular file as the system has it: what a text file is read and written through. How it is
+// opened, named and brought to the disk stands in a source for each system.
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -38,7 +37,7 @@ public:
 
   // Only when no file is open.
   Outcome open(const std::filesystem::path& path, Opening opening);
-  bool isOpen() const { return handle_ != None; }
+  bool isOpen() const { return file_ != None; }
 
   // Its first bytes, at most `limit`; nothing when they cannot be read.
   std::optional<std::string> read(std::size_t limit);
@@ -55,12 +54,11 @@ public:
   bool close();
 
 private:
-  static constexpr std::intptr_t None = -1;
-  static constexpr std::size_t Chunk = 64 * 1024; // bytes that are read at a time
+  static constexpr int None = -1;
 
-  bool writeAt(std::uint64_t offset, std::string_view text);
+  bool write(std::string_view text);
 
-  std::intptr_t handle_ = None; // the system's
+  int file_ = None; // the C library's descriptor
 };
 
 // Gives the file another name in its folder, over a file that has it.
