@@ -25,26 +25,22 @@ struct Log {
   std::string take() { return std::exchange(events, {}); }
 };
 
-// Its elements stand one below the other, in the tab order but for the last two.
+// Its elements stand one below the other, in the tab order but for the label.
 class TestWindow : public Window {
 public:
   TestWindow(Forms& forms, WindowKind kind, const char* name, Log& log)
       : Window(forms, kind, name), log_(log) {
-    Width = 6000;
-    Height = 6000;
+    place(0, 0, 6000, 6000);
     Caption = name;
     for (int placed = 0; Element * element : elements()) {
-      element->TabIndex = placed < 6 ? placed : -1;
-      if (placed < 6)
-        element->LostFocus = log.adds(element->name() + "_LostFocus");
-      element->Top = 450 * placed++;
-      element->Width = 900;
-      element->Height = 375;
+      element->place(0, 450 * placed, 900, 375);
+      element->TabIndex = element == &lbl ? -1 : placed;
+      element->LostFocus = log.adds(element->name() + "_LostFocus");
+      ++placed;
     }
     chk.Width = 195; // it answers on its mark alone
-    btn.Shortcut = "Ctrl+Shift+D";
-    for (TextBox* box : {&txtA, &txtB})
-      box->Change = log.adds(box->name() + "_Change");
+    txtA.Change = log.adds("txtA_Change");
+    txtB.Change = log.adds("txtB_Change");
     chk.Click = log.adds("chk_Click");
     com.Click = log.adds("com_Click");
     btn.Click = log.adds("btn_Click");
@@ -53,7 +49,6 @@ public:
     pic.MouseDown = [&log](MouseButton button) {
       log.add(button == MouseButton::Left ? "pic_Left" : "pic_Right");
     };
-    picUnidad.Click = [&log](int Index) { log.add("picUnidad_Click" + std::to_string(Index)); };
   }
   bool letClose = true; // what the closing check answers
 
@@ -86,9 +81,7 @@ class FrameWindow final : public TestWindow {
 public:
   FrameWindow(Forms& forms, Log& log) : TestWindow(forms, WindowKind::Frame, "frmMarco", log) {
     Maximized = true;
-    mnu.Caption = std::string("&Menú");
     mnu.WindowList = true;
-    mnuHoja.Caption = std::string("&Hoja");
     mnuHoja.Click = log.adds("mnuHoja_Click");
     tmr.Tick = log.adds("tmr_Tick");
     tmr.Interval = 3600000; // only the player's hand makes it tick
@@ -99,21 +92,23 @@ public:
 };
 
 // The frame with two open child windows, the first one active with the focus on its first element.
-struct TestProgram {
-  explicit TestProgram(Desktop& desktop) : forms(desktop) {
+class TestProgram : public testing::Test {
+protected:
+  TestProgram() {
     forms.startUp(frame);
     two.open();
     one.open();
     log.take();
   }
-  ~TestProgram() {
+  ~TestProgram() override {
     log.on.clear();
     own.close();
     frame.close();
   }
 
+  std::unique_ptr<Player> player = makePlayer();
   Log log;
-  Forms forms;
+  Forms forms{*player};
   FrameWindow frame{forms, log};
   TestWindow one{forms, WindowKind::Child, "frmUno", log};
   TestWindow two{forms, WindowKind::Child, "frmDos", log};

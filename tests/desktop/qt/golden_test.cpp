@@ -11,7 +11,6 @@
 #include "desktop/qt/agrees.h"
 #include "desktop/qt/qt_player.h"
 #include "forms/text_file.h"
-#include "scripted/test_windows.h"
 #include "shell/app.h"
 #include "shell/form1.h"
 #include "shell/information_box.h"
@@ -102,7 +101,6 @@ TEST_F(Golden, TheGame) {
 // its size and day; in the nearest folder that there is. Where that lies differs from run to run
 // and is not painted.
 TEST_F(Golden, TheFileDialog) {
-  TestProgram program(player);
   const TemporaryFolder folder;
   QFile game(QString::fromStdString(folder.file("partida.txt")));
   ASSERT_TRUE(forms::writeTextFile(folder.file("partida.sav"), "")); // left out: no text file
@@ -116,8 +114,8 @@ TEST_F(Golden, TheFileDialog) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return files.model()->rowCount(files.rootIndex()) == 1; }));
     expectPainted("archivo", dialog);
   });
-  program.forms.fileDialog({true, "Guardar Juego", folder.file("no") + "/hay", "uno.txt",
-                            "Archivos de texto|*.txt|Todos los archivos|*.*"});
+  player.fileDialog({true, "Guardar Juego", folder.file("no") + "/hay", "uno.txt",
+                     "Archivos de texto|*.txt|Todos los archivos|*.*"});
 }
 
 // The picture that was clicked lies in front of the others.
