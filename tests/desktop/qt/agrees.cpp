@@ -118,8 +118,8 @@ void lookAtPicture(const Picture& picture, QWidget& widget, const QImage& screen
 }
 
 // The keyboard's cursor is marked where it stands, and nothing else but the focus.
-void lookAtMarks(const Window& window, QList<QRect> marks, const QWidget* focused, int percent) {
-  if (focused)
+void lookAtMarks(const Window& window, QList<QRect> marks, int percent) {
+  if (const QWidget* focused = window.focused() ? shownWidget(*window.focused()) : nullptr)
     marks.removeOne(focused->geometry().adjusted(-3, -3, 3, 3));
   QList<QRect> wanted;
   const GridPicture* const board = window.grid();
@@ -161,7 +161,7 @@ void lookAtForm(const Window& window, qt::Form& form) {
       lookAtPicture(*picture, *widget, screen);
   }
   EXPECT_EQ(elements, 0) << "more in " << window.name() << " than its elements";
-  lookAtMarks(window, marks, form.window()->focusWidget(), percent);
+  lookAtMarks(window, marks, percent);
 }
 
 void lookAtMenu(const Window& frame, const QWidget& widget) {

@@ -61,6 +61,12 @@ std::unique_ptr<Player> makePlayer() {
   return std::make_unique<QtPlayer>();
 }
 
+void pointAt(QWidget& widget, QPointF place) {
+  QMouseEvent move(QEvent::MouseMove, place, widget.mapToGlobal(place), Qt::NoButton, Qt::NoButton,
+                   Qt::NoModifier);
+  QCoreApplication::sendEvent(&widget, &move);
+}
+
 // --- What a person does --------------------------------------------------------------------------
 
 QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
@@ -77,8 +83,7 @@ QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
   verbs["over"] = [this](auto& on, auto& place) {
     const auto& picture = get<Picture>(on);
     QWidget& shown = widget(picture);
-    const QPoint where = pixelOf(picture, shown, place);
-    QTest::mouseMove(shown.window()->windowHandle(), shown.mapTo(shown.window(), where));
+    pointAt(shown, pixelOf(picture, shown, place));
   };
   verbs["right"] = [this](auto& on, auto&) {
     QTest::mouseClick(&widget(get(on)), Qt::RightButton);

@@ -48,4 +48,7 @@ private:
   bool stale_ = false; // something has changed that may be painted later
 };
 
+// Moves the pointer to this pixel of the widget.
+void pointAt(QWidget& widget, QPointF place);
+
 } // namespace scripted

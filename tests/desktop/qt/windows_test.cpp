@@ -25,6 +25,7 @@ struct Variable {
   QByteArray before = qgetenv(name);
 };
 
+// The program on a screen with so many device pixels to a pixel.
 class Windows : public testing::TestWithParam<const char*> {
 protected:
   void SetUp() override {
@@ -32,57 +33,29 @@ protected:
     player.expectBox(falanges::informationBox().text, forms::Answer::Ok, onBox);
     app.start();
   }
-  // In place of the largest board: plain squares, the row in the red and the column in the green.
-  void paintBoard() {
-    QImage board(630, 630, QImage::Format_RGB32);
-    const auto square = [](int pixel) { return qMax(1, qCeil(pixel * 15 / 1180.0)); };
-    for (int i = 0; i < 630 * 630; ++i)
-      board.setPixel(i % 630, i / 630, qRgb(square(i / 630) * 30, square(i % 630) * 30, 0));
-    const QString path = QString("%1/img/8x8%2.jpg").arg(player.programFolder().c_str());
-    for (const auto& [density, at] : {std::pair(1, ""), {2, "@2x"}, {3, "@3x"}})
-      ASSERT_TRUE(board.scaled(board.size() * density).save(path.arg(at), "PNG"));
-  }
-  // Along a row and a column the hint names the square that is seen.
-  void expectSquaresWhereSeen() {
-    QWidget& board = player.widget(app.nuevoJuego.picTablero);
-    const QPoint corner = board.mapTo(board.window(), QPoint()) / 2 * 2; // a whole device pixel
-    const QRect part = board.visibleRegion().boundingRect();
-    const QImage seen = board.window()->grab(QRect(corner, board.size())).toImage();
-    const int middle = seen.width() * 5 / 16, first = seen.width() / 100 + 1; // none lies outside
-    for (int i = first; i < seen.width() - first; ++i)
-      for (const QPoint pixel : {QPoint(i, middle), QPoint(middle, i)}) {
-        const int row = qRed(seen.pixel(pixel)) + 9, column = qGreen(seen.pixel(pixel)) + 9;
-        const QPointF place =
-            board.mapFrom(board.window(), corner + QPointF(pixel) / board.devicePixelRatioF());
-        // Two squares may meet in one pixel, and a small screen shows a part.
-        if (row % 30 > 18 || column % 30 > 18 || !part.contains(place.toPoint()))
-          continue;
-        QMouseEvent move(QEvent::MouseMove, place, board.mapToGlobal(place), Qt::NoButton,
-                         Qt::NoButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&board, &move);
-        EXPECT_TRUE(board.toolTip().endsWith(QString("(%1,%2)").arg(row / 30).arg(column / 30)))
-            << board.toolTip().toStdString() << " at " << i << " of " << seen.width();
-      }
-  }
-  // By so many notches; how wide the board is then.
-  int turnWheel(int notches, const char* over = "picTablero",
-                Qt::KeyboardModifiers held = Qt::ControlModifier) {
-    QWidget& widget = player.widget(player.get(over));
-    QWheelEvent wheel({9, 9}, widget.mapToGlobal(QPoint(9, 9)), {}, {0, notches * 120}, {}, held,
-                      {}, false);
-    QSpontaneKeyEvent::setSpontaneous(&wheel); // or it goes no further than to the widget
-    qApp->notify(&widget, &wheel);
-    return player.widget(app.nuevoJuego.picTablero).width();
-  }
-  // The largest board, in a frame of this size.
-  const QWidget& openBoard(int width, int height) {
+  // The deployment with the largest board, in a frame of so many pixels each way.
+  void openBoard(int side) {
     player.run("menu mnuNuevoJuego, choose comTablero 8x8");
-    player.widget(app.frame).resize(width, height);
-    QCoreApplication::processEvents();
-    return *player.widget(app.frame).findChild<QMdiArea*>()->viewport();
+    resizeFrame(side, side);
   }
-  // With the control key, in the frame.
-  void press(Qt::Key key) { QTest::keyClick(&player.widget(app.frame), key, Qt::ControlModifier); }
+  void resizeFrame(int width, int height) {
+    frame().resize(width, height);
+    QCoreApplication::processEvents();
+  }
+  QWidget& frame() { return player.widget(app.frame); }
+  // What shows the child windows.
+  QWidget& area() { return *frame().findChild<QMdiArea*>()->viewport(); }
+  QWidget& board() { return player.widget(app.nuevoJuego.picTablero); }
+  // Of its own size.
+  int percentOfBoard() {
+    return qRound(board().width() * 1500.0 / app.nuevoJuego.picTablero.Width);
+  }
+  void turnWheel(int notches, QWidget& over, Qt::KeyboardModifiers held = Qt::ControlModifier) {
+    QWheelEvent wheel({9, 9}, over.mapToGlobal(QPoint(9, 9)), {}, {0, notches * 120}, {}, held, {},
+                      false);
+    QSpontaneKeyEvent::setSpontaneous(&wheel); // or it goes no further than to the widget
+    qApp->notify(&over, &wheel);
+  }
 
   Meanwhile onBox; // while a box is open
   Variable scale{"QT_SCALE_FACTOR", GetParam()};
@@ -90,98 +63,106 @@ protected:
   falanges::App app{player};
 };
 
+INSTANTIATE_TEST_SUITE_P(AtScale, Windows, testing::Values("1", "1.5", "2"));
+
 TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
-  paintBoard();
-  openBoard(2300, 2300);
-  for (int step = 0; step < 7; ++step)
-    press(Qt::Key_Plus);
-  for (int step = 0; step < 18; ++step) {
-    expectSquaresWhereSeen();
-    press(Qt::Key_Minus);
+  // In place of the largest board: plain squares, the row in the red and the column in the green.
+  QImage squares(630, 630, QImage::Format_RGB32);
+  const auto number = [](int pixel) { return qMax(1, qCeil(pixel * 15 / 1180.0)); };
+  for (int y = 0; y < 630; ++y)
+    for (int x = 0; x < 630; ++x)
+      squares.setPixel(x, y, qRgb(number(y) * 30, number(x) * 30, 0));
+  const QString path = QString("%1/img/8x8%2.jpg").arg(player.programFolder().c_str());
+  for (const auto& [density, at] : {std::pair(1, ""), {2, "@2x"}, {3, "@3x"}})
+    ASSERT_TRUE(squares.scaled(squares.size() * density).save(path.arg(at), "PNG"));
+  openBoard(1300);
+  player.run("Ctrl++, Ctrl++, Ctrl++");
+  for (int size = 0; size < 18; ++size) {
+    const QImage seen = frame().grab().toImage();
+    const QRegion part = board().visibleRegion();
+    // From the lower left corner to the upper right one the hint names the square that is seen.
+    const int outside = board().width() / 100 + 1; // at the edges there are pixels of no square
+    for (int x = outside; x < board().width() - outside; ++x) {
+      const QPoint place(x, board().height() - 1 - x), onFrame = board().mapTo(&frame(), place);
+      const QRgb color = seen.pixel((QPointF(onFrame) * seen.devicePixelRatio()).toPoint());
+      const int row = qRed(color) + 9, column = qGreen(color) + 9;
+      // Two squares may meet in one pixel, and a small screen shows a part.
+      if (row % 30 > 18 || column % 30 > 18 || !part.contains(place))
+        continue;
+      pointAt(board(), place);
+      const QString square = QString("(%1,%2)").arg(row / 30).arg(column / 30);
+      EXPECT_TRUE(board().toolTip().endsWith(square))
+          << board().toolTip().toStdString() << " at " << x << " of " << board().width();
+    }
+    player.run("Ctrl+-");
   }
 }
 
 // A board as large as its frame allows, and no larger than it is meant to be; or as it was chosen.
 TEST_P(Windows, FitABoardIntoItsFrame) {
-  QWidget& frame = player.widget(app.frame);
-  if (qApp->platformName() != "offscreen" && frame.screen()->geometry().height() < 1000)
+  if (qApp->platformName() != "offscreen" && frame().screen()->geometry().height() < 1000)
     GTEST_SKIP() << "the screen is too small";
-  const QWidget& area = openBoard(700, 700);
+  openBoard(700);
   QWidget& window = player.widget(app.nuevoJuego);
   window.move(100, 100); // it comes back into the frame
   for (const auto& [width, height] : {std::pair(720, 760), {800, 660}, {400, 400}, {900, 900}}) {
-    frame.resize(width, height);
+    resizeFrame(width, height);
     player.run("Up"); // and everything is where the elements say
-    EXPECT_TRUE(area.rect().contains(window.geometry())) << width << " x " << height;
-    const QSize larger = window.size() + QSize(722, 688) / 20;
-    EXPECT_TRUE(window.width() == 722 || !area.rect().contains(QRect({}, larger)));
+    EXPECT_TRUE(area().rect().contains(window.geometry())) << width << " x " << height;
+    const QSize larger = window.size() * (percentOfBoard() + 5) / percentOfBoard();
+    EXPECT_TRUE(percentOfBoard() == 100 || !area().rect().contains(QRect({}, larger)));
   }
-  EXPECT_EQ(turnWheel(-2), 569); // 90 %
-  EXPECT_EQ(turnWheel(6), 1106); // 175 %
-  frame.resize(700, 600);
-  EXPECT_EQ(turnWheel(-1), 948);
-  EXPECT_EQ(turnWheel(1, "comTablero", {}), 948) << "on the way past a list";
-  press(Qt::Key_Minus);
-  EXPECT_LT(turnWheel(0), 948);
-  press(Qt::Key_Plus);
-  EXPECT_EQ(turnWheel(0), 948);
-  player.run("close frmNuevoJuego, menu mnuNuevoJuego");
-  EXPECT_EQ(turnWheel(0), 594); // of the smallest board
-  player.run("Up, Right");      // scrolls
-  press(Qt::Key_0);
-  EXPECT_EQ(turnWheel(0), 396);
+  turnWheel(-2, board());
+  EXPECT_EQ(percentOfBoard(), 90);
+  turnWheel(6, board());
+  EXPECT_EQ(percentOfBoard(), 175);
+  resizeFrame(700, 600);
+  turnWheel(1, player.widget(app.nuevoJuego.comTablero), {});
+  EXPECT_EQ(percentOfBoard(), 175) << "on the way past a list";
+  player.run("Ctrl+-");
+  EXPECT_EQ(percentOfBoard(), 150);
+  player.run("Ctrl++, close frmNuevoJuego, menu mnuNuevoJuego");
+  EXPECT_EQ(percentOfBoard(), 175) << "as it was chosen";
+  player.run("Up, Right, Ctrl+0"); // the arrows scroll
+  EXPECT_EQ(percentOfBoard(), 100);
   EXPECT_EQ(player.widget(app.nuevoJuego).pos(), QPoint());
-  press(Qt::Key_9);
-  EXPECT_EQ(turnWheel(0), 495); // 125 %
+  player.run("Ctrl+9");
+  EXPECT_EQ(percentOfBoard(), 125) << "as large as it fits";
   app.enJuego.open();
-  EXPECT_EQ(player.widget(app.enJuego.picTablero).width(), 495) << "chosen for both";
+  EXPECT_EQ(player.widget(app.enJuego.picTablero).width(), board().width()) << "chosen for both";
 }
 
 TEST_P(Windows, ScrollToWhatTheKeyboardIsOn) {
-  const QWidget& area = openBoard(300, 250);
-  const QWidget& board = player.widget(app.nuevoJuego.picTablero);
-  const auto seen = [&](const QWidget& shown, QPoint place) {
-    return area.rect().contains(shown.mapTo(&area, place));
+  openBoard(300);
+  const auto inSight = [&](const QWidget& shown, QPoint place) {
+    return area().rect().contains(shown.mapTo(&area(), place));
   };
   for (const char* way : {"Up", "Right", "Down", "Left"})
     for (int i = 0; i < 8; ++i) {
       player.run(way);
-      const int n = app.nuevoJuego.picTablero.cursorSquare();
-      const QPoint middle((n - 1) % 8 * 2 + 1, (n - 1) / 8 * 2 + 1);
-      EXPECT_TRUE(n > 0 && seen(board, middle * board.width() / 16)) << n;
+      const int square = app.nuevoJuego.picTablero.cursorSquare() - 1;
+      const QPoint middle(square % 8 * 2 + 1, square / 8 * 2 + 1); // in half squares
+      EXPECT_TRUE(inSight(board(), middle * board().width() / 16)) << square;
     }
   player.run("Right, Tab");
-  EXPECT_TRUE(seen(player.widget(app.nuevoJuego.comTablero), {}));
+  EXPECT_TRUE(inSight(player.widget(app.nuevoJuego.comTablero), {}));
 }
 
-INSTANTIATE_TEST_SUITE_P(AtScale, Windows, testing::Values("1", "1.5", "2"));
-
-class Keys : public Windows {
-protected:
-  void pressed(const char* keys) {
-    const QKeyCombination pressed = QKeySequence(keys)[0];
-    QTest::keyClick(&player.widget(app.frame), pressed.key(), pressed.keyboardModifiers());
-    QCoreApplication::processEvents();
-  }
-};
-
-INSTANTIATE_TEST_SUITE_P(AtScale, Keys, testing::Values("1"));
-
 // Those of the manual that no script presses; all are for a window or its menu.
-TEST_P(Keys, DoWhatTheManualSays) {
+TEST_P(Windows, KnowTheKeysOfTheManual) {
   for (const char* keys : {"Ctrl+F4", "Ctrl+W"}) {
     player.run("menu mnuNuevoJuego");
-    pressed(keys);
+    player.run(keys);
     EXPECT_FALSE(app.nuevoJuego.isOpen()) << keys;
   }
-  pressed("Alt+O");
+  player.run("Alt+O");
   EXPECT_TRUE(app.opciones.isOpen());
   for (const char* keys : {"Alt+-", "F10", "Alt+J"}) {
-    pressed(keys);
+    player.run(keys);
     QWidget* const menu = QApplication::activePopupWidget();
     ASSERT_TRUE(menu) << keys;
-    const QKeySequence last = menu->actions().constLast()->shortcut();
-    EXPECT_EQ(last.toString(QKeySequence::NativeText), keys == QString("Alt+-") ? "Ctrl+F4" : "");
+    const bool ofChild = menu->actions().constFirst()->text() == "&Mover";
+    EXPECT_EQ(ofChild, keys == std::string("Alt+-"));
     menu->close();
   }
 }
@@ -230,19 +211,17 @@ INSTANTIATE_TEST_SUITE_P(AtScale, WindowsInWideLetters, testing::Values("1"));
 
 TEST_P(WindowsInWideLetters, CutNoText) {
   player.verbs["look"] = [](auto&, auto&) { expectTextsWhole(); };
+  const std::string text = "Lo que aquí es bastante más largo que el lugar que hay";
   for (const double larger : {4.0 / 3, 1.0}) {
     player.run("menu mnuOpciones, look");
     const QFontInfo drawn(player.widget(app.opciones.lblBandera).font());
     EXPECT_TRUE(drawn.family() == "Liberation Sans" || drawn.family() == "Arial");
-    const std::string text = "Lo que aquí es bastante más largo que el lugar que hay";
     app.opciones.lblBandera.Caption = app.opciones.btnCargarJuegoRed.Caption = text;
     player.run("look, menu mnuNuevoJuego, look");
     app.enJuego.open();
     app.enJuego.lblJ1_Estado.Caption = text;
-    for (int step = 0; step < 11; ++step) { // down to 50 %
-      expectTextsWhole();
-      press(Qt::Key_Minus);
-    }
+    for (int step = 0; step < 11; ++step) // down to 50 %
+      player.run("look, Ctrl+-");
     app.enJuego.close();
     app.nuevoJuego.close();
     player.expectFile("Cargar Juego", std::nullopt, expectTextsWhole);
