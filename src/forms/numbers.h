@@ -1,6 +1,7 @@
 // Numbers in texts: reading the number that a text begins with, and storing it in a whole item.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -25,12 +26,9 @@ template <class T> std::optional<T> stored(double number) {
 
 // As stored, with the nearest value that T holds in place of a refusal.
 template <class T> T storedNearest(double number) {
-  const double whole = std::nearbyint(number);
-  if (!(whole > std::numeric_limits<T>::min()))
-    return std::numeric_limits<T>::min();
-  if (whole >= std::numeric_limits<T>::max())
-    return std::numeric_limits<T>::max();
-  return static_cast<T>(whole);
+  constexpr double Lowest = std::numeric_limits<T>::min();
+  constexpr double Highest = std::numeric_limits<T>::max();
+  return static_cast<T>(std::clamp(std::nearbyint(number), Lowest, Highest));
 }
 
 } // namespace forms

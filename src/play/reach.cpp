@@ -1,5 +1,6 @@
 #include "play/reach.h"
 
+#include <array>
 #include <span>
 
 namespace falanges {
@@ -24,9 +25,7 @@ constexpr std::array General{UpRight, Up, UpLeft, Right, Left, DownLeft, Down, D
 std::span<const Direction> directions(int type, int player) {
   switch (type) {
   case INF:
-    if (player == 1)
-      return InfantryUp;
-    return player == 2 ? std::span<const Direction>(InfantryDown) : std::span<const Direction>();
+    return player == 1 ? InfantryUp : InfantryDown;
   case CAB:
     return Cavalry;
   case ELE:
@@ -47,8 +46,8 @@ bool leavesBoard(const Principal& principal, const Casilla& square, Direction st
 
 } // namespace
 
-Targets reach(const Principal& principal, int n, int JugadorActual) {
-  Targets targets;
+std::vector<int> reach(const Principal& principal, int n, int JugadorActual) {
+  std::vector<int> targets;
   const Casilla& square = principal.Casillas(n);
   for (const Direction step : directions(square.TUnidad, JugadorActual)) {
     if (leavesBoard(principal, square, step))
@@ -58,7 +57,7 @@ Targets reach(const Principal& principal, int n, int JugadorActual) {
     if (target < 1 || target > principal.NumCasillas)
       continue;
     if (principal.Casillas(target).Jugador != JugadorActual)
-      targets.add(target);
+      targets.push_back(target);
   }
   return targets;
 }
