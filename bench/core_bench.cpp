@@ -33,7 +33,7 @@ public:
     Principal& principal = app_.principal;
     principal.NumColumnas = principal.NumFilas = 8;
     principal.NumCasillas = 64;
-    fillPositions(principal, BoardTop, BoardLeft);
+    fillPositions(principal);
     for (int n = 1; n <= 64; ++n) {
       Casilla& square = principal.Casillas(n);
       const bool own = n > 48, enemy = n <= 16;

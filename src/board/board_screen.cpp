@@ -17,7 +17,7 @@ BoardScreen::BoardScreen(forms::Forms& forms, Principal& principal, MainWindow& 
   picTablero.Width = 5940;
   picTablero.Height = 5940;
   picTablero.TabIndex = 0;
-  picTablero.MouseMove = [this](float X, float Y) { picTablero_MouseMove(X, Y); };
+  picTablero.MouseMove = [this](float X, float Y) { showBoardHint(X, Y); };
   picTablero.nameOfEmptySquare = [this](int n) { return emptySquareDescription(principal_, n); };
   picTablero.inviting = [] { return false; }; // what a click does there depends on the square
   picUnidad.pattern.Width = UnitSide;
@@ -40,6 +40,14 @@ void BoardScreen::showBoard() {
   Width = picTablero.Width + picTablero.Left + 150;
 }
 
+void BoardScreen::drawUnits(int last) {
+  for (int n = 1; n <= last; ++n) {
+    const Casilla& square = principal_.Casillas(n);
+    if (square.Jugador != 0 && picUnidad.Load(n))
+      showUnit(n, square, square.PosXTwips, square.PosYTwips);
+  }
+}
+
 void BoardScreen::showUnit(int n, const Casilla& unit, int top, int left,
                            forms::OnFailure onFailure) {
   forms::Picture& picture = *picUnidad(n);
@@ -56,7 +64,7 @@ void BoardScreen::showHint(forms::Picture& picture, int n) {
   picture.ToolTipText = hoverText(n, square.PosX, square.PosY);
 }
 
-void BoardScreen::picTablero_MouseMove(float X, float Y) {
+void BoardScreen::showBoardHint(float X, float Y) {
   const PointedSquare place = squareAt(principal_, X, Y);
   picTablero.ToolTipText = hoverText(place.square, place.row, place.column);
 }

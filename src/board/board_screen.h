@@ -24,6 +24,8 @@ protected:
   // Gives the board its place, the picture for NumFilas, and the window the size of the board. A
   // size that no picture belongs to keeps the picture there is.
   void showBoard();
+  // Makes the pictures of the units on squares 1 to `last`, each in its record's place.
+  void drawUnits(int last);
   // Gives picUnidad(n), which exists, the look, place (twips) and name of the unit, in front of all
   // else. Of `unit` the owner and the type count.
   void showUnit(int n, const Casilla& unit, int top, int left,
@@ -31,8 +33,8 @@ protected:
   // The hint of square n on the picture that stands there.
   void showHint(forms::Picture& picture, int n);
 
-  // The pointer stands at X, Y twips of the board.
-  virtual void picTablero_MouseMove(float X, float Y);
+  // The hint of the square at X, Y twips of the board on the board's own picture.
+  void showBoardHint(float X, float Y);
 
   Principal& principal_;
   MainWindow& mainWindow_;

@@ -1,8 +1,6 @@
 #include "deployment/frm_nuevo_juego.h"
 
-#include "deployment/army.h"
-#include "deployment/field_dump.h"
-#include "deployment/placement.h"
+#include "deployment/rules.h"
 #include "model/colors.h"
 #include "model/geometry.h"
 #include "model/units.h"
@@ -13,20 +11,20 @@ using forms::passOver;
 
 frmNuevoJuego::frmNuevoJuego(forms::Forms& forms, Principal& principal, MainWindow& mainWindow,
                              forms::Window& play, forms::Window& dump)
-    : BoardScreen(forms, principal, mainWindow, "frmNuevoJuego"), play_(play),
-      dump_(dump), palette_{{{picINF, INF, 560},
-                             {picCAB, CAB, 1640},
-                             {picELE, ELE, 2720},
-                             {picGEN, GEN, 3800},
-                             {picBAN, BAN, 4880}}} {
+    : BoardScreen(forms, principal, mainWindow, "frmNuevoJuego"), play_(play), dump_(dump),
+      palette_{{{picINF, INF}, {picCAB, CAB}, {picELE, ELE}, {picGEN, GEN}, {picBAN, BAN}}} {
   Caption = "Nuevo Juego";
   BackColor = DeploymentGround;
   picTablero.Click = [this] { picTablero_Click(); };
+  picTablero.MouseMove = [this](float X, float Y) {
+    PosX = X;
+    PosY = Y;
+    showBoardHint(X, Y);
+  };
   picUnidad.MouseDown = [this](int Index, forms::MouseButton button) {
     picUnidad_MouseDown(Index, button);
   };
-  comTablero.Width = 930;
-  comTablero.Height = 360;
+  comTablero.place(100, 100, 930, 360);
   comTablero.TextFont.bold = true;
   comTablero.TabIndex = 1;
   comTablero.AccessibleName = "Tablero";
@@ -37,14 +35,14 @@ frmNuevoJuego::frmNuevoJuego(forms::Forms& forms, Principal& principal, MainWind
 }
 
 void frmNuevoJuego::makePalette() {
+  int top = 560;
   int tabIndex = 2;
-  for (std::size_t entry = 0; entry < palette_.size(); ++entry) {
-    forms::Picture& picture = palette_[entry].picture;
-    picture.Width = UnitSide;
-    picture.Height = UnitSide;
-    picture.TabIndex = tabIndex++;
-    picture.AccessibleName = unitName(palette_[entry].type);
-    picture.Click = [this, entry] { picPaleta_Click(entry); };
+  for (const PaletteEntry& entry : palette_) {
+    entry.picture.place(100, top, UnitSide, UnitSide);
+    top += 1080;
+    entry.picture.TabIndex = tabIndex++;
+    entry.picture.AccessibleName = unitName(entry.type);
+    entry.picture.Click = [this, &entry] { picPaleta_Click(entry); };
   }
 }
 
@@ -74,21 +72,12 @@ void frmNuevoJuego::Form_Load() {
   passOver(LoadIcon("\\ico\\adelante.ico"));
   mainWindow_.showMenu(AppState::Deployment);
   principal_.TUnidadSeleccionada = 0;
-  placeElements();
-  chooseBoard(SmallestBoard);
   for (const PaletteEntry& entry : palette_)
     passOver(entry.picture.LoadPicture(unitPicture(entry.type, 1)));
   for (int side = SmallestBoard; side <= LargestBoard; ++side)
     comTablero.AddItem(boardName(side));
   passOver(comTablero.select(0)); // counts as a choice of board and runs comTablero_Click
   btnEliminarUnidades_Click();
-}
-
-void frmNuevoJuego::placeElements() {
-  place(0, 0, 12000, 10200);
-  comTablero.moveTo(100, 100);
-  for (const PaletteEntry& entry : palette_)
-    entry.picture.moveTo(100, entry.top);
 }
 
 void frmNuevoJuego::Form_Unload() {
@@ -98,16 +87,11 @@ void frmNuevoJuego::Form_Unload() {
 void frmNuevoJuego::layOut(const GameText& game) {
   close();
   open();
-  for (int n = 1; n <= static_cast<int>(game.lines.size()); ++n) {
-    takeLine(game, n, principal_);
-    if (!game.lines[static_cast<std::size_t>(n - 1)].hasSeparator)
-      continue;
-    const Casilla& unit = principal_.Casillas(n);
-    if (unit.Jugador != 0 && picUnidad.Load(n))
-      showUnit(n, unit, unit.PosXTwips, unit.PosYTwips);
-  }
-  takeBoardSize(game, principal_);
+  std::uint8_t ofNoGame = 0; // nobody is in turn yet
+  takeGame(game, principal_, ofNoGame);
   showBoard();
+  // A file can have units on squares that its board has not.
+  drawUnits(TablaCasillas::Last);
 }
 
 // --- Board choice ------------------------------------------------------------------------------
@@ -127,7 +111,7 @@ void frmNuevoJuego::chooseBoard(int side) {
   for (int n = 1; n <= principal_.NumCasillas; ++n)
     principal_.Casillas(n) = Casilla{};
   showBoard();
-  fillPositions(principal_, picTablero.Top, picTablero.Left);
+  fillPositions(principal_);
 }
 
 // Erases the units: always all 64 squares, whatever the board.
@@ -145,15 +129,11 @@ void frmNuevoJuego::clearRecord(int n) {
 
 // --- Palette -----------------------------------------------------------------------------------
 
-void frmNuevoJuego::picPaleta_Click(std::size_t entry) {
-  const bool flat = palette_[entry].picture.Appearance == 0;
-  principal_.TUnidadSeleccionada = flat ? palette_[entry].type : std::uint8_t{NINGUNA};
-  raisePalette(principal_.TUnidadSeleccionada);
-}
-
-void frmNuevoJuego::raisePalette(std::uint8_t type) {
+void frmNuevoJuego::picPaleta_Click(const PaletteEntry& clicked) {
+  const bool flat = clicked.picture.Appearance == 0;
+  principal_.TUnidadSeleccionada = flat ? clicked.type : NINGUNA;
   for (const PaletteEntry& entry : palette_) {
-    const bool raised = entry.type == type;
+    const bool raised = entry.type == principal_.TUnidadSeleccionada;
     entry.picture.Appearance = raised ? 1 : 0;
     entry.picture.AccessibleName = unitName(entry.type) + (raised ? ", elegida" : "");
   }
@@ -163,17 +143,11 @@ void frmNuevoJuego::raisePalette(std::uint8_t type) {
 bool frmNuevoJuego::Form_KeyDown(forms::Key key, int digit) {
   if (key != forms::Key::Digit || digit < 1 || digit > static_cast<int>(palette_.size()))
     return false;
-  picPaleta_Click(static_cast<std::size_t>(digit - 1));
+  picPaleta_Click(palette_[static_cast<std::size_t>(digit - 1)]);
   return true;
 }
 
 // --- Placing and removing ----------------------------------------------------------------------
-
-void frmNuevoJuego::picTablero_MouseMove(float X, float Y) {
-  PosX = X;
-  PosY = Y;
-  BoardScreen::picTablero_MouseMove(X, Y);
-}
 
 void frmNuevoJuego::picTablero_Click() {
   if (principal_.TUnidadSeleccionada == NINGUNA) {
@@ -212,8 +186,7 @@ bool frmNuevoJuego::placeUnit(int n, int row, int column, std::uint8_t player) {
   Casilla& square = principal_.Casillas(n);
   square.Jugador = player;
   square.TUnidad = principal_.TUnidadSeleccionada;
-  showUnit(n, square, pictureTop(principal_, picTablero.Top, row),
-           pictureLeft(principal_, picTablero.Left, column));
+  showUnit(n, square, pictureTop(principal_, row), pictureLeft(principal_, column));
   return true;
 }
 

@@ -42,8 +42,7 @@ public:
 private:
   struct PaletteEntry {
     forms::Picture& picture;
-    std::uint8_t type;
-    int top;
+    TipoUnidad type;
   };
 
   void Form_Load() override;
@@ -52,14 +51,11 @@ private:
 
   void makePalette();
   void makeButtons();
-  void placeElements();
   void chooseBoard(int side);
 
   void comTablero_Click();
-  void picPaleta_Click(std::size_t entry);
-  void raisePalette(std::uint8_t type);
+  void picPaleta_Click(const PaletteEntry& clicked);
   void picTablero_Click();
-  void picTablero_MouseMove(float X, float Y) override;
   void picUnidad_MouseDown(int Index, forms::MouseButton button);
   void btnIniciar_Click();
   void btnEliminarUnidades_Click();

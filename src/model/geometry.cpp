@@ -39,22 +39,22 @@ int CasillaEspejo(const Principal& principal, int n) {
   return principal.NumCasillas - n + 1;
 }
 
-int pictureTop(const Principal& principal, int boardTop, int row) {
-  return boardTop + principal.MargenCasilla + (row - 1) * principal.LadoCasilla;
+int pictureTop(const Principal& principal, int row) {
+  return BoardTop + principal.MargenCasilla + (row - 1) * principal.LadoCasilla;
 }
 
-int pictureLeft(const Principal& principal, int boardLeft, int column) {
-  return boardLeft + principal.MargenCasilla + (column - 1) * principal.LadoCasilla;
+int pictureLeft(const Principal& principal, int column) {
+  return BoardLeft + principal.MargenCasilla + (column - 1) * principal.LadoCasilla;
 }
 
-void fillPositions(Principal& principal, int boardTop, int boardLeft) {
+void fillPositions(Principal& principal) {
   for (int n = 1; n <= principal.NumCasillas; ++n) {
     const auto [row, column] = rowAndColumn(principal, n);
     Casilla& square = principal.Casillas(n);
     square.PosX = static_cast<std::uint8_t>(row);
     square.PosY = static_cast<std::uint8_t>(column);
-    square.PosXTwips = static_cast<std::int16_t>(pictureTop(principal, boardTop, row));
-    square.PosYTwips = static_cast<std::int16_t>(pictureLeft(principal, boardLeft, column));
+    square.PosXTwips = static_cast<std::int16_t>(pictureTop(principal, row));
+    square.PosYTwips = static_cast<std::int16_t>(pictureLeft(principal, column));
   }
 }
 

@@ -42,11 +42,11 @@ RowColumn rowAndColumn(const Principal& principal, int n);
 // Square n turned half a circle about the board's centre. Outside 1 to NumCasillas for an n
 // outside.
 int CasillaEspejo(const Principal& principal, int n);
-// Top and Left of a unit picture, in twips, by the board element's own.
-int pictureTop(const Principal& principal, int boardTop, int row);
-int pictureLeft(const Principal& principal, int boardLeft, int column);
+// Top and Left of a unit picture, in twips.
+int pictureTop(const Principal& principal, int row);
+int pictureLeft(const Principal& principal, int column);
 // Sets the four position fields of squares 1 to NumCasillas; what stands on them stays.
-void fillPositions(Principal& principal, int boardTop, int boardLeft);
+void fillPositions(Principal& principal);
 
 // The square under a pointer at X, Y twips from the board's inner corner. A boundary belongs to the
 // square above or left of it, so that position 0 lies on no square.

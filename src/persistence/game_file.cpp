@@ -13,6 +13,7 @@ namespace {
 
 // One of the six fields of a record, in the order in which the line has them.
 struct Field {
+  const char* name;
   int lowest;
   int highest;
   int (*get)(const Casilla&);
@@ -21,16 +22,18 @@ struct Field {
 
 // `highest` bounds the fields with a meaning of their own; the others take what their type holds.
 template <class T, T Casilla::*Item>
-constexpr Field field(int highest = std::numeric_limits<T>::max()) {
-  return {std::numeric_limits<T>::min(), highest,
+constexpr Field field(const char* name, int highest = std::numeric_limits<T>::max()) {
+  return {name, std::numeric_limits<T>::min(), highest,
           [](const Casilla& square) { return int{square.*Item}; },
           [](Casilla& square, int value) { square.*Item = static_cast<T>(value); }};
 }
 
-constexpr std::array<Field, 6> Fields{
-    field<std::uint8_t, &Casilla::Jugador>(2),  field<std::uint8_t, &Casilla::TUnidad>(GEN),
-    field<std::int16_t, &Casilla::PosXTwips>(), field<std::int16_t, &Casilla::PosYTwips>(),
-    field<std::uint8_t, &Casilla::PosX>(),      field<std::uint8_t, &Casilla::PosY>()};
+constexpr std::array<Field, 6> Fields{field<std::uint8_t, &Casilla::Jugador>("Jugador", 2),
+                                      field<std::uint8_t, &Casilla::TUnidad>("TUnidad", GEN),
+                                      field<std::int16_t, &Casilla::PosXTwips>("PosXTwips"),
+                                      field<std::int16_t, &Casilla::PosYTwips>("PosYTwips"),
+                                      field<std::uint8_t, &Casilla::PosX>("PosX"),
+                                      field<std::uint8_t, &Casilla::PosY>("PosY")};
 
 std::string inLine(std::size_t line, const std::string& reason) {
   return "Línea " + std::to_string(line) + ": " + reason;
@@ -45,6 +48,10 @@ std::optional<int> wholeNumber(std::string_view text) {
   int value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   return error == std::errc() ? value : std::numeric_limits<int>::max();
+}
+
+bool isRecord(std::string_view item) {
+  return item.find(';') != std::string_view::npos;
 }
 
 // Takes the fields that the item closes. The reason why it cannot, or an empty text.
@@ -110,13 +117,12 @@ GameReading parseGame(std::string_view text) {
   for (forms::ItemReader reader(text); !reader.atEnd();) {
     const std::string_view item = items.emplace_back(reader.next());
     GameLine& line = game.lines.emplace_back();
-    line.hasSeparator = item.find(';') != std::string_view::npos;
-    if (line.hasSeparator && items.size() > TablaCasillas::Last)
+    if (isRecord(item) && items.size() > TablaCasillas::Last)
       return refuse(inLine(items.size(), "el tablero no tiene tantas casillas"));
     if (const std::string reason = takeFields(item, line); !reason.empty())
       return refuse(inLine(items.size(), reason));
   }
-  if (!items.empty() && !game.lines.back().hasSeparator) {
+  if (!items.empty() && !isRecord(items.back())) {
     game.JugadorActual = forms::stored<std::uint8_t>(forms::Val(items.back()));
     if (!game.JugadorActual)
       return refuse(inLine(items.size(), "el jugador en turno tiene un valor no permitido"));
@@ -138,26 +144,20 @@ GameReading readGame(const std::string& path) {
   return unopened;
 }
 
-void takeLine(const GameText& game, int n, Principal& principal) {
-  const GameLine& line = game.lines.at(static_cast<std::size_t>(n - 1));
-  for (std::size_t i = 0; i < line.fields; ++i)
-    Fields[i].set(principal.Casillas(n), line.values[i]);
-}
-
-void takeBoardSize(const GameText& game, Principal& principal) {
+void takeGame(const GameText& game, Principal& principal, std::uint8_t& JugadorActual) {
+  int n = 0;
+  for (const GameLine& line : game.lines) {
+    ++n;
+    for (std::size_t i = 0; i < line.fields; ++i)
+      Fields[i].set(principal.Casillas(n), line.values[i]);
+  }
+  if (game.JugadorActual)
+    JugadorActual = *game.JugadorActual;
   if (const auto side = boardSide(static_cast<int>(game.lines.size()) - 1)) {
     principal.NumFilas = static_cast<std::uint8_t>(*side);
     principal.NumColumnas = principal.NumFilas;
   }
   principal.NumCasillas = static_cast<std::uint8_t>(principal.NumColumnas * principal.NumFilas);
-}
-
-void takeGame(const GameText& game, Principal& principal, std::uint8_t& JugadorActual) {
-  for (int n = 1; n <= static_cast<int>(game.lines.size()); ++n)
-    takeLine(game, n, principal);
-  if (game.JugadorActual)
-    JugadorActual = *game.JugadorActual;
-  takeBoardSize(game, principal);
 }
 
 std::string squaresText(const Principal& principal) {
@@ -174,6 +174,21 @@ std::string squaresText(const Principal& principal) {
 
 std::string gameText(const Principal& principal, int JugadorActual) {
   return squaresText(principal) + std::to_string(JugadorActual) + "\r\n";
+}
+
+std::string fieldDump(const Principal& principal) {
+  std::string text;
+  for (int n = 1; n <= principal.NumCasillas; ++n) {
+    const Casilla& square = principal.Casillas(n);
+    text += "\t\t";
+    if (square.Jugador != 0)
+      text += "*J" + std::to_string(square.Jugador) + "*";
+    text += "Casilla: <" + std::to_string(n) + ">";
+    for (const Field& field : Fields)
+      text += std::string(" - ") + field.name + ": <" + std::to_string(field.get(square)) + ">";
+    text += "\t\t\r\n";
+  }
+  return text;
 }
 
 std::string resultLine(int winner) {

@@ -15,7 +15,6 @@ namespace falanges {
 // What one line of a game holds: the fields of a square that it closes, in the order of Casilla.
 struct GameLine {
   std::size_t fields = 0;      // how many of the six
-  bool hasSeparator = false;   // a line without any ";" is no record
   std::array<int, 6> values{}; // the first `fields` of them
 };
 
@@ -49,20 +48,18 @@ constexpr std::size_t LargestGameFile = 64 * 1024;
 GameReading parseGame(std::string_view text);
 GameReading readGame(const std::string& path);
 
-// Stores the fields that line n (from 1) closes in square n; lines above 64 hold none.
-void takeLine(const GameText& game, int n, Principal& principal);
-// Sets the board's size by the number of lines less one; other numbers leave the size. NumCasillas
-// follows in both cases.
-void takeBoardSize(const GameText& game, Principal& principal);
-
-// Takes over the whole game: all lines, the player in turn if the text names one, and the board's
-// size. The squares are not cleared first.
+// Takes over the whole game: the fields that its lines close, the player in turn if the text names
+// one, and the board's size by the number of lines less one; other numbers leave the size. The
+// squares are not cleared first.
 void takeGame(const GameText& game, Principal& principal, std::uint8_t& JugadorActual);
 
 // The lines of squares 1 to NumCasillas.
 std::string squaresText(const Principal& principal);
 // The text of a saved game: squares 1 to NumCasillas, then the player in turn.
 std::string gameText(const Principal& principal, int JugadorActual);
+// The records of squares 1 to NumCasillas with the names of their fields, for whoever looks into a
+// board that seems wrong.
+std::string fieldDump(const Principal& principal);
 // The line that the winner of a network game puts behind the final position.
 std::string resultLine(int winner);
 

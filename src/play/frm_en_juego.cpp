@@ -5,7 +5,6 @@
 #include "model/units.h"
 #include "play/move.h"
 #include "play/reach.h"
-#include "play/victory_text.h"
 
 namespace falanges {
 
@@ -20,6 +19,19 @@ void makeLabel(forms::Label& label, const char* caption, int top, int width, for
   label.place(45, top, width, 600);
   label.ForeColor = color;
   label.TextFont.bold = true;
+}
+
+std::string victoryText(Victory victory, int JugadorActual) {
+  const std::string player = "JUGADOR -" + std::to_string(JugadorActual);
+  std::string condition;
+  if (victory == Victory::Flag)
+    condition = "- HA CONQUISTADO la Bandera";
+  if (victory == Victory::AllFlags)
+    condition = "- HA CONQUISTADO TODAS las Banderas";
+  if (victory == Victory::Elimination)
+    condition = "- HA ELIMINADO todas las unidades enemigas";
+  return player + condition + "\r\n\r\n" + player + "- GANA\r\n\r\n" +
+         "Cierre la ventana del Tablero para iniciar otro juego";
 }
 
 } // namespace
@@ -48,40 +60,24 @@ frmEnJuego::frmEnJuego(forms::Forms& forms, Principal& principal, MainWindow& ma
 void frmEnJuego::Form_Load() {
   passOver(LoadIcon("\\ico\\adelante.ico"));
   mainWindow_.showMenu(principal_.JuegoEnRed ? AppState::NetworkPlay : AppState::LocalPlay);
-  placeWindow();
+  // Both are whole numbers, which a refresh has written. Otherwise the window stands at the corner.
+  if (principal_.JuegoEnRed)
+    moveTo(static_cast<int>(forms::Val(mainWindow_.LeftEnJuego)),
+           static_cast<int>(forms::Val(mainWindow_.TopEnJuego)));
   Caption = principal_.JuegoEnRed ? "Actualizando..." : "En Juego";
   showBoard();
-  drawUnits();
+  drawUnits(principal_.NumCasillas);
   if (JugadorActual == 0)
     JugadorActual = 1;
   drawStatus();
   principal_.MovRealizados = 0;
 }
 
-void frmEnJuego::placeWindow() {
-  // Both are whole numbers, which a refresh has written.
-  if (principal_.JuegoEnRed)
-    moveTo(static_cast<int>(forms::Val(mainWindow_.LeftEnJuego)),
-           static_cast<int>(forms::Val(mainWindow_.TopEnJuego)));
-  else
-    moveTo(0, 0);
-}
-
-void frmEnJuego::drawUnits() {
-  for (int i = 1; i <= principal_.NumCasillas; ++i) {
-    const Casilla& square = principal_.Casillas(i);
-    if (square.Jugador != 0 && picUnidad.Load(i))
-      showUnit(i, square, square.PosXTwips, square.PosYTwips);
-  }
-}
-
 void frmEnJuego::drawStatus() {
-  if (JugadorActual == 1)
-    showStatus("En Turno", "En Espera");
-  else if (JugadorActual == 2)
+  if (JugadorActual == 2)
     showStatus("En Espera", "En Turno");
   else
-    showStatus(lblJ1_Estado.Caption, lblJ2_Estado.Caption); // the texts they are made with
+    showStatus("En Turno", "En Espera"); // also for a number out of a file that is no player's
 }
 
 bool frmEnJuego::Form_QueryUnload() {

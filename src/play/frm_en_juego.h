@@ -39,8 +39,6 @@ private:
   void picUnidad_Click(int Index);
   void picMovimientoPermitido_Click(int Index);
 
-  void placeWindow();
-  void drawUnits();
   void drawStatus();
 
   bool maySelect(int n);

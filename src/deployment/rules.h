@@ -1,11 +1,17 @@
-// What stands in the way of a game with the army on the board, and what only deserves a warning.
+// The rules of the set-up: where a unit may be placed, which army may start a game, and in which
+// words either is refused.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "model/principal.h"
 
 namespace falanges {
+
+// Why the unit of TUnidadSeleccionada may not stand on the free square n of the board; nothing
+// when it may. The rows are looked at before the flags.
+std::optional<std::string> placementRefusal(const Principal& principal, int n);
 
 struct ArmyCheck {
   std::string refusal;  // the game cannot start; empty: it can
