@@ -1,5 +1,7 @@
 #include "persistence/configuration.h"
 
+#include <algorithm>
+
 #include "forms/numbers.h"
 #include "forms/text_file.h"
 
@@ -10,29 +12,19 @@ namespace {
 // More than the one line ever needs; what lies behind is never looked at.
 constexpr std::size_t LongestLine = 64 * 1024;
 
-// Walks the item of a configuration file. The two texts grow character by character and need no
-// ";" behind them; a number counts only once its ";" has come.
-void takeOptions(Principal& principal, std::string_view item) {
-  int field = 1;
-  std::string number;
-  for (const char c : item) {
-    if (c == ';') {
-      if (field == 3)
-        principal.SegundosActualizacion = forms::stored<std::int16_t>(forms::Val(number))
-                                              .value_or(principal.SegundosActualizacion);
-      if (field == 4)
-        principal.MovPorTurno =
-            forms::stored<std::uint8_t>(forms::Val(number)).value_or(principal.MovPorTurno);
-      number.clear();
-      ++field;
-    } else if (field == 1) {
-      principal.OpcPermitirBanderas += c;
-    } else if (field == 2) {
-      principal.OpcLimiteFilas += c;
-    } else {
-      number += c;
-    }
-  }
+// The text up to the next ";", which goes with it; all of it when there is none.
+std::string_view cutField(std::string_view& rest) {
+  const std::string_view field = rest.substr(0, rest.find(';'));
+  rest.remove_prefix(std::min(field.size() + 1, rest.size()));
+  return field;
+}
+
+// A number counts only once its ";" has come, and when it fits the item.
+template <class T> void takeNumber(T& item, std::string_view& rest) {
+  const bool closed = rest.find(';') != std::string_view::npos;
+  const auto number = forms::stored<T>(forms::Val(cutField(rest)));
+  if (closed && number)
+    item = *number;
 }
 
 // What the person typed is UTF-8; the file is text of single-byte characters.
@@ -59,8 +51,6 @@ std::string configurationPath(const std::string& programFolder) {
 }
 
 void readConfiguration(Principal& principal, const std::string& path) {
-  principal.OpcPermitirBanderas.clear();
-  principal.OpcLimiteFilas.clear();
   principal.SegundosActualizacion = 10;
   principal.MovPorTurno = 1;
   const auto text = forms::readTextFile(path, LongestLine);
@@ -70,7 +60,11 @@ void readConfiguration(Principal& principal, const std::string& path) {
     principal.OpcLimiteFilas = "0";
     return;
   }
-  takeOptions(principal, forms::ItemReader(*text).next());
+  std::string_view line = forms::ItemReader(*text).next();
+  principal.OpcPermitirBanderas = cutField(line);
+  principal.OpcLimiteFilas = cutField(line);
+  takeNumber(principal.SegundosActualizacion, line);
+  takeNumber(principal.MovPorTurno, line);
 }
 
 bool writeConfiguration(const Principal& principal, const std::string& path,
@@ -80,11 +74,6 @@ bool writeConfiguration(const Principal& principal, const std::string& path,
                                 principal.OpcPermitirBanderas + ";" + principal.OpcLimiteFilas +
                                     ";" + singleByte(seconds) + ";" + singleByte(moves) + ";\r\n",
                                 forms::Sync::No);
-}
-
-bool writeConfiguration(const Principal& principal, const std::string& path) {
-  return writeConfiguration(principal, path, std::to_string(principal.SegundosActualizacion),
-                            std::to_string(principal.MovPorTurno));
 }
 
 } // namespace falanges

@@ -20,7 +20,5 @@ void readConfiguration(Principal& principal, const std::string& path);
 // False when it cannot be written.
 [[nodiscard]] bool writeConfiguration(const Principal& principal, const std::string& path,
                                       std::string_view seconds, std::string_view moves);
-// The same with the numbers of `principal`.
-[[nodiscard]] bool writeConfiguration(const Principal& principal, const std::string& path);
 
 } // namespace falanges

@@ -55,27 +55,32 @@ void frmOpciones::makeElements() {
   txtMovPorTurno.Text = "1";
   txtTiempoRed.MaxLength = 3;
   txtMovPorTurno.MaxLength = 3;
-  chkPermitirBanderas.BackColor = CheckBoxGround;
-  chkLimiteFilas.BackColor = CheckBoxGround;
   btnCargarJuegoRed.BackColor = ButtonGround;
-  chkPermitirBanderas.AccessibleName = lblBandera.Caption;
-  chkLimiteFilas.AccessibleName = lblLimiteFilas.Caption;
   txtTiempoRed.AccessibleName = lblActualizacion.Caption;
   comJugadorActualRed.AccessibleName = lblJugadorActualRed.Caption;
   txtMovPorTurno.AccessibleName = "Movimientos por Turno";
 }
 
 void frmOpciones::makeEvents() {
-  chkPermitirBanderas.Click = [this] { chkPermitirBanderas_Click(); };
-  lblBandera.Click = [this] { chkPermitirBanderas.Value = 1 - chkPermitirBanderas.Value; };
-  chkLimiteFilas.Click = [this] { chkLimiteFilas_Click(); };
-  lblLimiteFilas.Click = [this] { chkLimiteFilas.Value = 1 - chkLimiteFilas.Value; };
+  makePermission(chkPermitirBanderas, lblBandera, principal_.OpcPermitirBanderas);
+  makePermission(chkLimiteFilas, lblLimiteFilas, principal_.OpcLimiteFilas);
   txtTiempoRed.Change = [this] { txtTiempoRed_Change(); };
   txtTiempoRed.LostFocus = [this] { passOver(inRange(seconds_)); };
   txtMovPorTurno.Change = [this] { txtMovPorTurno_Change(); };
   txtMovPorTurno.LostFocus = [this] { passOver(inRange(moves_)); };
   comJugadorActualRed.Click = [this] { comJugadorActualRed_Click(); };
   btnCargarJuegoRed.Click = [this] { btnCargarJuegoRed_Click(); };
+}
+
+// The label beside a box is its caption.
+void frmOpciones::makePermission(forms::CheckBox& box, forms::Label& label, std::string& option) {
+  box.BackColor = CheckBoxGround;
+  box.AccessibleName = label.Caption;
+  box.Click = [this, &box, &option] {
+    option = box.Value == 1 ? "1" : "0";
+    write(std::to_string(principal_.SegundosActualizacion), std::to_string(principal_.MovPorTurno));
+  };
+  label.Click = [&box] { box.click(); };
 }
 
 // --- Opening and closing -----------------------------------------------------------------------
@@ -120,33 +125,20 @@ bool frmOpciones::inRange(const NumberBox& number) {
 // --- The options -------------------------------------------------------------------------------
 
 // The option applies also when the file cannot be written.
-void frmOpciones::write(bool boxTexts) {
+void frmOpciones::write(const std::string& seconds, const std::string& moves) {
   const std::string path = configurationPath(forms().desktop().programFolder());
-  const bool written = boxTexts ? writeConfiguration(principal_, path, txtTiempoRed.Text.get(),
-                                                     txtMovPorTurno.Text.get())
-                                : writeConfiguration(principal_, path);
-  if (!written)
+  if (!writeConfiguration(principal_, path, seconds, moves))
     forms().failed("No se puede guardar el archivo:\r\n", path);
-}
-
-void frmOpciones::chkPermitirBanderas_Click() {
-  principal_.OpcPermitirBanderas = chkPermitirBanderas.Value == 1 ? "1" : "0";
-  write(false);
-}
-
-void frmOpciones::chkLimiteFilas_Click() {
-  principal_.OpcLimiteFilas = chkLimiteFilas.Value == 1 ? "1" : "0";
-  write(false);
 }
 
 // The file takes the text of the boxes as it stands, before the item does.
 void frmOpciones::txtTiempoRed_Change() {
-  write(true);
+  write(txtTiempoRed.Text, txtMovPorTurno.Text);
   principal_.SegundosActualizacion = storedNearest<std::int16_t>(Val(txtTiempoRed.Text.get()));
 }
 
 void frmOpciones::txtMovPorTurno_Change() {
-  write(true);
+  write(txtTiempoRed.Text, txtMovPorTurno.Text);
   principal_.MovPorTurno = storedNearest<std::uint8_t>(Val(txtMovPorTurno.Text.get()));
 }
 

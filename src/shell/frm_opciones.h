@@ -33,9 +33,8 @@ private:
 
   void makeElements();
   void makeEvents();
+  void makePermission(forms::CheckBox& box, forms::Label& label, std::string& option);
 
-  void chkPermitirBanderas_Click();
-  void chkLimiteFilas_Click();
   void txtTiempoRed_Change();
   void txtMovPorTurno_Change();
   void comJugadorActualRed_Click();
@@ -50,7 +49,8 @@ private:
   };
   // False, after the message and with the focus on the box, when its number is out of range.
   bool inRange(const NumberBox& number);
-  void write(bool boxTexts);
+  // The file with these two texts as the numbers.
+  void write(const std::string& seconds, const std::string& moves);
 
   Principal& principal_;
   frmPrincipal& frame_;
