@@ -1,7 +1,6 @@
 #include "shell/frm_principal.h"
 
 #include <algorithm>
-#include <array>
 
 #include "deployment/frm_nuevo_juego.h"
 #include "forms/text_file.h"
@@ -43,23 +42,22 @@ frmPrincipal::frmPrincipal(forms::Forms& forms, Principal& principal)
 void frmPrincipal::makeMenu() {
   mnuJuego.Caption = "&Juego";
   mnuJuego.WindowList = true;
-  mnuNuevoJuego.Caption = "&Nuevo Juego";
-  mnuNuevoJuego.Click = [this] { mnuNuevoJuego_Click(); };
-  mnuCargarJuego.Caption = "&Cargar Juego";
-  mnuCargarJuego.Click = [this] { mnuCargarJuego_Click(); };
-  mnuGuardarJuego.Caption = "&Guardar Juego";
-  mnuGuardarJuego.Click = [this] { mnuGuardarJuego_Click(); };
-  mnuCargarPlantilla.Caption = "Cargar &Plantilla";
-  mnuCargarPlantilla.Click = [this] { mnuCargarPlantilla_Click(); };
-  mnuGuardarPlantilla.Caption = "Guardar P&lantilla";
-  mnuGuardarPlantilla.Click = [this] { mnuGuardarPlantilla_Click(); };
-  mnuDeclararRendicion.Caption = "Declarar &Rendición";
+  makeEntry(mnuNuevoJuego, "&Nuevo Juego", &frmPrincipal::mnuNuevoJuego_Click);
+  makeEntry(mnuCargarJuego, "&Cargar Juego", &frmPrincipal::mnuCargarJuego_Click);
+  makeEntry(mnuGuardarJuego, "&Guardar Juego", &frmPrincipal::mnuGuardarJuego_Click);
+  makeEntry(mnuCargarPlantilla, "Cargar &Plantilla", &frmPrincipal::mnuCargarPlantilla_Click);
+  makeEntry(mnuGuardarPlantilla, "Guardar P&lantilla", &frmPrincipal::mnuGuardarPlantilla_Click);
+  makeEntry(mnuDeclararRendicion, "Declarar &Rendición", &frmPrincipal::mnuDeclararRendicion_Click);
   mnuDeclararRendicion.Enabled = false;
-  mnuDeclararRendicion.Click = [this] { mnuDeclararRendicion_Click(); };
   mnuSeparadorV1.Caption = " ";
   mnuSeparadorV1.Visible = false;
-  mnuOpciones.Caption = "&Opciones";
-  mnuOpciones.Click = [this] { mnuOpciones_Click(); };
+  makeEntry(mnuOpciones, "&Opciones", &frmPrincipal::mnuOpciones_Click);
+}
+
+void frmPrincipal::makeEntry(forms::MenuEntry& entry, const char* caption,
+                             void (frmPrincipal::*operation)()) {
+  entry.Caption = caption;
+  entry.Click = [this, operation] { (this->*operation)(); };
 }
 
 // --- Start-up and shutdown ---------------------------------------------------------------------
@@ -100,26 +98,13 @@ void frmPrincipal::Form_Unload() {
 // --- What the other screens may ask ------------------------------------------------------------
 
 void frmPrincipal::showMenu(AppState state) {
-  struct Row {
-    AppState state;
-    bool NuevoJuego, CargarJuego, GuardarJuego, CargarPlantilla, GuardarPlantilla;
-  };
-  constexpr bool S = true, H = false; // shown, hidden
-  // clang-format off
-  constexpr std::array<Row, 5> rows{{
-      {AppState::Idle,        S, S, H, S, H},
-      {AppState::Deployment,  H, S, H, S, S},
-      {AppState::LocalPlay,   H, H, S, H, H},
-      {AppState::NetworkPlay, H, H, H, H, H},
-      {AppState::Finished,    H, H, H, H, H}}};
-  // clang-format on
-  const Row& row = *std::find_if(rows.begin(), rows.end(),
-                                 [state](const Row& entry) { return entry.state == state; });
-  mnuNuevoJuego.Visible = row.NuevoJuego;
-  mnuCargarJuego.Visible = row.CargarJuego;
-  mnuGuardarJuego.Visible = row.GuardarJuego;
-  mnuCargarPlantilla.Visible = row.CargarPlantilla;
-  mnuGuardarPlantilla.Visible = row.GuardarPlantilla;
+  const bool idle = state == AppState::Idle;
+  const bool deployment = state == AppState::Deployment;
+  mnuNuevoJuego.Visible = idle;
+  mnuCargarJuego.Visible = idle || deployment;
+  mnuGuardarJuego.Visible = state == AppState::LocalPlay;
+  mnuCargarPlantilla.Visible = idle || deployment;
+  mnuGuardarPlantilla.Visible = deployment;
 }
 
 void frmPrincipal::runTimer(bool running) {
@@ -149,31 +134,28 @@ void frmPrincipal::mnuDeclararRendicion_Click() {
 
 // --- Game files --------------------------------------------------------------------------------
 
-std::optional<std::string> frmPrincipal::askForFile(bool save, const char* title,
-                                                    const std::string& folder,
-                                                    const char* proposedName) {
-  forms::FileDialog dialog;
-  dialog.save = save;
-  dialog.title = title;
-  dialog.folder = folder;
-  if (save)
-    dialog.fileName = proposedNameAt(proposedName, forms().desktop().now());
-  dialog.filter = "Archivos de texto|*.txt|Todos los archivos|*.*";
-  return forms().fileDialog(dialog);
+std::optional<std::string> frmPrincipal::askForFile(const char* title, const std::string& folder,
+                                                    const std::string& proposedName) {
+  return forms().fileDialog({.save = !proposedName.empty(),
+                             .title = title,
+                             .folder = folder,
+                             .fileName = proposedName,
+                             .filter = "Archivos de texto|*.txt|Todos los archivos|*.*"});
 }
 
-void frmPrincipal::saveLocally(const std::string& path) {
-  if (!forms::replaceTextFile(path, gameText(principal_, children.enJuego->JugadorActual)))
-    forms().messageBox("No se puede guardar el archivo:\r\n" + path);
+void frmPrincipal::saveAs(const char* title, const std::string& folder, const char* stem) {
+  const auto path = askForFile(title, folder, proposedNameAt(stem, forms().desktop().now()));
+  if (path && !forms::replaceTextFile(*path, gameText(principal_, children.enJuego->JugadorActual)))
+    forms().messageBox("No se puede guardar el archivo:\r\n" + *path);
 }
 
 void frmPrincipal::mnuGuardarJuego_Click() {
-  if (children.network->pollNow())
-    return;
-  const auto path =
-      askForFile(true, "Guardar Juego", principal_.RutaJuegosGuardados, "JuegoGuardado");
-  if (path)
-    saveLocally(*path);
+  if (!children.network->pollNow())
+    saveAs("Guardar Juego", principal_.RutaJuegosGuardados, "JuegoGuardado");
+}
+
+void frmPrincipal::mnuGuardarPlantilla_Click() {
+  saveAs("Guardar Plantilla", principal_.RutaPlantillas, "Plantilla");
 }
 
 void frmPrincipal::mnuCargarJuego_Click() {
@@ -194,7 +176,7 @@ void frmPrincipal::joinNetworkGame() {
 
 std::optional<std::string> frmPrincipal::askForGame() {
   principal_.CargaCancelada = true; // until a game has been taken
-  return askForFile(false, "Cargar Juego", principal_.RutaJuegosGuardados, "");
+  return askForFile("Cargar Juego", principal_.RutaJuegosGuardados);
 }
 
 // A join finds the earlier game still on the screen. It closes first, for that sets JugadorActual.
@@ -218,17 +200,9 @@ std::optional<GameText> frmPrincipal::readChecked(const std::string& path) {
   return std::nullopt;
 }
 
-void frmPrincipal::mnuGuardarPlantilla_Click() {
-  const auto path = askForFile(true, "Guardar Plantilla", principal_.RutaPlantillas, "Plantilla");
-  if (path)
-    saveLocally(*path);
-}
-
 void frmPrincipal::mnuCargarPlantilla_Click() {
-  const auto path = askForFile(false, "Cargar Plantilla", principal_.RutaPlantillas, "");
-  if (!path)
-    return;
-  if (const auto game = readChecked(*path))
+  const auto path = askForFile("Cargar Plantilla", principal_.RutaPlantillas);
+  if (const auto game = path ? readChecked(*path) : std::nullopt)
     children.nuevoJuego->layOut(*game);
 }
 

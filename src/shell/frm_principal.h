@@ -62,13 +62,15 @@ private:
   void Form_Unload() override;
 
   void makeMenu();
+  void makeEntry(forms::MenuEntry& entry, const char* caption, void (frmPrincipal::*operation)());
   void showInformation();
-  std::optional<std::string> askForFile(bool save, const char* title, const std::string& folder,
-                                        const char* proposedName);
+  // A dialog to open a game file; with a proposed name, one to save it.
+  std::optional<std::string> askForFile(const char* title, const std::string& folder,
+                                        const std::string& proposedName = {});
+  void saveAs(const char* title, const std::string& folder, const char* stem);
   std::optional<std::string> askForGame();
   std::optional<GameText> readChecked(const std::string& path);
   void openGame(const std::string& path, const GameText& game);
-  void saveLocally(const std::string& path);
 
   Principal& principal_;
 };
