@@ -111,11 +111,7 @@ void frmEnJuego::disableUnits() {
 
 void frmEnJuego::picUnidad_Click(int Index) {
   const Casilla& square = principal_.Casillas(Index);
-  if (square.TUnidad == BAN) {
-    select(Index, false);
-    return;
-  }
-  if (square.Jugador != JugadorActual)
+  if (square.TUnidad == BAN || square.Jugador != JugadorActual)
     return;
   if (picUnidad(Index)->Appearance == 1) {
     select(Index, false);
