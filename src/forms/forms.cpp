@@ -10,17 +10,12 @@ namespace forms {
 // The outermost scope ends an event; what waits for that runs then.
 class Forms::EventScope {
 public:
-  // A move of the pointer changes nothing that a cursor stands on, and comes too often to look.
-  enum Cause { Action, Pointer };
-  explicit EventScope(Forms& forms, Cause cause = Action) : forms_(forms), cause_(cause) {
-    ++forms_.events_;
-  }
+  explicit EventScope(Forms& forms) : forms_(forms) { ++forms_.events_; }
   ~EventScope() {
     if (forms_.events_ == 1) {
-      if (cause_ == Action)
-        for (const Window* window : forms_.openWindows())
-          if (window->grid())
-            window->grid()->tellCursor();
+      for (const Window* window : forms_.openWindows())
+        if (window->grid())
+          window->grid()->tellCursor();
       if (forms_.afterEvent)
         forms_.afterEvent();
     }
@@ -31,24 +26,7 @@ public:
 
 private:
   Forms& forms_;
-  Cause cause_;
 };
-
-namespace {
-
-// Counts one more while it lives.
-class Counted {
-public:
-  explicit Counted(int& count) : count_(count) { ++count_; }
-  ~Counted() { --count_; }
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
-
-private:
-  int& count_;
-};
-
-} // namespace
 
 // --- What the program asks ---------------------------------------------------------------------
 
@@ -59,16 +37,18 @@ Answer Forms::messageBox(const std::string& text, BoxStyle style) {
 Answer Forms::messageBox(const MessageBox& box) {
   if (ended_)
     return box.style == BoxStyle::Information ? Answer::Ok : Answer::No;
-  const Counted open(boxes_);
-  return desktop_.messageBox(box);
+  ++boxes_;
+  const Answer answer = desktop_.messageBox(box);
+  --boxes_;
+  return answer;
 }
 
 std::optional<std::string> Forms::fileDialog(const FileDialog& dialog) {
-  std::optional<std::string> path;
-  if (!ended_) {
-    const Counted open(boxes_);
-    path = desktop_.fileDialog(dialog);
-  }
+  if (ended_)
+    return std::nullopt;
+  ++boxes_;
+  auto path = desktop_.fileDialog(dialog);
+  --boxes_;
   // An accepted dialog without a name counts as cancelled.
   if (path && path->empty())
     path.reset();
@@ -78,12 +58,6 @@ std::optional<std::string> Forms::fileDialog(const FileDialog& dialog) {
 void Forms::startUp(Window& frame) {
   const EventScope event(*this);
   frame.open();
-}
-
-void Forms::failed(std::string text, std::string path) {
-  const auto same = [&](const Failure& noted) { return noted.text == text; };
-  if (std::none_of(failures.begin(), failures.end(), same))
-    failures.push_back({std::move(text), std::move(path)});
 }
 
 std::optional<Forms::PictureFile> Forms::findPicture(std::string_view literal,
@@ -143,7 +117,6 @@ void Forms::shortcutPressed(Button& button) {
 void Forms::moved(Picture& picture, float X, float Y) {
   if (!personMayUse(picture))
     return;
-  const EventScope event(*this, EventScope::Pointer);
   if (GridPicture* grid = picture.window().grid())
     grid->pointerAt(picture, X, Y);
   raise(picture.MouseMove, X, Y);

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "forms/desktop.h"
 #include "forms/elements.h"
@@ -46,16 +46,14 @@ public:
   // Runs when an event that the desktop reported has been handled to its end.
   std::function<void()> afterEvent;
   // Notes a failure that must not stop the event: `text` for the player, with the path behind it.
-  void failed(std::string text, std::string path);
+  void failed(const std::string& text, const std::string& path) {
+    failures.try_emplace(text, path);
+  }
   // The text for a picture that cannot be loaded.
   static constexpr const char* PictureFailure = "No se puede cargar la imagen:\r\n";
-  // What has been noted since afterEvent last took it, the first of each text: in a network game
-  // days may pass behind a box.
-  struct Failure {
-    std::string text;
-    std::string path;
-  };
-  std::vector<Failure> failures;
+  // What has been noted since afterEvent last took it, the first path of each text: in a network
+  // game days may pass behind a box.
+  std::map<std::string, std::string> failures;
 
   // --- What the desktop reports: what a person did, or the clock ----------------------------
   // Actions on elements that are hidden, disabled or closed off by a box are passed over.
@@ -70,7 +68,8 @@ public:
   void invoked(Element& element);
   // A button's Shortcut was pressed in its window.
   void shortcutPressed(Button& button);
-  // The pointer stands at X, Y (twips) of the picture.
+  // The pointer stands at X, Y (twips) of the picture. This comes too often to be an event that
+  // something waits for.
   void moved(Picture& picture, float X, float Y);
   // The text box holds this text now.
   void typed(TextBox& box, const std::string& text);

@@ -9,51 +9,47 @@ PictureArray::PictureArray(Window& window, std::string_view name) : pattern(wind
   window.enter(*this);
 }
 
+Picture* PictureArray::operator()(int i) {
+  const auto found = elements_.find(i);
+  return found == elements_.end() ? nullptr : &found->second;
+}
+
 bool PictureArray::Load(int i) {
-  if (i < 1 || i > Last || slot(i))
+  if (i < 1 || i > Last || elements_.contains(i))
     return false;
-  auto made = std::make_unique<Picture>(pattern.window(), pattern.arrayName(), i);
+  Picture& made = elements_.try_emplace(i, pattern.window(), pattern.arrayName(), i).first->second;
   // First of all, for the desktop hears of the element with the first assignment.
-  made->Visible = false;
-  made->Width = pattern.Width.get();
-  made->Height = pattern.Height.get();
-  made->BackColor = pattern.BackColor;
-  made->Border = pattern.Border;
+  made.Visible = false;
+  made.Width = pattern.Width.get();
+  made.Height = pattern.Height.get();
+  made.BackColor = pattern.BackColor;
+  made.Border = pattern.Border;
   // Only what can be clicked says so to a screen reader.
   if (Click)
-    made->Click = [this, i] { Click(i); };
+    made.Click = [this, i] { Click(i); };
   if (inviting)
-    made->inviting = [this, i] { return inviting(i); };
-  made->MouseDown = [this, i](MouseButton button) {
+    made.inviting = [this, i] { return inviting(i); };
+  made.MouseDown = [this, i](MouseButton button) {
     if (MouseDown)
       MouseDown(i, button);
   };
-  made->MouseMove = [this, i](float, float) {
+  made.MouseMove = [this, i](float, float) {
     if (MouseMove)
       MouseMove(i);
   };
-  slot(i) = std::move(made);
-  ++loaded_;
   return true;
 }
 
 bool PictureArray::Unload(int i) {
-  if (i < 1 || i > Last || !slot(i))
+  const auto gone = elements_.extract(i);
+  if (gone.empty())
     return false;
-  const std::unique_ptr<Picture> gone = std::move(slot(i));
-  --loaded_;
-  Window& window = gone->window();
+  Window& window = pattern.window();
   if (window.isOpen()) {
-    window.forms().focus().vanishes(*gone);
-    window.forms().desktop().removed(*gone);
+    window.forms().focus().vanishes(gone.mapped());
+    window.forms().desktop().removed(gone.mapped());
   }
   return true;
-}
-
-void PictureArray::clear() {
-  for (auto& element : elements_)
-    element.reset();
-  loaded_ = 0;
 }
 
 } // namespace forms

@@ -1,9 +1,8 @@
 // Pictures that are made and destroyed by index at run time, such as the units on the squares.
 #pragma once
 
-#include <array>
 #include <functional>
-#include <memory>
+#include <map>
 #include <string_view>
 
 #include "forms/picture.h"
@@ -26,12 +25,12 @@ public:
   // Destroys element i. False, and nothing changes, when it does not exist.
   [[nodiscard]] bool Unload(int i);
   // Element i, or nullptr when it does not exist.
-  Picture* operator()(int i) { return i < 1 || i > Last ? nullptr : slot(i).get(); }
+  Picture* operator()(int i);
   // The number of elements, the pattern included.
-  int count() const { return loaded_ + 1; }
+  int count() const { return static_cast<int>(elements_.size()) + 1; }
 
   // Destroys all elements but the pattern, whose window has closed.
-  void clear();
+  void clear() { elements_.clear(); }
 
   Picture pattern; // element 0
   std::function<void(int Index)> Click;
@@ -40,10 +39,7 @@ public:
   std::function<bool(int Index)> inviting; // as a picture's
 
 private:
-  std::unique_ptr<Picture>& slot(int i) { return elements_[static_cast<std::size_t>(i - 1)]; }
-
-  std::array<std::unique_ptr<Picture>, Last> elements_;
-  int loaded_ = 0;
+  std::map<int, Picture> elements_;
 };
 
 } // namespace forms

@@ -1,7 +1,7 @@
 #include "shell/app.h"
 
-#include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "forms/text_file.h"
 #include "model/geometry.h"
@@ -73,9 +73,8 @@ void App::start() {
 void App::tellFailures() {
   for (const auto& [text, path] : std::exchange(forms.failures, {})) {
     // A network game goes on without a box: the other player waits.
-    if (principal.JuegoEnRed || std::find(told_.begin(), told_.end(), text) != told_.end())
+    if (principal.JuegoEnRed || !told_.insert(text).second)
       continue;
-    told_.push_back(text);
     forms.messageBox(text == forms::Forms::PictureFailure ? missingPicturesText(forms, path)
                                                           : text + path);
   }

@@ -1,8 +1,8 @@
 // The program: one Principal, its windows, and how they lead to one another.
 #pragma once
 
+#include <set>
 #include <string>
-#include <vector>
 
 #include "deployment/frm_nuevo_juego.h"
 #include "forms/forms.h"
@@ -37,7 +37,7 @@ public:
 private:
   void tellFailures();
 
-  std::vector<std::string> told_; // the kinds of failure that the player has heard of
+  std::set<std::string> told_; // the kinds of failure that the player has heard of
 };
 
 } // namespace falanges
