@@ -7,7 +7,6 @@
 #include <string>
 #include <string_view>
 
-#include "forms/input.h"
 #include "forms/property.h"
 
 namespace forms {
@@ -26,6 +25,10 @@ void raise(const Handler& handler, Arguments... arguments) {
   if (running)
     running(arguments...);
 }
+
+// What a person presses, as far as it means something to the program.
+enum class Key { Left, Right, Up, Down, Enter, Space, Delete, Escape, Digit };
+enum class MouseButton { Left, Right, Other };
 
 enum class Kind { Window, Picture, Label, TextBox, CheckBox, DropList, Button, MenuEntry, Timer };
 

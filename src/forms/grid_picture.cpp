@@ -17,54 +17,37 @@ void GridPicture::setGrid(int columns, int side) {
   pointed_ = 0;
 }
 
-void GridPicture::startAnew(bool firstTime) {
-  Picture::startAnew(firstTime);
-  setGrid(0, 0);
-}
-
 void GridPicture::pointerAt(const Picture& picture, float X, float Y) {
-  const auto [left, top] = cornerOf(picture);
-  const int x = left + static_cast<int>(X);
-  const int y = top + static_cast<int>(Y);
-  const int width = columns_ * side_;
-  if (x >= 0 && y >= 0 && x < width && y < width)
-    pointed_ = y / side_ * columns_ + x / side_ + 1;
-}
-
-GridPicture::Point GridPicture::cornerOfCursor() const {
-  return {(cursor().square - 1) % columns_ * side_, (cursor().square - 1) / columns_ * side_};
+  if (const int square = squareAt(picture, static_cast<int>(X), static_cast<int>(Y)))
+    pointed_ = square;
 }
 
 GridPicture::Point GridPicture::cornerOf(const Picture& picture) const {
-  if (&picture == this)
-    return {0, 0};
-  return {picture.Left - Left - frameWidth(), picture.Top - Top - frameWidth()};
+  return {picture.Left + picture.frameWidth() - Left - frameWidth(),
+          picture.Top + picture.frameWidth() - Top - frameWidth()};
 }
 
-// What stands in front on the cursor's square, or nullptr. It need not reach the square's middle:
-// its own lies on the square.
-Picture* GridPicture::standing() const {
-  const Point square = cornerOfCursor();
-  const auto standsHere = [&](const Picture& picture) {
-    const auto [x, y] = cornerOf(picture);
-    const int middleX = x + picture.Width / 2 - square.x;
-    const int middleY = y + picture.Height / 2 - square.y;
-    return middleX >= 0 && middleX < side_ && middleY >= 0 && middleY < side_;
-  };
-  Picture* front = nullptr;
+int GridPicture::squareAt(const Picture& picture, int x, int y) const {
+  const auto [left, top] = cornerOf(picture);
+  x += left;
+  y += top;
+  const int width = columns_ * side_;
+  const bool inside = x >= 0 && y >= 0 && x < width && y < width;
+  return inside ? y / side_ * columns_ + x / side_ + 1 : 0;
+}
+
+// What stands in front on the cursor's square, or else this picture. It need not reach the square's
+// middle: its own lies on the square.
+Picture& GridPicture::target() const {
+  Picture* front = window().grid();
   for (Element* element : window().elements()) {
     auto* const picture = dynamic_cast<Picture*>(element);
-    if (picture && picture != this && picture->Visible && standsHere(*picture) &&
-        picture->zOrderRank >= (front ? front : this)->zOrderRank)
+    if (picture && picture != this && picture->Visible &&
+        squareAt(*picture, picture->Width / 2, picture->Height / 2) == cursor().square &&
+        picture->zOrderRank >= front->zOrderRank)
       front = picture;
   }
-  return front;
-}
-
-Picture& GridPicture::target() {
-  if (Picture* const picture = standing())
-    return *picture;
-  return *this;
+  return *front;
 }
 
 void GridPicture::tellCursor() {
@@ -75,8 +58,8 @@ void GridPicture::tellCursor() {
 std::string GridPicture::spokenName() const {
   if (cursorSquare() == 0)
     return AccessibleName;
-  if (const Picture* const picture = standing())
-    return picture->AccessibleName;
+  if (const Picture& picture = target(); &picture != this)
+    return picture.AccessibleName;
   return nameOfEmptySquare ? nameOfEmptySquare(cursorSquare()) : AccessibleName.get();
 }
 
@@ -140,8 +123,8 @@ void GridPicture::move(int columns, int rows) {
 // The grid's own tip stays: it is shown at the mouse, and tells of what that points at.
 void GridPicture::point(Picture& picture) {
   const auto [left, top] = cornerOf(picture);
-  const int x = cornerOfCursor().x + side_ / 2 - left;
-  const int y = cornerOfCursor().y + side_ / 2 - top;
+  const int x = (cursor().square - 1) % columns_ * side_ + side_ / 2 - left;
+  const int y = (cursor().square - 1) / columns_ * side_ + side_ / 2 - top;
   const std::string tip = ToolTipText;
   raise(picture.MouseMove, static_cast<float>(x), static_cast<float>(y));
   ToolTipText = tip;

@@ -5,7 +5,6 @@
 #include <functional>
 #include <string>
 
-#include "forms/input.h"
 #include "forms/picture.h"
 
 namespace forms {
@@ -52,7 +51,6 @@ public:
   // While the cursor shows: what stands on its square. The tip belongs to the mouse.
   std::string spokenName() const override;
   std::string spokenHint() const override;
-  void startAnew(bool firstTime) override;
 
   // What the picture is called while the cursor stands on an empty square.
   std::function<std::string(int square)> nameOfEmptySquare;
@@ -63,11 +61,11 @@ private:
     int x;
     int y;
   };
-  Point cornerOfCursor() const;
-  Picture* standing() const;
-  Picture& target();
-  // The corner of a picture, from that of the grid.
+  // The inner corner of a picture of the window.
   Point cornerOf(const Picture& picture) const;
+  // The square at x, y twips of the picture; 0: beside the grid.
+  int squareAt(const Picture& picture, int x, int y) const;
+  Picture& target() const;
   void move(int columns, int rows);
   void point(Picture& picture);
 

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "forms/element.h"
-#include "forms/input.h"
 
 namespace forms {
 
