@@ -28,7 +28,7 @@ SCREEN = "desktop/qt"
 SCREEN_MAY_INCLUDE = {SCREEN, "forms"}
 # Inside the screen's folder, too: from the ground up; files on one floor don't know each other.
 SCREEN_FLOORS = [
-    "conversions decoder_warnings keyboard_move reporter scale session_end style",
+    "conversions keyboard_move reporter scale style",
     "element_view fonts form message_box picture_store",
     "accessibility file_dialog outline zoom",
     "application focus_keeper",

@@ -87,11 +87,9 @@ public:
   }
 
   void remove() override {
-    const auto quiet = reporter().quiet();
-    detach();
-    child().hide();
-    area_.removeSubWindow(&child());
     WindowView::remove();
+    const auto quiet = reporter().quiet();
+    area_.removeSubWindow(&child());
   }
 
 protected:

@@ -92,7 +92,6 @@ void ControlView::syncReach() {
 }
 
 void ControlView::remove() {
-  detach();
   screen_.focus.vanishes(widget());
   if (!widget().isHidden())
     tellSight(widget(), false);

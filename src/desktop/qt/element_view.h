@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QWidget>
 
+#include "desktop/qt/conversions.h"
 #include "desktop/qt/reporter.h"
 #include "desktop/qt/scale.h"
 #include "forms/element.h"
@@ -13,7 +14,7 @@ namespace forms::qt {
 class ElementView : public QObject {
 public:
   ElementView(Element& element, Reporter& reporter, QObject* parent)
-      : QObject(parent), reporter_(reporter), element_(&element), made_(reporter.now()) {}
+      : QObject(parent), reporter_(reporter), element_(&element) {}
 
   // nullptr once the element has gone.
   Element* element() const { return element_; }
@@ -21,33 +22,36 @@ public:
   virtual void sync() = 0;
   // The element goes: never looks at it again.
   virtual void detach() { element_ = nullptr; }
-  // Detaches, and takes what stands on the screen off it.
-  virtual void remove();
 
 protected:
   Reporter& reporter() const { return reporter_; }
   template <class T> T& elementAs() const { return static_cast<T&>(*element_); }
-  // Deletes the view or what it shows, once nothing can need it any more.
-  void letGo(QObject& object) { reporter_.remove(&object, made_); }
 
 private:
   Reporter& reporter_;
   Element* element_;
-  Reporter::Age made_;
 };
 
 // One that is a widget: a window, or an element on a form. The view watches the widget's events;
 // the widget owns the view.
 class WidgetView : public ElementView {
 public:
-  void sync() final;
-  void remove() override;
+  void sync() final {
+    const auto quiet = reporter().quiet();
+    syncWidget();
+  }
+  // Once detached: takes the widget off the screen.
+  virtual void remove() {
+    const auto quiet = reporter().quiet();
+    widget_.hide();
+    reporter().remove(&widget_, made_);
+  }
   QWidget& widget() const { return widget_; }
 
   // What gets the keys while the keyboard's focus is here.
   virtual QWidget& focusHolder() const { return widget_; }
-  // Whether the focus must be outlined for who plays with the keyboard. The caret marks a text box.
-  virtual bool needsOutline() const { return false; }
+  // Whether the focus must be outlined for who plays with the keyboard.
+  virtual bool needsOutline() const { return true; }
   // Pixels on the form that who plays with the keyboard must see.
   virtual QRect focusPlace() const { return widget_.geometry(); }
   // Of a window: scrolls it until this place of its form is seen, as far as the place is not larger
@@ -57,7 +61,11 @@ public:
   virtual QRect placeAt(const Scale& /*scale*/) const { return {}; }
 
 protected:
-  WidgetView(Element& element, Reporter& reporter, QWidget* widget);
+  WidgetView(Element& element, Reporter& reporter, QWidget* widget)
+      : ElementView(element, reporter, widget), widget_(*widget), made_(reporter.now()) {
+    widget->setObjectName(toQt(element.name()));
+    watch(*widget);
+  }
 
   // Brings the widget into line with the element.
   virtual void syncWidget() = 0;
@@ -66,6 +74,7 @@ protected:
 
 private:
   QWidget& widget_;
+  const Reporter::Age made_;
 };
 
 // The views of all windows and elements that stand on the screen; windows are elements too.

@@ -1,7 +1,5 @@
 #include "desktop/qt/elements.h"
 
-#include <algorithm>
-
 #include <QActionGroup>
 #include <QCheckBox>
 #include <QComboBox>
@@ -84,6 +82,7 @@ public:
             this, [this, text] { type(text); }, Qt::QueuedConnection);
     });
   }
+  bool needsOutline() const override { return false; } // the caret marks it
 
 protected:
   void syncKind() override {
@@ -117,6 +116,7 @@ public:
     connect(&widget(), &QPlainTextEdit::textChanged, this,
             [this] { reportUse([this](Forms& forms) { forms.typed(shown(), fromQt(text())); }); });
   }
+  bool needsOutline() const override { return false; } // the caret marks it
 
 protected:
   void syncKind() override {
@@ -148,8 +148,6 @@ public:
         },
         Qt::QueuedConnection);
   }
-  // The style marks the caption, which is not there.
-  bool needsOutline() const override { return true; }
 
 protected:
   void syncKind() override { widget().setChecked(shown().Value != 0); }
@@ -176,7 +174,6 @@ public:
     connect(&widget(), &QComboBox::activated, this,
             [this](int index) { reportUse([&](Forms& forms) { forms.chosen(shown(), index); }); });
   }
-  bool needsOutline() const override { return true; }
 
 protected:
   void syncKind() override {
@@ -227,7 +224,6 @@ public:
     connect(key, &QShortcut::activated, this,
             [this] { reportUse([this](Forms& forms) { forms.shortcutPressed(shown()); }); });
   }
-  bool needsOutline() const override { return true; }
 
 protected:
   void syncKind() override {
@@ -245,52 +241,45 @@ protected:
 
 class MenuEntryView final : public ElementView {
 public:
-  MenuEntryView(MenuEntry& entry, Screen& screen, QMenuBar* bar)
-      : ElementView(entry, screen.reporter, bar) {
-    if (isMenu(entry)) {
-      menu_ = new QMenu(bar);
-      action_ = menu_->menuAction();
-      if (entry.WindowList) {
-        connect(menu_, &QMenu::aboutToShow, this, [this] { listWindows(); });
-        // A screen reader looks into the menu while it is closed. Behind the change of windows.
-        connect(
-            screen.area, &QMdiArea::subWindowActivated, this, [this] { listWindows(); },
-            Qt::QueuedConnection);
-      }
-    } else {
-      action_ = new QAction(this);
-      connect(action_, &QAction::triggered, this, [this] {
-        if (element())
-          reporter().report([this](Forms& forms) { forms.clicked(elementAs<MenuEntry>()); });
-      });
-    }
-    action_->setObjectName(toQt(entry.name()));
-    QWidget* holder = bar;
+  MenuEntryView(MenuEntry& entry, Screen& screen, QWidget& frame)
+      : ElementView(entry, screen.reporter, &frame) {
+    action_.setObjectName(toQt(entry.name()));
+    QWidget* holder = static_cast<QMainWindow&>(frame).menuBar();
     if (entry.parent)
-      holder = viewOf<MenuEntryView>(screen.views, *entry.parent).menu_;
-    holder->addAction(action_);
+      holder = viewOf<MenuEntryView>(screen.views, *entry.parent).menu();
+    holder->addAction(&action_);
+    connect(&action_, &QAction::triggered, this, [this] {
+      if (element())
+        reporter().report([this](Forms& forms) { forms.clicked(elementAs<MenuEntry>()); });
+    });
+    if (!entry.WindowList)
+      return;
+    connect(menu(), &QMenu::aboutToShow, this, [this] { listWindows(); });
+    // A screen reader looks into the menu while it is closed. Behind the change of windows.
+    connect(
+        screen.area, &QMdiArea::subWindowActivated, this, [this] { listWindows(); },
+        Qt::QueuedConnection);
   }
 
   void sync() override {
     const auto& entry = elementAs<MenuEntry>();
-    action_->setText(toQt(entry.Caption));
-    action_->setEnabled(entry.Enabled);
-    action_->setVisible(entry.Visible);
+    action_.setText(toQt(entry.Caption));
+    action_.setEnabled(entry.Enabled);
+    action_.setVisible(entry.Visible);
   }
 
 private:
-  static bool isMenu(const MenuEntry& entry) {
-    const auto& elements = entry.window().elements();
-    return entry.WindowList || std::any_of(elements.begin(), elements.end(), [&](Element* element) {
-             return element->kind() == Kind::MenuEntry &&
-                    static_cast<MenuEntry*>(element)->parent == &entry;
-           });
+  // That of the entries below this one.
+  QMenu* menu() {
+    if (!action_.menu())
+      action_.setMenu(new QMenu(static_cast<QWidget*>(parent())));
+    return action_.menu();
   }
 
   // Puts the open child windows at the menu's foot, below a line.
   void listWindows() {
     delete windows_;
-    windows_ = new QActionGroup(menu_);
+    windows_ = new QActionGroup(menu());
     auto* const line = new QAction(windows_);
     line->setSeparator(true);
     int number = 0;
@@ -298,7 +287,7 @@ private:
       if (window->windowKind() == WindowKind::Child)
         listWindow(*window, ++number);
     line->setVisible(number > 0);
-    menu_->addActions(windows_->actions());
+    menu()->addActions(windows_->actions());
   }
 
   void listWindow(Window& window, int number) {
@@ -312,8 +301,7 @@ private:
     });
   }
 
-  QAction* action_ = nullptr;
-  QMenu* menu_ = nullptr;           // set when the entry has entries below it
+  QAction action_{this};
   QActionGroup* windows_ = nullptr; // the open child windows, with the line above them
 };
 
@@ -321,8 +309,8 @@ private:
 
 class TimerView final : public ElementView {
 public:
-  TimerView(Timer& timer, Screen& screen, QObject* parent)
-      : ElementView(timer, screen.reporter, parent) {
+  TimerView(Timer& timer, Screen& screen, QWidget& window)
+      : ElementView(timer, screen.reporter, &window) {
     connect(&clock_, &QTimer::timeout, this, [this] {
       reporter().report([this](Forms& forms) { forms.ticked(elementAs<Timer>()); });
     });
@@ -348,38 +336,32 @@ private:
   QTimer clock_;
 };
 
-ElementView* makeWidgetView(Element& element, QWidget* form, Screen& screen) {
-  switch (element.kind()) {
-  case Kind::Picture:
-    return makePictureView(static_cast<Picture&>(element), screen, form);
-  case Kind::Label:
-    return new LabelView(static_cast<Label&>(element), screen, form);
-  case Kind::TextBox:
-    if (static_cast<TextBox&>(element).MultiLine)
-      return new TextAreaView(static_cast<TextBox&>(element), screen, form);
-    return new TextBoxView(static_cast<TextBox&>(element), screen, form);
-  case Kind::CheckBox:
-    return new CheckBoxView(static_cast<CheckBox&>(element), screen, form);
-  case Kind::DropList:
-    return new DropListView(static_cast<DropList&>(element), screen, form);
-  case Kind::Button:
-    return new ButtonView(static_cast<Button&>(element), screen, form);
-  default:
-    qFatal("%s is no element that a form shows", element.name().c_str());
-  }
-}
-
 } // namespace
 
 ElementView* makeView(Element& element, WindowView& window, Screen& screen) {
-  if (element.kind() == Kind::Timer)
-    return new TimerView(static_cast<Timer&>(element), screen, &window.widget());
-  if (element.kind() != Kind::MenuEntry)
-    return makeWidgetView(element, &window.form(), screen);
-  auto* const frame = qobject_cast<QMainWindow*>(&window.widget());
-  if (!frame)
-    qFatal("%s stands on a window without a menu", element.name().c_str());
-  return new MenuEntryView(static_cast<MenuEntry&>(element), screen, frame->menuBar());
+  switch (element.kind()) {
+  case Kind::Picture:
+    return makePictureView(static_cast<Picture&>(element), screen, &window.form());
+  case Kind::Label:
+    return new LabelView(static_cast<Label&>(element), screen, &window.form());
+  case Kind::TextBox:
+    if (static_cast<TextBox&>(element).MultiLine)
+      return new TextAreaView(static_cast<TextBox&>(element), screen, &window.form());
+    return new TextBoxView(static_cast<TextBox&>(element), screen, &window.form());
+  case Kind::CheckBox:
+    return new CheckBoxView(static_cast<CheckBox&>(element), screen, &window.form());
+  case Kind::DropList:
+    return new DropListView(static_cast<DropList&>(element), screen, &window.form());
+  case Kind::Button:
+    return new ButtonView(static_cast<Button&>(element), screen, &window.form());
+  case Kind::MenuEntry:
+    return new MenuEntryView(static_cast<MenuEntry&>(element), screen, window.widget());
+  case Kind::Timer:
+    return new TimerView(static_cast<Timer&>(element), screen, window.widget());
+  case Kind::Window:
+    break;
+  }
+  qFatal("%s stands on no window", element.name().c_str());
 }
 
 } // namespace forms::qt

@@ -11,8 +11,9 @@ class QWidget;
 
 namespace forms::qt {
 
-// Waits until the person has closed the dialog, which starts in an existing folder. The full path
-// with the system's separators; nothing when cancelled. `parent` may be nullptr.
+// Waits until the person has closed the dialog, which starts in its folder or the nearest one above
+// it that there is. The full path with the system's separators; nothing when cancelled. `parent`
+// may be nullptr.
 std::optional<std::string> showFileDialog(const FileDialog& dialog, QWidget* parent);
 
 } // namespace forms::qt

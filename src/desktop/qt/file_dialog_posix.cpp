@@ -171,6 +171,14 @@ void setSpanishTexts(QFileDialog& shown, bool save) {
     up->setToolTip(QStringLiteral("Ir a la carpeta superior"));
 }
 
+// The folder itself or the nearest one above it that exists.
+QString existingFolder(const std::string& wanted) {
+  QFileInfo folder(QDir(toQt(wanted)).absolutePath());
+  while (!folder.isDir())
+    folder.setFile(folder.path());
+  return folder.filePath();
+}
+
 std::optional<std::string> ask(const FileDialog& dialog, QWidget* parent) {
   Dialog shown(parent, toQt(dialog.title));
   shown.setOption(QFileDialog::DontUseNativeDialog);
@@ -181,7 +189,7 @@ std::optional<std::string> ask(const FileDialog& dialog, QWidget* parent) {
   // Whether the file exists is the program's question.
   shown.setFileMode(QFileDialog::AnyFile);
   shown.setNameFilters(nameFilters(dialog.filter));
-  shown.setDirectory(toQt(dialog.folder));
+  shown.setDirectory(existingFolder(dialog.folder));
   shown.selectFile(toQt(dialog.fileName));
   SpanishTypes types;
   shown.setIconProvider(&types);

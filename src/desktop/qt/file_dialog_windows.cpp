@@ -11,7 +11,6 @@
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/message_box.h"
-#include "desktop/qt/session_end.h"
 
 // Behind the others, for they make a macro of MessageBox.
 #include <shobjidl.h>

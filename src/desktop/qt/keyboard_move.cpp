@@ -45,24 +45,11 @@ private:
 
   void pressed(int key) {
     constexpr int Step = 10; // pixels
-    switch (key) {
-    case Qt::Key_Left:
-      return child_.move(child_.pos() - QPoint(Step, 0));
-    case Qt::Key_Right:
-      return child_.move(child_.pos() + QPoint(Step, 0));
-    case Qt::Key_Up:
-      return child_.move(child_.pos() - QPoint(0, Step));
-    case Qt::Key_Down:
-      return child_.move(child_.pos() + QPoint(0, Step));
-    case Qt::Key_Escape:
-      child_.move(from_);
-      return end();
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return end();
-    default:
-      return;
-    }
+    const int across = (key == Qt::Key_Right) - (key == Qt::Key_Left);
+    const int down = (key == Qt::Key_Down) - (key == Qt::Key_Up);
+    child_.move(key == Qt::Key_Escape ? from_ : child_.pos() + Step * QPoint(across, down));
+    if (key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter)
+      end();
   }
 
   QMdiSubWindow& child_;

@@ -4,22 +4,27 @@
 
 #include <QApplication>
 #include <QFontMetrics>
-#include <QGridLayout>
 #include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/session_end.h"
+
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#undef MessageBox // theirs is a macro
+#endif
 
 namespace forms::qt {
 
 namespace {
 
-constexpr int ButtonsAndIcon = 120; // pixels beside a text
+constexpr int ButtonsAndIcon = 142; // pixels beside a text, margins too
 
-// As wide as its longest line: Qt would break the lines at 500 pixels, in however large a type.
+// As wide as its longest line: Qt would break the lines at 500 pixels, in however large a type. And
+// as wide as its title, which window managers would cut.
 class Box final : public QMessageBox {
 public:
   using QMessageBox::QMessageBox;
@@ -48,7 +53,9 @@ private:
     label->setMinimumWidth(std::min({label->sizeHint().width(), letters, room}));
     label->setWordWrap(true);
     layout()->activate();
-    const int width = layout()->totalMinimumSize().width();
+    const int title = QFontMetrics(QApplication::font()).horizontalAdvance(windowTitle());
+    const int width =
+        std::max(layout()->totalMinimumSize().width(), title * 5 / 4 + ButtonsAndIcon);
     setFixedSize(width, layout()->totalHeightForWidth(width));
   }
 };
@@ -59,17 +66,6 @@ void addYesAndNo(QMessageBox& shown) {
   no->setText(QStringLiteral("&No"));
   shown.setDefaultButton(no);
   shown.setEscapeButton(no);
-}
-
-// Window managers cut a title that is wider than its box.
-void makeRoomForTitle(QMessageBox& shown) {
-  auto* const grid = qobject_cast<QGridLayout*>(shown.layout());
-  if (!grid)
-    return;
-  const int width =
-      QFontMetrics(QApplication::font()).horizontalAdvance(shown.windowTitle()) * 5 / 4 +
-      ButtonsAndIcon;
-  grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 } // namespace
@@ -83,7 +79,6 @@ Answer showMessageBox(const MessageBox& box, const QIcon& icon, QWidget* parent)
   shown.setText(toQt(box.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
   shown.setIcon(box.style == BoxStyle::WarningYesNo ? QMessageBox::Warning
                                                     : QMessageBox::Information);
-  makeRoomForTitle(shown);
   const auto reason = sessionEndReason(parent ? *parent : shown);
   if (box.style == BoxStyle::Information) {
     shown.addButton(QMessageBox::Ok)->setText(QStringLiteral("Aceptar"));
@@ -92,6 +87,16 @@ Answer showMessageBox(const MessageBox& box, const QIcon& icon, QWidget* parent)
   }
   addYesAndNo(shown);
   return shown.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+std::shared_ptr<void> sessionEndReason([[maybe_unused]] const QWidget& asking) {
+#ifdef Q_OS_WIN
+  const auto window = reinterpret_cast<HWND>(asking.window()->winId());
+  ShutdownBlockReasonCreate(window, L"El juego espera la respuesta a una pregunta.");
+  return {window, [](HWND named) { ShutdownBlockReasonDestroy(named); }};
+#else
+  return nullptr;
+#endif
 }
 
 } // namespace forms::qt

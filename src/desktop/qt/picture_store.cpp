@@ -16,6 +16,8 @@ namespace forms::qt {
 
 namespace {
 
+PictureStore* listening = nullptr; // Qt calls a plain function
+
 constexpr int LargestScale = 3;
 
 QString fileFor(const QString& path, int scale) {
@@ -63,14 +65,29 @@ QIcon loadIcon(const QString& path) {
 
 } // namespace
 
+PictureStore::PictureStore() : before_(qInstallMessageHandler(hear)) {
+  listening = this;
+}
+
+PictureStore::~PictureStore() {
+  qInstallMessageHandler(before_);
+}
+
+void PictureStore::hear(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (QLatin1String(context.category).startsWith(QLatin1String("qt.gui.imageio")))
+    listening->warned_ = true;
+  else
+    listening->before_(type, context, text);
+}
+
 QImage PictureStore::decode(const QString& path) {
   QByteArray bytes = contents(path);
   QBuffer buffer(&bytes);
   QImageReader reader(&buffer);
   reader.setDecideFormatFromContent(true);
-  warnings_.take(); // of an icon
+  warned_ = false;
   QImage image = reader.read();
-  return warnings_.take() ? QImage() : image;
+  return warned_ ? QImage() : image;
 }
 
 QImage PictureStore::load(const QString& path, int wanted) {

@@ -8,14 +8,18 @@
 #include <QPixmap>
 #include <QString>
 
-#include "desktop/qt/decoder_warnings.h"
 #include "forms/desktop.h"
 
 namespace forms::qt {
 
-// Beside name.jpg there may be name@2x.jpg and name@3x.jpg with as many times the pixels.
+// Beside name.jpg there may be name@2x.jpg and name@3x.jpg with as many times the pixels. One per
+// process: it hears the decoders' warnings, and passes on what others have to say.
 class PictureStore {
 public:
+  PictureStore();
+  ~PictureStore();
+  Q_DISABLE_COPY_MOVE(PictureStore)
+
   // Pixels of the file at 96 dpi; nothing when it is no picture that can be shown, or a damaged
   // one.
   std::optional<PictureSize> size(const QString& path);
@@ -30,12 +34,14 @@ public:
   QIcon icon(const QString& path);
 
 private:
+  static void hear(QtMsgType type, const QMessageLogContext& context, const QString& text);
   // Null for a file that is not whole.
   QImage decode(const QString& path);
   // From the smallest file with so many pixels to one at 96 dpi, or the next best.
   QImage load(const QString& path, int wanted);
 
-  DecoderWarnings warnings_;
+  QtMessageHandler before_;
+  bool warned_ = false; // a decoder fills in what it cannot read, and only warns
   QHash<QString, PictureSize> sizes_;
   QHash<QString, QPixmap> pixmaps_;
   QHash<QString, QIcon> icons_;

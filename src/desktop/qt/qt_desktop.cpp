@@ -76,7 +76,9 @@ void QtDesktop::changed(Element& element) {
 }
 
 void QtDesktop::removed(Element& element) {
-  viewOf<ElementView>(screen_.views, element).remove();
+  auto& view = viewOf<WidgetView>(screen_.views, element);
+  view.detach();
+  view.remove();
   screen_.views.remove(&element);
 }
 
@@ -88,22 +90,6 @@ void QtDesktop::focusAsked(Element& element) {
 }
 
 // --- Boxes ---------------------------------------------------------------------------------------
-
-namespace {
-
-// The folder itself or the nearest one above it that exists.
-std::string existingFolder(const std::string& wanted) {
-  QDir folder(QDir::fromNativeSeparators(toQt(wanted)));
-  while (!folder.exists()) {
-    const QString above = QFileInfo(folder.absolutePath()).path();
-    if (above == folder.absolutePath())
-      break;
-    folder.setPath(above);
-  }
-  return fromQt(QDir::toNativeSeparators(folder.absolutePath()));
-}
-
-} // namespace
 
 QWidget* QtDesktop::front() const {
   if (QWidget* const active = QApplication::activeModalWidget())
@@ -119,9 +105,7 @@ Answer QtDesktop::messageBox(const MessageBox& box) {
 }
 
 std::optional<std::string> QtDesktop::fileDialog(const FileDialog& dialog) {
-  FileDialog shown = dialog;
-  shown.folder = existingFolder(dialog.folder);
-  return showFileDialog(shown, front());
+  return showFileDialog(dialog, front());
 }
 
 // --- The system ----------------------------------------------------------------------------------

@@ -36,12 +36,6 @@ void WindowView::remove() {
     waiting_->quit();
 }
 
-Form& WindowView::form() const {
-  if (!form_)
-    qFatal("%s has no place for elements", qPrintable(widget().objectName()));
-  return *form_;
-}
-
 void WindowView::waitUntilRemoved() {
   const auto loop = std::make_unique<QEventLoop>();
   waiting_ = loop.get();

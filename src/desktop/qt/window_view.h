@@ -17,9 +17,9 @@ public:
   void detach() override;
   void remove() override;
   QWidget& focusHolder() const override { return form(); }
-  // The area that holds the elements. Only a frame with a menu has none.
-  Form& form() const;
-  // A frame with a menu has all its room filled with child windows; menu and timer need none.
+  // The area that holds the elements. Only the frame has none.
+  Form& form() const { return *form_; }
+  // The frame has all its room filled with child windows; menu and timer need none.
   bool hasPlaceFor(const Element& element) const {
     return form_ || element.kind() == Kind::MenuEntry || element.kind() == Kind::Timer;
   }
