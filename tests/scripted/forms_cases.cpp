@@ -38,6 +38,7 @@ TEST_F(FormsCases, RaiseTheirEventsInOrderAndLeaveTheFocusWhereItBelongs) {
 TEST_F(FormsCases, TheTabKeyGoesRoundPastWhatCannotBeReached) {
   one.chk.Visible = false;
   one.com.Enabled = false;
+  EXPECT_FALSE(one.chk.SetFocus());
   walk({"Tab, Tab, Space => txtA_LostFocus txtB_LostFocus btn_Click [frmUno.btn]",
         "Tab, Tab => btn_LostFocus pic_LostFocus [frmUno.txtA]",
         "Shift+Tab => txtA_LostFocus [frmUno.pic]"});

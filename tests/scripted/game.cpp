@@ -15,21 +15,19 @@ std::string blank(int side) {
 }
 
 std::string gameFile(const std::string& drawing, const std::string& closing) {
-  const std::string units = ".BICEG.biceg";
+  const std::string kinds = ".BICEG.biceg";
+  std::istringstream rows(drawing);
   std::ostringstream text;
   int row = 1;
-  int column = 1;
-  for (const char drawn : drawing) {
-    if (drawn == '/') {
-      ++row;
-      column = 1;
-      continue;
+  for (std::string units; std::getline(rows, units, '/'); ++row) {
+    int column = 1;
+    for (const char drawn : units) {
+      const std::size_t kind = kinds.find(drawn);
+      const std::size_t player = kind == 0 ? 0 : kind / 6 + 1;
+      text << player << ';' << kind % 6 << ';' << 1180 * row - 800 << ';' << 1180 * column + 160
+           << ';' << row << ';' << column << ";\r\n";
+      ++column;
     }
-    const std::size_t unit = units.find(drawn);
-    const std::size_t player = drawn == '.' ? 0 : unit / 6 + 1;
-    text << player << ';' << unit % 6 << ';' << 380 + (row - 1) * 1180 << ';'
-         << 1340 + (column - 1) * 1180 << ';' << row << ';' << column << ";\r\n";
-    ++column;
   }
   return text.str() + closing;
 }

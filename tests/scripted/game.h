@@ -27,9 +27,7 @@ std::string victory(const std::string& player, const std::string& how);
 
 // Where square n stands in a drawing.
 inline std::size_t place(int n, int side) {
-  const int squares = n - 1;
-  const int slashes = squares / side;
-  return static_cast<std::size_t>(squares) + static_cast<std::size_t>(slashes);
+  return static_cast<std::size_t>(n - 1 + (n - 1) / side);
 }
 std::string blank(int side);
 // The text of a saved game with this board, worked out apart from the program.

@@ -42,7 +42,6 @@ public:
   }
   // Fails for each answer that was not asked for, and forgets it.
   void finish();
-  MessageBox lastBox;
   FileDialog lastFile;
 
   // --- What the person does --------------------------------------------------------------------
@@ -67,8 +66,13 @@ public:
       return *found;
     throw std::runtime_error(name + " cannot be used");
   }
+  // The window that the keyboard goes to: one of its own, or the active child.
+  Window& front() const {
+    Window* const last = forms_->openWindows().back();
+    return last->windowKind() == WindowKind::Own ? *last : *forms_->activeChild();
+  }
   // Name of the element that the keyboard goes to, "" when there is none.
-  std::string focused() const { return focus_ ? focus_->name() : ""; }
+  std::string focused() const { return front().focused() ? front().focused()->name() : ""; }
   // Lets this many seconds pass, with a tick in each of every timer that runs.
   void tick(int seconds = 1);
 
@@ -76,19 +80,11 @@ public:
   std::string missingPictures = "none";
 
   void windowOpened(Window& window) override { forms_ = &window.forms(); }
-  void windowClosed(Window& window) override {
-    if (focus_ && &focus_->window() == &window)
-      focus_ = nullptr;
-  }
+  void windowClosed(Window& /*window*/) override {}
   void waitModal(Window& window) override;
   void changed(Element& element) override { EXPECT_TRUE(element.window().isOpen()); }
-  void removed(Element& element) override {
-    if (focus_ == &element)
-      focus_ = nullptr;
-  }
-  void focusAsked(Element& element) override {
-    focus_ = element.kind() == Kind::Window ? nullptr : &element;
-  }
+  void removed(Element& /*element*/) override {}
+  void focusAsked(Element& /*element*/) override {}
   Answer messageBox(const MessageBox& box) override;
   std::optional<std::string> fileDialog(const FileDialog& dialog) override {
     lastFile = dialog;
@@ -121,7 +117,6 @@ private:
   // True when the element has taken the press and still stands there.
   bool press(Element& element);
 
-  const Element* focus_ = nullptr;
   std::deque<Expected> expected_;
 };
 

@@ -1,8 +1,6 @@
 // A frame and windows with one element of each kind, which write down every event.
 #pragma once
 
-#include "forms/grid_picture.h"
-#include "forms/picture_array.h"
 #include "scripted/player.h"
 
 namespace scripted {
@@ -56,8 +54,7 @@ public:
   CheckBox chk{*this, "chk"};
   DropList com{*this, "com"};
   Button btn{*this, "btn"};
-  GridPicture pic{*this, "pic"};
-  PictureArray picUnidad{*this, "picUnidad"};
+  Picture pic{*this, "pic"};
   Label lbl{*this, "lbl"};
 
 private:

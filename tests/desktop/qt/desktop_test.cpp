@@ -8,7 +8,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
-#include <QTimer>
 #include <QWindow>
 
 #include "desktop/qt/agrees.h"
@@ -183,13 +182,6 @@ TEST_F(Desktop, ChoosesFromAListByItsKeys) {
   player->run("Tab, Tab, Tab, Down, Down, Down"); // there are two items
   EXPECT_EQ(one.com.Text(), "dos");
   EXPECT_EQ(events(), "txtA_LostFocus txtB_LostFocus chk_LostFocus com_Click com_Click");
-}
-
-TEST_F(Desktop, RunsUntilTheFrameHasClosed) {
-  QTimer::singleShot(0, [&] { EXPECT_TRUE(frame.close()); });
-  QTimer::singleShot(5000, [] { QCoreApplication::exit(1); });
-  EXPECT_EQ(screen.run(), 0);
-  EXPECT_EQ(screen.run(), 0) << "closed before it began";
 }
 
 } // namespace

