@@ -53,6 +53,7 @@ Player::Player() {
   verbs["menu"] = [this](auto& on, auto&) { forms_->clicked(get<MenuEntry>(on)); };
   verbs["activate"] = [this](auto& on, auto&) { passOver(forms_->activated(get<Window>(on))); };
   verbs["close"] = [this](auto& on, auto&) { forms_->closeRequested(get<Window>(on)); };
+  verbs["tick"] = [this](auto& seconds, auto&) { tick(std::stoi(seconds)); };
 }
 
 void Player::run(const std::string& script) {
