@@ -14,20 +14,17 @@ BoardScreen::BoardScreen(forms::Forms& forms, Principal& principal, MainWindow& 
       mainWindow_(mainWindow) {
   picTablero.AutoSize = true;
   picTablero.Border = true;
-  picTablero.Width = 5940;
-  picTablero.Height = 5940;
+  picTablero.place(BoardLeft, BoardTop, 5940, 5940);
   picTablero.TabIndex = 0;
   picTablero.MouseMove = [this](float X, float Y) { showBoardHint(X, Y); };
   picTablero.nameOfEmptySquare = [this](int n) { return emptySquareDescription(principal_, n); };
   picTablero.inviting = [] { return false; }; // what a click does there depends on the square
-  picUnidad.pattern.Width = UnitSide;
-  picUnidad.pattern.Height = UnitSide;
+  picUnidad.pattern.place(0, 0, UnitSide, UnitSide);
   picUnidad.pattern.BackColor = UnitGround;
   picUnidad.MouseMove = [this](int Index) { showHint(*picUnidad(Index), Index); };
 }
 
 void BoardScreen::showBoard() {
-  picTablero.moveTo(BoardLeft, BoardTop);
   const std::string picture = boardPicture(principal_.NumFilas);
   if (!picture.empty() && !picTablero.LoadPicture(picture)) {
     // Without its picture the board still has its squares.

@@ -21,8 +21,8 @@ protected:
   BoardScreen(forms::Forms& forms, Principal& principal, MainWindow& mainWindow,
               std::string_view name);
 
-  // Gives the board its place, the picture for NumFilas, and the window the size of the board. A
-  // size that no picture belongs to keeps the picture there is.
+  // Gives the board the picture for NumFilas, and the window the size of the board. A size that no
+  // picture belongs to keeps the picture there is.
   void showBoard();
   // Makes the pictures of the units on squares 1 to `last`, each in its record's place.
   void drawUnits(int last);

@@ -155,11 +155,10 @@ void frmNuevoJuego::picTablero_Click() {
         "DEBE seleccionar una Unidad y hacer click sobre una casilla del Tablero para situarla");
     return;
   }
-  const PointedSquare place = squareAt(principal_, PosX, PosY);
-  NCasilla = static_cast<std::uint8_t>(place.square);
-  if (place.square == 0 || principal_.Casillas(place.square).Jugador != 0)
+  NCasilla = static_cast<std::uint8_t>(squareAt(principal_, PosX, PosY).square);
+  if (NCasilla == 0 || principal_.Casillas(NCasilla).Jugador != 0)
     return;
-  if (const auto refusal = placementRefusal(principal_, place.square)) {
+  if (const auto refusal = placementRefusal(principal_, NCasilla)) {
     forms().messageBox(*refusal);
     return;
   }
@@ -169,9 +168,9 @@ void frmNuevoJuego::picTablero_Click() {
   PosXEspejo = static_cast<std::uint8_t>(mirror.column);
   PosYEspejo = static_cast<std::uint8_t>(mirror.row);
 
-  if (!placeUnit(NCasilla, place.row, place.column, 1))
+  if (!placeUnit(NCasilla, 1))
     return;
-  if (!placeUnit(NCasillaEspejo, PosYEspejo, PosXEspejo, 2)) {
+  if (!placeUnit(NCasillaEspejo, 2)) {
     // The centre square is its own mirror: no unit can stand there.
     passOver(picUnidad.Unload(NCasilla));
     clearRecord(NCasilla);
@@ -180,12 +179,13 @@ void frmNuevoJuego::picTablero_Click() {
 
 // Makes the picture and the record of a unit of the chosen type. False, and nothing changes, when
 // the square has a picture already.
-bool frmNuevoJuego::placeUnit(int n, int row, int column, std::uint8_t player) {
+bool frmNuevoJuego::placeUnit(int n, std::uint8_t player) {
   if (!picUnidad.Load(n))
     return false;
   Casilla& square = principal_.Casillas(n);
   square.Jugador = player;
   square.TUnidad = principal_.TUnidadSeleccionada;
+  const auto [row, column] = rowAndColumn(principal_, n);
   showUnit(n, square, pictureTop(principal_, row), pictureLeft(principal_, column));
   return true;
 }

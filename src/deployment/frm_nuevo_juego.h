@@ -61,7 +61,7 @@ private:
   void btnEliminarUnidades_Click();
   void Command1_Click();
 
-  bool placeUnit(int n, int row, int column, std::uint8_t player);
+  bool placeUnit(int n, std::uint8_t player);
   void clearRecord(int n);
 
   forms::Window& play_;

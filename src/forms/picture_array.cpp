@@ -29,14 +29,8 @@ bool PictureArray::Load(int i) {
     made.Click = [this, i] { Click(i); };
   if (inviting)
     made.inviting = [this, i] { return inviting(i); };
-  made.MouseDown = [this, i](MouseButton button) {
-    if (MouseDown)
-      MouseDown(i, button);
-  };
-  made.MouseMove = [this, i](float, float) {
-    if (MouseMove)
-      MouseMove(i);
-  };
+  made.MouseDown = [this, i](MouseButton button) { raise(MouseDown, i, button); };
+  made.MouseMove = [this, i](float, float) { raise(MouseMove, i); };
   return true;
 }
 

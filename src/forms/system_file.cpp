@@ -49,10 +49,6 @@ bool SystemFile::fill(std::string_view text) {
          ftruncate(file_, static_cast<off_t>(text.size())) == 0;
 }
 
-bool SystemFile::empty() {
-  return ftruncate(file_, 0) == 0;
-}
-
 // A disk that becomes full takes a part and refuses the rest.
 bool SystemFile::write(std::string_view text) {
   while (!text.empty()) {

@@ -45,7 +45,6 @@ public:
   bool append(std::string_view text);
   // Writes over what the file holds and cuts off what is left of it behind the text.
   bool fill(std::string_view text);
-  bool empty();
   // Waits until the disk has what was written. False when it may not have it.
   bool sync();
   // Takes the permissions of another file, as far as the system lets it.

@@ -129,7 +129,7 @@ bool isMissing(const std::string& path) {
 // Emptied first: who reads meanwhile must not take a new beginning and an old end for one text.
 bool writeTextFile(const std::string& path, const std::string& text) {
   return changeInPlace(toPath(path),
-                       [&](SystemFile& file) { return file.empty() && file.fill(text); });
+                       [&](SystemFile& file) { return file.fill({}) && file.fill(text); });
 }
 
 bool appendTextFile(const std::string& path, const std::string& text) {

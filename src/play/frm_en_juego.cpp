@@ -41,8 +41,7 @@ frmEnJuego::frmEnJuego(forms::Forms& forms, Principal& principal, MainWindow& ma
   BackColor = PlayGround;
   picUnidad.Click = [this](int Index) { picUnidad_Click(Index); };
   picUnidad.inviting = [this](int Index) { return maySelect(Index); };
-  picMovimientoPermitido.pattern.Width = MarkerSide;
-  picMovimientoPermitido.pattern.Height = MarkerSide;
+  picMovimientoPermitido.pattern.place(0, 0, MarkerSide, MarkerSide);
   picMovimientoPermitido.pattern.BackColor = MarkerColor;
   picMovimientoPermitido.Click = [this](int Index) { picMovimientoPermitido_Click(Index); };
   picMovimientoPermitido.MouseMove = [this](int Index) {
@@ -113,14 +112,11 @@ void frmEnJuego::picUnidad_Click(int Index) {
   const Casilla& square = principal_.Casillas(Index);
   if (square.TUnidad == BAN || square.Jugador != JugadorActual)
     return;
-  if (picUnidad(Index)->Appearance == 1) {
-    select(Index, false);
-    removeMarkers();
-    return;
-  }
-  for (int i = 1; i <= principal_.NumCasillas; ++i)
-    select(i, false);
+  const int selectedBefore = selectedSquare();
+  select(selectedBefore, false);
   removeMarkers();
+  if (selectedBefore == Index)
+    return;
   select(Index, true);
   for (const int target : reach(principal_, Index, JugadorActual))
     showMarker(target);

@@ -15,23 +15,19 @@ namespace {
 constexpr const char* WholeFolder = "Faltan las imágenes del juego: descomprima la carpeta "
                                     "completa del programa y ábralo desde ella.";
 
-std::vector<std::string> drawings() {
-  std::vector<std::string> all;
-  for (int side = SmallestBoard; side <= LargestBoard; ++side)
-    all.push_back(boardPicture(side));
-  for (int type = BAN; type <= GEN; ++type)
-    for (const int player : {1, 2})
-      all.push_back(unitPicture(type, player));
-  return all;
-}
-
 // What is said of pictures that cannot be loaded. Looks at all of them and names each that is
 // missing, or the whole folder. `path` is that of the one that was found missing.
 std::string missingPicturesText(forms::Forms& forms, const std::string& path) {
   const std::vector<std::string> icons{"\\ico\\tiempo.ico", "\\ico\\adelante.ico"};
+  std::vector<std::string> drawings;
+  for (int side = SmallestBoard; side <= LargestBoard; ++side)
+    drawings.push_back(boardPicture(side));
+  for (int type = BAN; type <= GEN; ++type)
+    for (const int player : {1, 2})
+      drawings.push_back(unitPicture(type, player));
   const std::string programFolder = forms.desktop().programFolder();
   std::vector<std::string> missing;
-  for (const auto& folder : {icons, drawings()}) {
+  for (const auto& folder : {icons, drawings}) {
     const std::size_t before = missing.size();
     for (const std::string& literal : folder)
       if (std::string file = forms::programPath(programFolder, literal);

@@ -1,8 +1,6 @@
 // A bench tool for reading screen coordinates; it takes no part in a game.
 #pragma once
 
-#include <array>
-
 #include "forms/forms.h"
 
 namespace falanges {

@@ -102,7 +102,7 @@ void frmOpciones::Form_Load() {
   if (principal_.JugadorRed == 2)
     passOver(comJugadorActualRed.setText("2"));
   else
-    principal_.JugadorRed = storedNearest<std::uint8_t>(Val(comJugadorActualRed.Text()));
+    principal_.JugadorRed = 1;
 }
 
 bool frmOpciones::Form_QueryUnload() {

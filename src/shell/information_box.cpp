@@ -2,13 +2,6 @@
 
 namespace falanges {
 
-namespace {
-
-constexpr const char* NameAndVersion =
-    "Vornath - Falanges Z - Tomar El Estandarte - v" FALANGES_VERSION;
-
-} // namespace
-
 forms::MessageBox informationBox() {
   forms::MessageBox box;
   box.title = "Falanges Z - Un juego del equipo de Vornath";
@@ -29,7 +22,7 @@ forms::MessageBox informationBox() {
            "El juego, su nombre y sus dibujos pertenecen a sus autores.",
            "El programa se entrega tal como está, sin garantía de ninguna clase.",
            "",
-           NameAndVersion,
+           "Vornath - Falanges Z - Tomar El Estandarte - v" FALANGES_VERSION,
            "",
        })
     box.text += std::string(line) + "\r\n";
