@@ -45,10 +45,9 @@ class Copy final : public Game {
 public:
   // `start` runs its operations on the file; without, they go by way of `share`.
   explicit Copy(int number, network::Start start = {})
-      : Game(
-            scripted::makePlayer(),
-            start ? std::move(start)
-                  : [this](std::function<void()> operation) { share.begin(std::move(operation)); }),
+      : Game(start
+                 ? std::move(start)
+                 : [this](std::function<void()> operation) { share.begin(std::move(operation)); }),
         number_(std::to_string(number)) {
     configure("0;0;5;1;\r\n");
     Game::start();
@@ -62,7 +61,10 @@ public:
     run("choose comJugadorActualRed " + number_);
     choose("click btnCargarJuegoRed", path);
   }
-  void polls() { run("look"); }
+  void polls() {
+    principal.SegundosRestantes = 0;
+    screen.tick();
+  }
   void leaves() { run("close EnJuego"); }
   std::string caption() const { return play.Caption; }
 

@@ -39,8 +39,7 @@ std::string victory(const std::string& player, const std::string& how) {
 
 // --- What the player does ------------------------------------------------------------------------
 
-Game::Game(std::unique_ptr<scripted::Player> before, network::Start start)
-    : player(std::move(before)), app(*player, std::move(start)) {
+Game::Game(network::Start start) : app(*player, std::move(start)) {
   auto& does = screen.verbs;
   // Also "click square 21", in its middle, and "click corner 21", beside the unit that stands
   // there.
@@ -61,14 +60,6 @@ Game::Game(std::unique_ptr<scripted::Player> before, network::Start start)
     choose("menu CargarPlantilla", write("plantilla", gameFile(board, turn + "\r\n")));
   };
   does["save"] = [this](auto& kind, auto& name) { choose("menu Guardar" + kind, file(name)); };
-  // From poll to poll, or so many seconds; a poll at once.
-  does["tick"] = [this](auto& seconds, auto&) {
-    screen.tick(seconds.empty() ? principal.SegundosActualizacion + 1 : std::stoi(seconds));
-  };
-  does["look"] = [this](auto&, auto&) {
-    principal.SegundosRestantes = 0;
-    screen.tick();
-  };
 }
 
 void Game::start() {

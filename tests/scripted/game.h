@@ -38,8 +38,8 @@ inline std::string bytesOf(const std::string& path) {
 
 class Game : public testing::Test {
 public:
-  explicit Game(std::unique_ptr<scripted::Player> before = scripted::makePlayer(),
-                network::Start start = network::atOnce);
+  // `start` runs the operations on the file of a network game.
+  explicit Game(network::Start start = network::atOnce);
   // Past the information box.
   void start();
   // Closes the program, whatever is open.
@@ -76,7 +76,7 @@ public:
   // All that the open windows show, as a screen reader would tell it.
   std::string shown();
 
-  std::unique_ptr<scripted::Player> player;
+  std::unique_ptr<scripted::Player> player = scripted::makePlayer();
   scripted::Player& screen = *player;
   App app;
   Principal& principal = app.principal;
