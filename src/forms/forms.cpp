@@ -66,7 +66,7 @@ std::optional<Forms::PictureFile> Forms::findPicture(std::string_view literal,
   if (const auto size = desktop_.pictureSize(path))
     return PictureFile{std::move(path), *size};
   if (onFailure == OnFailure::Tell)
-    failed(PictureFailure, std::move(path));
+    failed(PictureFailure, path);
   return std::nullopt;
 }
 

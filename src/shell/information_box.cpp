@@ -22,10 +22,9 @@ forms::MessageBox informationBox() {
            "El juego, su nombre y sus dibujos pertenecen a sus autores.",
            "El programa se entrega tal como está, sin garantía de ninguna clase.",
            "",
-           "Vornath - Falanges Z - Tomar El Estandarte - v" FALANGES_VERSION,
-           "",
        })
     box.text += std::string(line) + "\r\n";
+  box.text += "Vornath - Falanges Z - Tomar El Estandarte - v" FALANGES_VERSION "\r\n\r\n";
   return box;
 }
 
