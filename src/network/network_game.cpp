@@ -93,7 +93,7 @@ bool NetworkGame::pollNow() {
 void NetworkGame::tick() {
   const bool hangs = game_->worker.underWay() && !game_->worker.ended(steady_clock::now());
   if (hangs || !game_->worker.underWay())
-    happened(Tick{});
+    happened(Tick{enJuego_.JugadorActual == principal_.JugadorRed && enJuego_.canMove()});
   await(hangs ? None : Moment);
 }
 

@@ -11,49 +11,64 @@ namespace falanges::network {
 
 // clang-format off
 //
-//   state         what happens                            what is done                next state
-//   ------------  --------------------------------------  --------------------------  ------------------
-//   (any)         Join                                    look                        Joining
-//   Joining       the file is whole                       it is opened                InTurn, FirstLook
-//                 it is torn or missing                   a known position is asked   Joining
-//                                                           for, or it is refused     Ended
-//                 GoOn                                    that position is written    Joining
-//                 the write is whole                      that position is opened     InTurn, FirstLook
-//   InTurn        a look, whatever it finds               nothing                     InTurn
-//                 TurnPassed                              nothing                     TurnFinished
-//                 MoveWins                                the result is written       Won
-//   TurnFinished  a look                                  `own` is written            TurnFinished
-//                 a look after a write in vain finds      it is taken over            InTurn, Waiting
-//                   the answer to `own`
-//   FirstLook     a look finds another position           it is taken over            InTurn, Waiting
-//                 it finds the very text of `own`         nothing                     Waiting
-//                 it finds `own` in other words, or for   `own` is written            FirstLook
-//                   a full interval a torn or no file
-//   Waiting       a look finds a position                 it is taken over            InTurn, Waiting
-//                 it finds the one that the last turn     `own` is written            Waiting
-//                   began with, or for a full interval
-//                   a torn or no file
-//   the last 3    the write is whole                      nothing                     Waiting
-//   the last 4    two looks find the same result          this copy loses             Ended
-//   Won           a look, after a write in vain           the result is written       Won
-//                 the write is whole                      nothing                     Ended
+//   state           what happens                           what is done             next state
+//   --------------  -------------------------------------  -----------------------  ---------------
+//   (any)           Join                                   look                     Joining
+//                   Join while an operation is under way   nothing                  Rejoining
+//   Rejoining       that operation is over                 look                     Joining
+//   Joining         the file is whole                      it is opened             InTurn, FirstLook
+//                   it is torn or missing, `own` is known  it is asked for GoOn     Joining
+//                   none of these                          it is refused            Joining
+//                   GoOn                                   `own` is written         GoingOn
+//   GoingOn         the write is whole                     `own` is opened          InTurn, FirstLook
+//                   a look after a write in vain finds     `own` is written         GoingOn
+//                     what the last turn began with
+//                   it finds anything else                 as in Joining
+//   InTurn          a look, whatever it finds              nothing                  InTurn
+//                   TurnPassed                             nothing                  TurnFinished
+//                   MoveWins                               look                     Won
+//   TurnFinished    a look, whatever it finds              `own` is written         TurnFinished
+//                   the write fails                        nothing                  MaybePublished
+//   MaybePublished  a look finds another position than     it is taken over         InTurn, Waiting
+//                     the one that the turn began with
+//                   it finds that one or none              `own` is written         MaybePublished
+//   FirstLook       a look finds another position          it is taken over         InTurn, Waiting
+//                   it finds the very text of `own`        nothing                  Waiting
+//                   it finds `own` in other words          `own` is written         FirstLook
+//   Waiting         a look finds a position                it is taken over         InTurn, Waiting
+//   the last 2      a look finds the position that the     `own` is written         as before
+//                     last turn began with, or for a full
+//                     interval a torn or no file
+//   the last 4      the write is whole                     nothing                  Waiting
+//   the last 5      two looks find the same result         this copy loses          Ended
+//   Won             a look                                 the result is written    Won
+//                   the write is whole                     nothing                  Ended
 //
 // clang-format on
 //
 // One operation on the file is under way at a time; what another state asks for waits until it is
 // over, also when the game was left and joined again meanwhile: a write of this copy must not come
-// behind its next look. Each write but the result's goes only over what the last look found.
+// behind its next look. Each write goes only over what the last look found.
 //
-// An operation in vain leaves the state as it is, and the next tick looks again. A folder that is
-// away may come back with a newer file, so that only looks into one that answers count for the full
-// interval.
+// An operation in vain leaves the state as it is, and the next tick looks again.
 //
 // In all states but InTurn the moves on this copy's screen are idle: nothing of them is written or
-// wins, and the next position that is taken over drops them. While idle moves make it look as if
-// this player were in turn, FirstLook and Waiting look for a result alone; but after an idle move
-// that would win, no unit may be left to pass the turn back.
+// wins, and the next position that is taken over drops them. While they make it look as if this
+// player were in turn, FirstLook and Waiting look for a result alone.
 
-enum class Phase { Joining, InTurn, TurnFinished, FirstLook, Waiting, Won, Ended };
+// In the order of the table; behind the first three a game is on the screen.
+enum class Phase {
+  Rejoining,
+  Joining,
+  GoingOn,
+  InTurn,
+  TurnFinished,
+  MaybePublished,
+  FirstLook,
+  Waiting,
+  Won,
+  Ended
+};
 
 // A board and who is in turn on it.
 struct Position {
@@ -85,7 +100,9 @@ struct Join {
 };
 struct GoOn {}; // from the position that Action::Ask was about
 // A poll is due. While an operation is under way or the file is not to be had, once a second.
-struct Tick {};
+struct Tick {
+  bool seemsInTurn = false; // this player, by the screen, and able to pass the turn back
+};
 struct LookCame {
   Look look;
 };
@@ -108,16 +125,17 @@ struct Action {
     Nothing,
     LookAtFile,  // until LookCame
     Write,       // `position`, unless the file is no longer as `look` found it; until WriteCame
-    WriteResult, // `position`, and behind it the line of this copy's victory; until WriteCame
+    WriteResult, // the same, and behind it the line of this copy's victory; until WriteCame
     Open,        // the game begins on the screen, as `look` found it
     TakeOver,    // the screen shows what `look` found
     Lose,        // the same, and the game has ended by its result
-    Ask,         // whether the game shall go on from the position that is known
+    Ask,         // whether the game shall go on from `position`
     Refuse,      // to join: `look` found no game that can be joined
   };
   What what = Nothing;
   Look look;
   Position position;
+  bool operator==(const Action&) const = default;
 };
 
 // --- The state of one copy -----------------------------------------------------------------------
@@ -130,18 +148,13 @@ struct State {
   // What this copy writes: the position that its turn ended with, else the last one taken over.
   // Without squares: nothing.
   Position own;
-  bool writeFailed = false; // so it is told; the write may yet have come through
-  Position playedFrom;      // what this copy's turn, the present or the last one, began with
-  Position known;           // the last one seen in the file or written to it, until the game ends
+  Position playedFrom; // what this copy's turn, the present or the last one, began with
 
-  std::uint8_t shown = 0; // the player in turn as the screen shows it
-  bool idleWin = false;   // an idle move that would win is on the screen
-
+  bool seemsInTurn = false;   // as the last poll found the screen
   bool underWay = false;      // an operation on the file
-  bool ofEarlierGame = false; // the operation under way is
   Look seen;                  // by the first of two looks, or at joining
   int waited = 0;             // ticks since the operation began, up to Patience
-  int inVain = 0;             // looks that found a torn or no file, up to a full interval
+  int inVain = 0;             // looks that found a torn or no file
   bool withoutAccess = false; // the file is not to be had, and the player is told so
 
   bool operator==(const State&) const = default;

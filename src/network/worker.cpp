@@ -35,8 +35,7 @@ Look lookAt(const std::string& path) {
 
 // The file is emptied and written anew, never replaced by another: the other copy may hold it open.
 Written write(const std::string& path, const Action& action) {
-  if (action.what == Action::Write &&
-      (action.look.found == Found::Unreachable || lookAt(path) != action.look))
+  if (action.look.found == Found::Unreachable || lookAt(path) != action.look)
     return Written::Overtaken;
   const std::string text = action.position.text();
   if (!forms::writeTextFile(path, text))

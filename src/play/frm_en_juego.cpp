@@ -132,6 +132,13 @@ bool frmEnJuego::maySelect(int n) {
          (n == selectedSquare() || !reach(principal_, n, JugadorActual).empty());
 }
 
+bool frmEnJuego::canMove() {
+  bool can = false;
+  for (int i = 1; i <= principal_.NumCasillas; ++i)
+    can = can || maySelect(i);
+  return can;
+}
+
 void frmEnJuego::select(int n, bool selected) {
   forms::Picture* unit = picUnidad(n);
   if (!unit || unit->Appearance == (selected ? 1 : 0))

@@ -36,6 +36,8 @@ public:
 
   // Texts behind the players' names, such as "En Turno".
   void showStatus(const std::string& player1, const std::string& player2);
+  // Whether the player in turn has a unit that can move.
+  bool canMove();
   // No unit answers the pointer any more.
   void disableUnits();
 

@@ -9,14 +9,18 @@
 
 namespace falanges {
 
-// The boards of the game that most cases play: Ana moves from 23 to 18, Blas from 3 to 8.
+// Boards, row by row from the top: b and g are player 2's flag and general, G and B player 1's.
+// In the game that most cases play Ana moves her general from 23 to 18, Blas his from 3 to 8.
 inline const std::string Start = "b.g../...../...../...../..G.B";
 inline const std::string AnaMoved = "b.g../...../...../..G../....B";
 inline const std::string BlasMoved = "b..../..g../...../..G../....B";
-// Ana takes the flag by the move from 6 to 1, Blas by the one from 20 to 25.
+// Ana's infantry takes the flag by the move from 6 to 1, Blas's by the one from 20 to 25.
 inline const std::string Last = "b..../I..../...../....i/....B";
+inline const std::string AnaWon = "I..../...../...../....i/....B";
 
-inline const std::string NoAccess = "Sin acceso al archivo - Reintentando...";
+// What closes a file: whose turn it is, and behind a won game who has won it.
+inline const std::string AnasTurn = "1\r\n", BlassTurn = "2\r\n";
+inline const std::string AnasVictory = "1\r\n11\r\n", BlassVictory = "2\r\n12\r\n";
 
 // The way from a copy to the file.
 class Share {
@@ -54,12 +58,21 @@ public:
   }
   void TestBody() override {}
 
-  // Through the options and the file dialog.
-  void joins(const std::string& path) {
+  struct Box {
+    std::string text;
+    Answer answer = Answer::Ok;
+    std::function<void()> meanwhile = {};
+  };
+  // Through the options and the file dialog, past these boxes.
+  void joins(const std::string& path, const std::vector<Box>& boxes = {}) {
     if (!app.opciones.isOpen())
       run("menu Opciones");
     run("choose comJugadorActualRed " + number_);
-    choose("click btnCargarJuegoRed", path);
+    screen.expectFile("Cargar Juego", path);
+    for (const auto& [text, answer, meanwhile] : boxes)
+      screen.expectBox(text, answer, meanwhile);
+    run("click btnCargarJuegoRed");
+    screen.finish();
   }
   void polls() {
     principal.SegundosRestantes = 0;

@@ -5,6 +5,11 @@ namespace falanges {
 
 namespace {
 
+const std::string Updating = "Actualizando...";
+const std::string NoAccess = "Sin acceso al archivo - Reintentando...";
+const std::string IHaveWon = "Victoria - Juego finalizado";
+const std::string IHaveLost = "Derrota - Juego finalizado";
+
 std::string counting(const std::string& player, const std::string& seconds) {
   return "Jugador -" + player + "- Actualización en: -" + seconds + "- segundos";
 }
@@ -29,14 +34,14 @@ TEST_F(Network, ATurnGoesToTheOtherCopyAndBackThroughTheFile) {
     EXPECT_EQ(blas.caption(), counting("2", seconds));
   }
   blas.run("tick 1");
-  EXPECT_EQ(blas.caption(), "Actualizando...");
+  EXPECT_EQ(blas.caption(), Updating);
   EXPECT_EQ(file(), gameFile(Start)) << "who joins out of turn writes what it loaded";
   EXPECT_TRUE(blas.principal.TurnoPublicado);
 
   ana.run("move 23 18");
   EXPECT_EQ(file(), gameFile(Start)) << "the turn passes in memory alone";
   ana.polls();
-  EXPECT_EQ(file(), gameFile(AnaMoved, "2\r\n"));
+  EXPECT_EQ(file(), gameFile(AnaMoved, BlassTurn));
   EXPECT_EQ(blas.pictures(), Start);
   blas.polls();
   blas.expectBoard(AnaMoved);
@@ -47,10 +52,19 @@ TEST_F(Network, ATurnGoesToTheOtherCopyAndBackThroughTheFile) {
   ana.joins(path);
   blas.run("move 3 8");
   blas.polls();
-  EXPECT_EQ(file(), gameFile(BlasMoved));
+  EXPECT_EQ(file(), gameFile(BlasMoved, AnasTurn));
   ana.polls();
   ana.expectBoard(BlasMoved);
   EXPECT_EQ(ana.status(), "En Turno/En Espera");
+
+  // They begin anew, and Ana moves as before.
+  ana.leaves();
+  blas.leaves();
+  bothPlay(Start);
+  ana.run("move 23 18");
+  ana.polls();
+  blas.polls();
+  blas.expectBoard(AnaMoved);
 }
 
 TEST_F(Network, ARefreshKeepsTheWindowsPlaceAndDropsWhatWasSelected) {
@@ -68,35 +82,38 @@ TEST_F(Network, ARefreshKeepsTheWindowsPlaceAndDropsWhatWasSelected) {
 
 TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
   bothPlay(Last);
-  const std::string taken = "I..../...../...../....i/....B";
   ana.screen.expectBox(victory("1", "CONQUISTADO la Bandera"), Answer::Ok, [&] {
-    EXPECT_EQ(file(), gameFile(taken, "1\r\n11\r\n")) << "Blas need not wait for the box to close";
+    EXPECT_EQ(file(), gameFile(AnaWon, AnasVictory)) << "Blas need not wait for the box to close";
   });
   ana.run("move 6 1");
   blas.screen.expectBox(hasWon("1"));
   blas.polls();
-  EXPECT_EQ(ana.pictures(), taken);
-  EXPECT_EQ(blas.pictures(), taken);
-  EXPECT_EQ(ana.caption(), "Victoria - Juego finalizado");
-  EXPECT_EQ(blas.caption(), "Derrota - Juego finalizado");
+  EXPECT_EQ(ana.caption(), IHaveWon);
+  EXPECT_EQ(blas.caption(), IHaveLost);
   for (Copy* copy : {&ana, &blas}) {
+    EXPECT_EQ(copy->pictures(), AnaWon);
     EXPECT_EQ(copy->status(), "Victoria/Derrota");
     EXPECT_EQ(copy->menu(), "");
     EXPECT_FALSE(copy->frame.tmrRed.Enabled);
   }
+  put("");
+  for (Copy* copy : {&ana, &blas})
+    copy->joins(path, {{Invalid + path + Incomplete}}); // there is nothing to go on from
 }
 
 TEST_F(Network, ACopyInTurnSeesAResultTooWhateverItsDigit) {
-  for (const auto& [closing, status, JugadorActual] :
-       std::vector<std::tuple<std::string, std::string, int>>{
-           {"1\r\n11", "Victoria/Derrota", 11},
-           {"1\r\n12", "Derrota/Victoria", 12},
-           {"12", "Derrota/Victoria", 12},
-           {"2\r\n1x", "En Turno/En Espera", 1}}) {
+  struct {
+    std::string closing, digit, status;
+    int JugadorActual;
+  } const results[] = {{AnasVictory, "1", "Victoria/Derrota", 11},
+                       {BlassVictory, "2", "Derrota/Victoria", 12},
+                       {"12\r\n", "2", "Derrota/Victoria", 12},
+                       {"2\r\n1x\r\n", "x", "En Turno/En Espera", 1}};
+  for (const auto& [closing, digit, status, JugadorActual] : results) {
     put(gameFile(Start));
     ana.joins(path);
-    put(gameFile(Start, closing + "\r\n"));
-    ana.screen.expectBox(hasWon(closing.substr(closing.size() - 1)));
+    put(gameFile(Start, closing));
+    ana.screen.expectBox(hasWon(digit));
     ana.polls();
     EXPECT_EQ(ana.status(), status);
     EXPECT_EQ(ana.play.JugadorActual, JugadorActual);
@@ -105,13 +122,14 @@ TEST_F(Network, ACopyInTurnSeesAResultTooWhateverItsDigit) {
 }
 
 TEST_F(Network, AJoinFromALocalGameLeadsToTheFilesGameAndARefusalLeavesThatOne) {
-  put(gameFile(Start, "7\r\n")); // nobody's turn
+  const std::string nobodysTurn = "7\r\n";
+  put(gameFile(Start, nobodysTurn));
   ana.run("load b.i../...../...../...../..I.B 1, move 23 18, menu Opciones");
   const std::string before = ana.shown() + ana.principal.ArchivoRed;
   ana.choose("click btnCargarJuegoRed", std::nullopt);
-  ana.choose("click btnCargarJuegoRed", path, Invalid + path + Incomplete);
+  ana.joins(path, {{Invalid + path + Incomplete}});
   const std::string none = folder.file("ninguno");
-  ana.choose("click btnCargarJuegoRed", none, "No se puede abrir el archivo:\r\n" + none);
+  ana.joins(none, {{"No se puede abrir el archivo:\r\n" + none}});
   EXPECT_EQ(ana.shown() + ana.principal.ArchivoRed, before);
   put(gameFile(BlasMoved));
   ana.joins(path);
@@ -120,14 +138,19 @@ TEST_F(Network, AJoinFromALocalGameLeadsToTheFilesGameAndARefusalLeavesThatOne) 
   EXPECT_TRUE(ana.frame.tmrRed.Enabled);
 }
 
-TEST_F(Network, AFileThatIsAwayOrTornIsToldInTheCaptionAndTheGameGoesOn) {
-  for (const std::string& text : std::vector<std::string>{
-           "", "2;1;380;1340;1;\r\n" + gameFile(Start).substr(19), gameFile(Start, "2\r"),
-           gameFile(Start, "2\r\n\r\n"), gameFile(Start, "2\r\n11\r\n11\r\n"),
-           gameFile(Start, "2;\r\n"), gameFile(Start) + std::string(70000, ' '),
-           std::string(700, '\0')}) {
+TEST_F(Network, ATornFileIsToldInTheCaptionAndPutRightAfterAnInterval) {
+  bothPlay(Start);
+  const std::string firstColumn = "2;";
+  const std::string torn[] = {"",
+                              gameFile(Start).substr(firstColumn.size()),
+                              gameFile(Start, "2\r"),               // within the last line end
+                              gameFile(Start, "2\r\n\r\n"),         // an empty line
+                              gameFile(Start, "2\r\n11\r\n11\r\n"), // the result twice
+                              gameFile(Start, "2;\r\n"),
+                              gameFile(Start) + std::string(70000, ' '), // too large
+                              std::string(700, '\0')};
+  for (const std::string& text : torn) {
     SCOPED_TRACE(text);
-    bothPlay(Start);
     put(text);
     blas.polls();
     EXPECT_EQ(blas.caption(), NoAccess);
@@ -136,10 +159,11 @@ TEST_F(Network, AFileThatIsAwayOrTornIsToldInTheCaptionAndTheGameGoesOn) {
     EXPECT_EQ(file(), text) << "its writer may be at work";
     blas.run("tick 1");
     EXPECT_EQ(file(), gameFile(Start)) << "it has none";
-    EXPECT_EQ(blas.caption(), "Actualizando...");
-    ana.leaves();
-    blas.leaves();
+    EXPECT_EQ(blas.caption(), Updating);
   }
+}
+
+TEST_F(Network, AFileThatIsAwayIsToldInTheCaptionAndTheGameGoesOnWhenItIsBack) {
   bothPlay(Start);
   std::filesystem::remove(scripted::toPath(path));
   std::filesystem::create_directory(scripted::toPath(path)); // under the file's name
@@ -147,45 +171,57 @@ TEST_F(Network, AFileThatIsAwayOrTornIsToldInTheCaptionAndTheGameGoesOn) {
   ana.polls();
   ana.run("tick 20");
   EXPECT_EQ(ana.caption(), NoAccess);
+  blas.run("tick 20");
   std::filesystem::remove(scripted::toPath(path));
+  blas.run("tick 1");
+  EXPECT_EQ(file(), "none") << "what was away may come back";
   ana.run("tick 1");
-  EXPECT_EQ(file(), gameFile(AnaMoved, "2\r\n"));
+  EXPECT_EQ(file(), gameFile(AnaMoved, BlassTurn));
 }
 
-TEST_F(Network, MovesOfWhoIsNotInTurnWinNothingAndGoWithTheNextPoll) {
+TEST_F(Network, MovesOfWhoIsNotInTurnWinNothingAndGoWithALaterPoll) {
   bothPlay(Start);
-  blas.run("move 23 18, move 3 8");
-  EXPECT_EQ(blas.pictures(), BlasMoved);
+  blas.run("move 23 18");
+  blas.polls();
+  EXPECT_EQ(blas.pictures(), AnaMoved) << "it seems to be Blas's turn";
+  blas.run("move 3 8");
   blas.polls();
   EXPECT_EQ(blas.pictures(), Start);
-  // Behind a winning move no unit may be left that could pass the turn back.
-  ana.leaves();
-  blas.leaves();
-  const std::string oneUnit = "b..../...../...../...i./..I.B";
-  bothPlay(oneUnit);
-  blas.run("move 23 19");
-  EXPECT_EQ(blas.pictures(), "b..../...../...../...I./....B") << "without a box";
-  blas.polls();
-  EXPECT_EQ(blas.pictures(), oneUnit);
-  EXPECT_EQ(file(), gameFile(oneUnit));
+  // Behind the first of these moves no unit of Blas's is left, behind the second none that can
+  // move: his turn, which it seems to be, could not pass.
+  for (const auto& [board, move, moved] :
+       {std::array{"b..../...../...../...i./..I.B", "move 23 19", "b..../...../...../...I./....B"},
+        std::array{"ib.../bb.../...../...../I...B", "move 21 16",
+                   "ib.../bb.../...../I..../....B"}}) {
+    ana.leaves();
+    blas.leaves();
+    bothPlay(board);
+    blas.run(move);
+    EXPECT_EQ(blas.pictures(), moved) << "without a box";
+    blas.polls();
+    EXPECT_EQ(blas.pictures(), board);
+    EXPECT_EQ(file(), gameFile(board));
+  }
 }
 
 // --- A share that hangs ------------------------------------------------------------------------
 
 TEST_F(Network, AWaitingWindowGoesOnWhileTheShareHangs) {
   bothPlay(Start);
-  blas.share.hangs = true;
-  blas.polls();
-  EXPECT_EQ(blas.caption(), "Actualizando...");
-  blas.run("tick 1");
-  EXPECT_EQ(blas.caption(), "Actualizando...") << "a slow share is none that is away";
-  blas.run("tick 1");
-  EXPECT_EQ(blas.caption(), NoAccess);
-  blas.run("click picUnidad(23)");
-  EXPECT_TRUE(blas.play.picMovimientoPermitido(18));
-  blas.share.answers();
-  blas.run("tick 1");
-  EXPECT_EQ(blas.caption(), "Actualizando...");
+  for (const char* time : {"once", "and again"}) {
+    SCOPED_TRACE(time);
+    blas.share.hangs = true;
+    blas.polls();
+    blas.run("tick 1");
+    EXPECT_EQ(blas.caption(), Updating) << "a slow share is none that is away";
+    blas.run("tick 1");
+    EXPECT_EQ(blas.caption(), NoAccess);
+    blas.run("click picUnidad(23)");
+    EXPECT_TRUE(blas.play.picMovimientoPermitido(18));
+    blas.share.answers();
+    blas.run("tick 1");
+    EXPECT_EQ(blas.caption(), Updating);
+  }
 }
 
 TEST_F(Network, AWinnerSeesTheBoxAtOnceAndTheResultIsTriedUntilItIsWritten) {
@@ -201,10 +237,27 @@ TEST_F(Network, AWinnerSeesTheBoxAtOnceAndTheResultIsTriedUntilItIsWritten) {
   EXPECT_TRUE(ana.play.isOpen());
   ana.share.answers();
   ana.run("tick 1");
-  EXPECT_EQ(file(), gameFile("I..../...../...../....i/....B", "1\r\n11\r\n"));
-  EXPECT_EQ(ana.caption(), "Victoria - Juego finalizado");
+  EXPECT_EQ(file(), gameFile(AnaWon, AnasVictory));
+  EXPECT_EQ(ana.caption(), IHaveWon);
   EXPECT_FALSE(ana.frame.tmrRed.Enabled);
   ana.leaves(); // without a question
+}
+
+TEST_F(Network, AWinThatIsGivenUpHasNoSayInTheNextGame) {
+  bothPlay(Last);
+  ana.share.hangs = true;
+  ana.screen.expectBox(victory("1", "CONQUISTADO la Bandera"));
+  ana.run("move 6 1");
+  ana.screen.expectBox("No se puede guardar el archivo:\r\n" + path + "\r\n¿Reintentar?",
+                       Answer::No);
+  ana.leaves();
+  const std::string other = gameFile(Start, "");
+  put(other);
+  ana.load(gameFile(BlasMoved));
+  EXPECT_EQ(ana.status(), "En Turno/En Espera");
+  ana.share.answers();
+  EXPECT_EQ(file(), other);
+  ana.joins(path, {{Invalid + path + Incomplete}});
 }
 
 TEST_F(Network, AJoinOnAShareThatHangsAsksWhetherToWait) {
@@ -213,52 +266,31 @@ TEST_F(Network, AJoinOnAShareThatHangsAsksWhetherToWait) {
   const std::string before = ana.shown() + ana.principal.ArchivoRed;
   const std::string question = "El archivo no responde:\r\n" + path + "\r\n¿Seguir esperando?";
   ana.share.hangs = true;
-  ana.run("menu Opciones");
-  ana.screen.expectFile("Cargar Juego", path);
-  ana.screen.expectBox(question, Answer::Yes);
-  ana.screen.expectBox(question, Answer::No);
-  ana.run("click btnCargarJuegoRed, close Opciones");
+  ana.joins(path, {{question, Answer::Yes}, {question, Answer::No}});
+  ana.run("close Opciones");
   EXPECT_EQ(ana.shown() + ana.principal.ArchivoRed, before) << "nothing has changed";
-  ana.run("menu Opciones");
-  ana.screen.expectFile("Cargar Juego", path);
-  ana.screen.expectBox(question, Answer::Yes, [&] { ana.share.answers(); });
-  ana.run("click btnCargarJuegoRed");
+  ana.joins(path, {{question, Answer::Yes, [&] { ana.share.answers(); }}});
   EXPECT_EQ(ana.pictures(), Start);
   EXPECT_TRUE(ana.frame.tmrRed.Enabled);
 }
 
-TEST_F(Network, ALookOfAnEarlierGameThatHangsDoesNotHoldUpAGameOnAnotherShare) {
+TEST_F(Network, WhatHangsOfAnEarlierGameHoldsUpTheNextOneOnItsOwnFileAlone) {
   bothPlay(Start);
   blas.share.hangs = true;
   blas.polls();
   blas.leaves();
   blas.share.hangs = false;
   const std::string other = folder.file("otra");
-  std::ofstream(other, std::ios::binary) << gameFile(AnaMoved, "2\r\n");
+  std::ofstream(other, std::ios::binary) << gameFile(AnaMoved, BlassTurn);
   blas.joins(other);
   blas.run("move 3 8");
   blas.polls();
   EXPECT_EQ(bytesOf(other), gameFile(BlasMoved));
-}
-
-TEST_F(Network, WhoJoinsAgainWaitsForItsOwnWriteThatHangs) {
-  put(gameFile(Last, "2\r\n"));
-  blas.joins(path);
-  blas.share.hangs = true;
-  blas.screen.expectBox(victory("2", "CONQUISTADO la Bandera"));
-  blas.run("move 20 25");
-  blas.screen.expectBox("No se puede guardar el archivo:\r\n" + path + "\r\n¿Reintentar?",
-                        Answer::No);
   blas.leaves();
-  blas.load(gameFile(Start, ""));
-  EXPECT_EQ(blas.status(), "En Turno/En Espera") << "the won game has no say in the next one";
-  blas.run("menu Opciones");
   const std::string spelledAnew = folder.file("./partida común.txt");
-  blas.screen.expectFile("Cargar Juego", spelledAnew);
-  blas.screen.expectBox("El archivo no responde:\r\n" + spelledAnew + "\r\n¿Seguir esperando?",
-                        Answer::Yes, [&] { blas.share.answers(); });
-  blas.run("click btnCargarJuegoRed");
-  blas.expectBoard("b..../I..../...../...../....i");
+  blas.joins(spelledAnew, {{"El archivo no responde:\r\n" + spelledAnew + "\r\n¿Seguir esperando?",
+                            Answer::Yes, [&] { blas.share.answers(); }}});
+  blas.expectBoard(Start);
 }
 
 TEST_F(Network, TheLastPositionThatWasSeenSavesAGameWhoseFileIsTorn) {
@@ -270,27 +302,11 @@ TEST_F(Network, TheLastPositionThatWasSeenSavesAGameWhoseFileIsTorn) {
   ana.leaves();
   const std::string torn = gameFile(AnaMoved, "2\r");
   put(torn);
-  ana.run("menu Opciones");
-  ana.screen.expectFile("Cargar Juego", path);
-  ana.screen.expectBox(question, Answer::No);
-  ana.screen.expectBox(Invalid + path + Incomplete);
-  ana.run("click btnCargarJuegoRed");
+  ana.joins(path, {{question, Answer::No}, {Invalid + path + Incomplete}});
   EXPECT_EQ(file(), torn);
-  ana.screen.expectFile("Cargar Juego", path);
-  ana.screen.expectBox(question, Answer::Yes);
-  ana.run("click btnCargarJuegoRed");
-  EXPECT_EQ(file(), gameFile(AnaMoved, "2\r\n"));
-  // What became whole while the question stood is news.
-  ana.leaves();
-  put(torn);
-  ana.run("menu Opciones");
-  ana.screen.expectFile("Cargar Juego", path);
-  const std::string won = gameFile(BlasMoved, "2\r\n12\r\n");
-  ana.screen.expectBox(question, Answer::Yes, [&] { put(won); });
-  ana.run("click btnCargarJuegoRed");
-  ana.screen.expectBox(hasWon("2"));
-  ana.polls();
-  EXPECT_EQ(file(), won);
+  ana.joins(path, {{question, Answer::Yes}});
+  ana.expectBoard(AnaMoved);
+  EXPECT_EQ(file(), gameFile(AnaMoved, BlassTurn));
 }
 
 // --- The worker --------------------------------------------------------------------------------
@@ -303,7 +319,7 @@ TEST_F(Network, WhatCannotEvenBeginIsALookOrAWriteInVain) {
   EXPECT_EQ(ana.caption(), NoAccess);
   ana.share.refuses = false;
   ana.run("tick 1");
-  EXPECT_EQ(file(), gameFile(AnaMoved, "2\r\n"));
+  EXPECT_EQ(file(), gameFile(AnaMoved, BlassTurn));
 }
 
 // The worker as the program has it.
@@ -323,8 +339,8 @@ TEST_F(Network, OnThreadsOfTheirOwn) {
   david.screen.expectBox(victory("2", "CONQUISTADO la Bandera"));
   carla.screen.expectBox(hasWon("2"));
   david.run("move 20 25");
-  playUntil([&] { return carla.caption() == "Derrota - Juego finalizado"; });
-  EXPECT_EQ(file(), gameFile("bI.../...../...../...../....i", "2\r\n12\r\n"));
+  playUntil([&] { return carla.caption() == IHaveLost; });
+  EXPECT_EQ(file(), gameFile("bI.../...../...../...../....i", BlassVictory));
 }
 
 } // namespace falanges
