@@ -58,7 +58,7 @@ void forEachNext(const World& world, const Bound& bound,
 
     free(!copy.open && !copy.told, "joins", &World::joins);
     free(copy.asked, "says yes", &World::saysYes);
-    free(copy.asked, "says no", &World::leaves);
+    free(copy.open && !plays && !copy.told, "gives up joining", &World::leaves);
     free(works, "works on", &World::workGoesOn);
     free(copy.open && copy.work.ended, "hears", &World::hears);
     free(plays && !copy.work.ended, "ticks", &World::ticks);
