@@ -43,8 +43,8 @@ class Golden : public testing::Test {
 protected:
   void SetUp() override {
     if (!QLatin1String(qVersion()).startsWith(QLatin1String("6.4.")) ||
-        QGuiApplication::platformName() != "offscreen" || qApp->devicePixelRatio() != 1)
-      GTEST_SKIP() << "golden pictures are of Qt 6.4 on the screen without a display, at scale 1";
+        QGuiApplication::platformName() != "offscreen")
+      GTEST_SKIP() << "golden pictures are of Qt 6.4 on the screen without a display";
     QApplication::setCursorFlashTime(0);
     player.verbs["paint"] = [this](auto& window, auto& name) {
       expectPainted(name.c_str(), player.widget(player.get<forms::Window>(window)));
@@ -111,7 +111,10 @@ TEST_F(Golden, TheFileDialog) {
     for (const char* part : {"lookInCombo", "sidebar"})
       dialog.findChild<QWidget*>(part)->hide();
     const auto& files = *dialog.findChild<QTreeView*>();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return files.model()->rowCount(files.rootIndex()) == 1; }));
+    const auto day = [&] {
+      return files.model()->index(0, 3, files.rootIndex()).data().toString();
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !day().isEmpty(); }));
     expectPainted("archivo", dialog);
   });
   player.fileDialog({true, "Guardar Juego", folder.file("no") + "/hay", "uno.txt",

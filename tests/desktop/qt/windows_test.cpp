@@ -118,7 +118,7 @@ TEST_P(Windows, FitABoardIntoItsFrame) {
   EXPECT_EQ(percentOfBoard(), 175);
   resizeFrame(700, 600);
   turnWheel(1, player.widget(app.nuevoJuego.comTablero), {});
-  EXPECT_EQ(percentOfBoard(), 175) << "on the way past a list";
+  EXPECT_EQ(app.nuevoJuego.comTablero.Text(), "8x8") << "the wheel was on its way past";
   player.run("Ctrl+-");
   EXPECT_EQ(percentOfBoard(), 150);
   player.run("Ctrl++, close frmNuevoJuego, menu mnuNuevoJuego");
