@@ -30,7 +30,7 @@ SCREEN_MAY_INCLUDE = {SCREEN, "forms"}
 SCREEN_FLOORS = [
     "conversions keyboard_move reporter scale style",
     "element_view fonts form message_box picture_store",
-    "accessibility file_dialog outline zoom",
+    "accessibility file_dialog zoom",
     "application focus_keeper",
     "screen",
     "control_view window_view",

@@ -32,9 +32,8 @@ public:
   std::string fitting(const std::string& text) const;
   void changed(const PropertyBase& property) override;
   Property<std::string> Text{*this, {}};
-  int MaxLength = 0; // characters, of an assigned text too; 0: no bound
-  bool MultiLine = false;
-  bool ReadOnly = false;
+  int MaxLength = 0;      // characters, of an assigned text too; 0: no bound
+  bool MultiLine = false; // several lines, to be read only
   std::function<void()> Change;
 };
 

@@ -123,7 +123,7 @@ void Forms::moved(Picture& picture, float X, float Y) {
 }
 
 void Forms::typed(TextBox& box, const std::string& text) {
-  if (!personMayUse(box) || box.ReadOnly)
+  if (!personMayUse(box) || box.MultiLine)
     return;
   const EventScope event(*this);
   // A menu, another program or a screen reader may change the text of a box without the focus:

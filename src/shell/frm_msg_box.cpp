@@ -12,7 +12,6 @@ frmMsgBox::frmMsgBox(forms::Forms& forms, Principal& principal)
   Text1.place(0, 0, 13815, 8055);
   Text1.TextFont = {"Times New Roman", 12, false};
   Text1.MultiLine = true;
-  Text1.ReadOnly = true;
   Text1.TabIndex = 0;
   Text1.AccessibleName = "Datos del tablero";
 }

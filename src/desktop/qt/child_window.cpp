@@ -21,15 +21,15 @@ namespace {
 // Opens by Alt and the minus key, and by a click on the icon.
 void makeSystemMenu(QMdiSubWindow& child) {
   auto* const menu = new QMenu(&child);
-  QAction* const move =
-      menu->addAction(QStringLiteral("&Mover"), &child, [&child] { moveByKeyboard(child); });
-  move->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F7));
-  child.addAction(move);
-  QAction* const close =
-      menu->addAction(QStringLiteral("&Cerrar"), &child, [&child] { child.close(); });
+  const auto add = [&](const QString& text, const QList<QKeySequence>& keys, auto does) {
+    QAction* const action = menu->addAction(text, &child, does);
+    action->setShortcuts(keys);
+    child.addAction(action);
+  };
+  add(QStringLiteral("&Mover"), {Qt::CTRL | Qt::Key_F7}, [&child] { moveByKeyboard(child); });
   // Each key once: what the system closes windows with may be one of the two.
-  close->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_F4), QKeySequence(Qt::CTRL | Qt::Key_W)});
-  child.addAction(close);
+  add(QStringLiteral("&Cerrar"), {Qt::CTRL | Qt::Key_F4, Qt::CTRL | Qt::Key_W},
+      [&child] { child.close(); });
   child.setSystemMenu(menu);
   QObject::connect(new QShortcut(QKeySequence(QStringLiteral("Alt+-")), &child, nullptr, nullptr,
                                  Qt::WidgetWithChildrenShortcut),

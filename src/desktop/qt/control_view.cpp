@@ -7,7 +7,6 @@
 #include <QToolTip>
 
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/form.h"
 
 namespace forms::qt {
 
@@ -44,10 +43,6 @@ void ControlView::setColors(QPalette::ColorRole background, QPalette::ColorRole 
   if (element()->ForeColor)
     palette.setColor(foreground, toQt(*element()->ForeColor));
   widget().setPalette(palette);
-}
-
-const Scale& ControlView::scale() const {
-  return static_cast<const Form*>(widget().parentWidget())->scale();
 }
 
 void ControlView::syncNames() {

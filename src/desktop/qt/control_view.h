@@ -5,6 +5,7 @@
 
 #include "desktop/qt/accessibility.h"
 #include "desktop/qt/element_view.h"
+#include "desktop/qt/form.h"
 #include "desktop/qt/screen.h"
 
 class QMouseEvent;
@@ -31,8 +32,9 @@ protected:
   virtual QString caption() const { return {}; }
   // What screen readers say after the name.
   virtual QString description() const;
-  // Of the form that the widget stands on.
-  const Scale& scale() const;
+  // Where the widget stands.
+  Form& form() const { return static_cast<Form&>(*widget().parentWidget()); }
+  const Scale& scale() const { return form().scale(); }
   // Pixels on the form for the element's own place and size.
   virtual QRect placeFor(const QRect& wanted) const { return wanted; }
 

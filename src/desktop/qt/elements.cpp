@@ -1,5 +1,3 @@
-#include "desktop/qt/elements.h"
-
 #include <QActionGroup>
 #include <QCheckBox>
 #include <QComboBox>
@@ -70,7 +68,6 @@ public:
       : ViewOf(box, screen, new QLineEdit(form)) {
     if (box.MaxLength > 0)
       widget().setMaxLength(box.MaxLength);
-    widget().setReadOnly(box.ReadOnly);
     setColors(QPalette::Base, QPalette::Text);
     connect(&widget(), &QLineEdit::textEdited, this, [this](const QString& text) { type(text); });
     // A screen reader sets the text without an edit. Later, for that may end in a message box, and
@@ -96,15 +93,14 @@ private:
   }
 };
 
-// --- Text box of several lines, with scroll bars both ways ---------------------------------------
+// --- Text of several lines to read, with scroll bars both ways -----------------------------------
 
 class TextAreaView final : public ViewOf<TextBox, QPlainTextEdit> {
 public:
   TextAreaView(TextBox& box, Screen& screen, QWidget* form)
       : ViewOf(box, screen, new QPlainTextEdit(form)) {
-    widget().setReadOnly(box.ReadOnly);
-    if (box.ReadOnly)
-      widget().setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    widget().setReadOnly(true);
+    widget().setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     widget().setLineWrapMode(QPlainTextEdit::NoWrap);
     widget().setTabChangesFocus(true);
     widget().setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -113,21 +109,20 @@ public:
       bar->setContextMenuPolicy(Qt::PreventContextMenu);
     setColors(QPalette::Base, QPalette::Text);
     watch(*widget().viewport());
-    connect(&widget(), &QPlainTextEdit::textChanged, this,
-            [this] { reportUse([this](Forms& forms) { forms.typed(shown(), fromQt(text())); }); });
+    // An input method writes even here.
+    connect(&widget(), &QPlainTextEdit::textChanged, this, [this] {
+      if (element())
+        sync();
+    });
   }
   bool needsOutline() const override { return false; } // the caret marks it
 
 protected:
   void syncKind() override {
-    if (const QString wanted = toQt(shown().Text); text() != wanted)
-      widget().setPlainText(QString(wanted).replace(QLatin1String("\r\n"), QLatin1String("\n")));
-  }
-
-private:
-  // The program's lines end in CR LF, Qt's in LF.
-  QString text() const {
-    return widget().toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+    // The program's lines end in CR LF, Qt's in LF.
+    const QString text = toQt(shown().Text).remove(QLatin1Char('\r'));
+    if (widget().toPlainText() != text)
+      widget().setPlainText(text);
   }
 };
 
@@ -177,16 +172,10 @@ public:
 
 protected:
   void syncKind() override {
-    QStringList items;
-    for (const std::string& item : shown().items())
-      items.append(toQt(item));
-    QStringList before;
-    for (int i = 0; i < widget().count(); ++i)
-      before.append(widget().itemText(i));
-    if (items != before) {
-      widget().clear();
-      widget().addItems(items);
-    }
+    // While a window is open its lists only grow.
+    const auto& items = shown().items();
+    for (auto i = static_cast<std::size_t>(widget().count()); i < items.size(); ++i)
+      widget().addItem(toQt(items[i]));
     if (widget().currentIndex() != shown().ListIndex())
       widget().setCurrentIndex(shown().ListIndex());
   }

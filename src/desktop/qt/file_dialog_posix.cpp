@@ -46,10 +46,7 @@ QStringList nameFilters(const std::string& filter) {
   return filters;
 }
 
-constexpr int NameColumn = 0;
-constexpr int SizeColumn = 1;
-constexpr int TypeColumn = 2;
-constexpr int DateColumn = 3;
+enum Column { NameColumn, SizeColumn, TypeColumn, DateColumn };
 
 // Qt writes sizes and dates as the system's language has them.
 class SpanishCells final : public QStyledItemDelegate {

@@ -6,7 +6,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
-#include "desktop/qt/outline.h"
+#include "desktop/qt/form.h"
 
 namespace forms::qt {
 
@@ -79,7 +79,7 @@ void FocusKeeper::outline(const WidgetView& view) {
   constexpr int Width = 1; // pixels
   constexpr int Distance = 3;
   const QWidget& widget = view.widget();
-  outline_ = new Outline(widget.parentWidget());
+  outline_ = new Outline(static_cast<Form&>(*widget.parentWidget()));
   outline_->showAt(widget.geometry().adjusted(-Distance, -Distance, Distance, Distance), Width);
 }
 

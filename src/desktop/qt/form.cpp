@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -9,6 +10,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <qdrawutil.h>
 
 #include "desktop/qt/conversions.h"
 
@@ -107,6 +109,31 @@ bool Form::focusNextPrevChild(bool next) {
     return true;
   reporter_.report([&](Forms& forms) { forms.tabbed(*window_, next); });
   return true;
+}
+
+Outline::Outline(Form& form) : QWidget(&form) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  form.stack(*this, std::numeric_limits<int>::max());
+  hide();
+}
+
+void Outline::showAt(const QRect& place, int width, bool faint) {
+  setGeometry(place);
+  width_ = width;
+  faint_ = faint;
+  update();
+  show();
+}
+
+// Yellow between two dark lines: it shows on both tones of a board and on either side's units.
+void Outline::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  constexpr double Faint = 0.4;
+  painter.setOpacity(faint_ ? Faint : 1);
+  const int inner = width_ + 1;
+  qDrawPlainRect(&painter, rect(), Qt::black);
+  qDrawPlainRect(&painter, rect().adjusted(1, 1, -1, -1), QColor(255, 214, 0), width_);
+  qDrawPlainRect(&painter, rect().adjusted(inner, inner, -inner, -inner), Qt::black);
 }
 
 } // namespace forms::qt

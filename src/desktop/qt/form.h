@@ -1,7 +1,6 @@
-// The area of a window that holds its elements.
+// The area of a window that holds its elements, and the outline of a place on it for who plays with
+// the keyboard.
 #pragma once
-
-#include <limits>
 
 #include <QHash>
 #include <QList>
@@ -22,8 +21,6 @@ public:
   // The widgets of all visible elements as they are read: row by row, each from left to right.
   QList<QWidget*> elementsInSight() const;
 
-  // In front of every element.
-  static constexpr int FrontRank = std::numeric_limits<int>::max();
   // Moves the widget behind all of the form that have a higher rank and in front of all others. A
   // widget that was never given a rank has rank 0.
   void stack(QWidget& widget, int rank);
@@ -45,6 +42,22 @@ private:
   Window* window_; // nullptr once it has gone
   Scale scale_;
   QHash<const QObject*, int> ranks_;
+};
+
+// Lies in front of everything on its form and lets the mouse through.
+class Outline final : public QWidget {
+public:
+  explicit Outline(Form& form);
+  // `width` is the line's in pixels, without the two dark lines beside it. A faint one marks where
+  // the keyboard was.
+  void showAt(const QRect& place, int width, bool faint = false);
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  int width_ = 1;
+  bool faint_ = false;
 };
 
 } // namespace forms::qt

@@ -92,8 +92,6 @@ QImage PictureStore::decode(const QString& path) {
 
 QImage PictureStore::load(const QString& path, int wanted) {
   for (const QString& file : candidates(path, wanted)) {
-    if (!QFileInfo::exists(file))
-      continue;
     if (QImage image = decode(file); !image.isNull())
       return image;
   }

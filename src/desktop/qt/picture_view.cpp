@@ -9,8 +9,6 @@
 
 #include "desktop/qt/control_view.h"
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/form.h"
-#include "desktop/qt/outline.h"
 #include "desktop/qt/window_view.h"
 #include "forms/grid_picture.h"
 
@@ -129,7 +127,7 @@ protected:
     // Qt stacks in the order of making, as the forms layer does; only the rank must be told.
     const int rank = shown().zOrderRank;
     if (shown().Visible && std::exchange(shownRank_, rank) != rank)
-      static_cast<Form*>(widget().parentWidget())->stack(widget(), rank);
+      form().stack(widget(), rank);
     syncCursor();
     if (widget().underMouse())
       syncPointer();
@@ -211,7 +209,7 @@ private:
       return;
     }
     if (!cursor_)
-      cursor_ = new Outline(widget().parentWidget());
+      cursor_ = new Outline(form());
     const bool moved = cursor_->isHidden() || cursor_->geometry() != *place;
     cursor_->showAt(*place, std::max(2, scale().length(CursorWidth)), !widget().hasFocus());
     if (moved)

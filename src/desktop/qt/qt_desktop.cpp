@@ -6,7 +6,6 @@
 #include <QDir>
 
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/elements.h"
 #include "desktop/qt/file_dialog.h"
 #include "desktop/qt/message_box.h"
 #include "desktop/qt/window_view.h"

@@ -47,8 +47,7 @@ constexpr std::array RoleColors{
 QPalette lightPalette() {
   QPalette palette;
   for (const RoleColor& color : RoleColors) {
-    palette.setColor(QPalette::Active, color.role, QColor::fromRgb(color.normal));
-    palette.setColor(QPalette::Inactive, color.role, QColor::fromRgb(color.normal));
+    palette.setColor(color.role, QColor::fromRgb(color.normal));
     palette.setColor(QPalette::Disabled, color.role, QColor::fromRgb(color.disabled));
   }
 #if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)

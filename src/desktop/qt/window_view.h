@@ -1,5 +1,5 @@
-// The views of the windows: the frame, a child window inside it, one of its own; and what they have
-// in common.
+// The views of the windows, the frame, a child window inside it, one of its own, and of what stands
+// on them.
 #pragma once
 
 #include "desktop/qt/element_view.h"
@@ -11,7 +11,7 @@ class QEventLoop;
 
 namespace forms::qt {
 
-// Title and icon, size and place.
+// What all windows have in common: title and icon, size and place.
 class WindowView : public WidgetView {
 public:
   void detach() override;
@@ -53,5 +53,7 @@ private:
 WindowView* makeView(Window& window, Screen& screen);
 // To be made while the frame is on the screen.
 WindowView* makeChildView(Window& window, Screen& screen);
+// Of an element that stands on `window`, which must have a place for it.
+ElementView* makeView(Element& element, WindowView& window, Screen& screen);
 
 } // namespace forms::qt

@@ -57,11 +57,10 @@ ZoomControl::ZoomControl(QMdiSubWindow& child, Form& form, QMdiArea& area, Zoom&
       layOut_();
     });
   };
-  onKeys({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)},
-         [this] { chooseBeside(true); });
-  onKeys({QKeySequence(Qt::CTRL | Qt::Key_Minus)}, [this] { chooseBeside(false); });
-  onKeys({QKeySequence(Qt::CTRL | Qt::Key_0)}, [this] { zoom_.fit(Zoom::UpTo::Whole); });
-  onKeys({QKeySequence(Qt::CTRL | Qt::Key_9)}, [this] { zoom_.fit(Zoom::UpTo::Last); });
+  onKeys({Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [this] { chooseBeside(true); });
+  onKeys({Qt::CTRL | Qt::Key_Minus}, [this] { chooseBeside(false); });
+  onKeys({Qt::CTRL | Qt::Key_0}, [this] { zoom_.fit(Zoom::UpTo::Whole); });
+  onKeys({Qt::CTRL | Qt::Key_9}, [this] { zoom_.fit(Zoom::UpTo::Last); });
   child.installEventFilter(this);
   area.viewport()->installEventFilter(this);
 }
