@@ -75,7 +75,6 @@ void forEachNext(const World& world, const Bound& bound,
     fault(plays && !hasWon, "leaves", &World::leaves);
     fault(plays && !hasWon, "is killed", &World::isKilled);
     fault(world.won.empty(), "sees the file torn", &World::fileIsTorn);
-    fault(world.won.empty(), "sees the file deleted", &World::fileIsDeleted);
   }
 }
 
@@ -138,13 +137,8 @@ public:
   std::map<std::string, std::string> exceptions; // the same of what is excused
 
 private:
-  struct From {
-    const World* before;
-    std::string what;
-  };
-
   void add(World&& next, const World* before, const std::string& what) {
-    const auto [place, isNew] = seen_.try_emplace(std::move(next), From{before, what});
+    const auto [place, isNew] = seen_.try_emplace(std::move(next), std::pair(before, what));
     if (!isNew)
       return;
     World end = place->first;
@@ -163,7 +157,8 @@ private:
     return order.empty() ? what : order + ", " + what;
   }
 
-  std::unordered_map<World, From, Hash> seen_;
+  // With the world before, and what led on from there.
+  std::unordered_map<World, std::pair<const World*, std::string>, Hash> seen_;
   std::deque<const World*> waiting_;
 };
 

@@ -98,14 +98,13 @@ struct World {
   void goesAwayOrComesBack(int who) { copies[who].away = !copies[who].away; }
   void hangsOrAnswers(int who) { copies[who].hangs = !copies[who].hangs; }
   void fileIsTorn(int /*who*/) { file = {Found::Torn, "torn", {}}; }
-  void fileIsDeleted(int /*who*/) { file = {Found::Missing, "", {}}; }
 
   // A look reads the position, then the result, which may be younger. A write compares, empties the
   // file and puts the text there; the winner's adds the result.
   void workGoesOn(int who) {
     Work& work = copies[who].work;
     const auto& [what, look, position] = work.action;
-    enum { Read = 0, Compare = 0, Empty, Put, AddResult };
+    enum { Compare, Empty, Put, AddResult };
     const int call = work.calls++;
     const int last = what == Action::LookAtFile ? 1 : what == Action::Write ? Put : AddResult;
     work.ended = copies[who].away || call == last;
@@ -180,10 +179,8 @@ private:
   static std::uint8_t number(int who) { return static_cast<std::uint8_t>(who + 1); }
 
   void check() {
-    if (file.found == Found::Whole && file.position.squares.empty())
-      broken = "an unknown position is written";
-    if (file.position.squares == "idle")
-      broken = "an idle move is written";
+    if (file.found == Found::Whole && !file.position.squares.starts_with('0'))
+      broken = "what nobody in turn has played is written";
     if (inTurn(0) && inTurn(1))
       broken = "both copies are in turn";
     for (const int who : {0, 1})
