@@ -99,41 +99,14 @@ struct World {
   void hangsOrAnswers(int who) { copies[who].hangs = !copies[who].hangs; }
   void fileIsTorn(int /*who*/) { file = {Found::Torn, "torn", {}}; }
 
-  // A look reads the position, then the result, which may be younger. A write compares, empties the
-  // file and puts the text there; the winner's adds the result.
+  // The next call to the system.
   void workGoesOn(int who) {
     Work& work = copies[who].work;
-    const auto& [what, look, position] = work.action;
-    enum { Compare, Empty, Put, AddResult };
-    const int call = work.calls++;
-    const int last = what == Action::LookAtFile ? 1 : what == Action::Write ? Put : AddResult;
-    work.ended = copies[who].away || call == last;
-    if (what == Action::LookAtFile) {
-      const Look begun = std::exchange(work.look, copies[who].away ? Look{} : file);
-      if (work.look.found == Found::Result && begun.found == Found::Whole)
-        work.look.position = begun.position;
-      return;
-    }
-    const Look before[] = {look, look, Torn, whole(position)};
-    if (call == Compare && (work.ended || file != look)) {
-      work.ended = true;
-      work.written = Written::Overtaken;
-    }
-    if (work.ended && call != last)
-      return;
-    if (file != before[call])
-      excuse = "two write at once";
-    if (call == Empty)
-      file = Torn;
-    if (call == Put)
-      put(position, look);
-    if (call == AddResult) {
-      file.found = file == whole(position) ? Found::Result : Found::Torn;
-      file.text += "1" + std::to_string(position.JugadorActual);
-      file.position.JugadorActual = 0; // nobody's turn
-    }
-    if (work.ended)
-      work.written = Written::Whole;
+    if (work.action.what == Action::LookAtFile)
+      looks(work, copies[who].away);
+    else
+      writes(work, copies[who].away);
+    ++work.calls;
   }
   // All that does not hang comes to its end, and what that leads to.
   void comesToRest() {
@@ -223,6 +196,41 @@ private:
     const bool knows = action.what == Action::TakeOver || copy.agreed;
     if (older && inTurn(who) && !(knows && copy.played == latest))
       excuse = "an older text is believed";
+  }
+
+  // First at the position, then at the result, which may be younger.
+  void looks(Work& work, bool away) const {
+    const Look begun = std::exchange(work.look, away ? Look{} : file);
+    if (work.look.found == Found::Result && begun.found == Found::Whole)
+      work.look.position = begun.position;
+    work.ended = away || work.calls == 1;
+  }
+
+  // The winner's write goes on behind the position.
+  void writes(Work& work, bool away) {
+    enum { Compare, Empty, Put, AddResult };
+    const auto& [what, look, position] = work.action;
+    const bool isOvertaken = work.calls == Compare && (away || file != look);
+    const bool isLast = work.calls == (what == Action::Write ? Put : AddResult);
+    work.ended = away || isOvertaken || isLast;
+    if (isOvertaken)
+      work.written = Written::Overtaken;
+    if (away || work.calls == Compare)
+      return;
+    const Look left[] = {look, look, Torn, whole(position)}; // by the call before
+    if (file != left[work.calls])
+      excuse = "two write at once";
+    if (work.calls == Empty)
+      file = Torn;
+    if (work.calls == Put)
+      put(position, look);
+    if (work.calls == AddResult) {
+      file.found = file == whole(position) ? Found::Result : Found::Torn;
+      file.text += "1" + std::to_string(position.JugadorActual);
+      file.position.JugadorActual = 0; // nobody's turn
+    }
+    if (isLast)
+      work.written = Written::Whole;
   }
 
   void put(const Position& position, const Look& over) {
