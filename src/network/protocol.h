@@ -11,41 +11,44 @@ namespace falanges::network {
 
 // clang-format off
 //
-//   state           what happens                           what is done             next state
-//   --------------  -------------------------------------  -----------------------  ---------------
-//   (any)           Join                                   look                     Joining
-//                   Join while an operation is under way   nothing                  Rejoining
-//   Rejoining       that operation is over                 look                     Joining
-//   Joining         the file is whole                      it is opened             InTurn, FirstLook
-//                   it is torn or missing, `own` is known  it is asked for GoOn     Joining
-//                   none of these                          it is refused            Joining
-//                   GoOn                                   `own` is written         GoingOn
-//   GoingOn         the write is whole                     `own` is opened          InTurn, FirstLook
-//                   a look after a write in vain finds     `own` is written         GoingOn
+//   state           what happens                           what is done          next state
+//   --------------  -------------------------------------  --------------------  -----------------
+//   (any)           Join                                   look                  Joining
+//                   Join while an operation is under way   nothing               Rejoining
+//   Rejoining       that operation is over                 look                  Joining
+//   Joining         the file is whole                      it is opened          InTurn, FirstLook
+//                   it is torn or missing, `own` is known  it is asked for GoOn  Joining
+//                   none of these                          it is refused         Joining
+//                   GoOn                                   `own` is written      GoingOn
+//   GoingOn         the write is whole                     `own` is opened       InTurn, FirstLook
+//                   a look after a write in vain finds     `own` is written      GoingOn
 //                     what the last turn began with
 //                   it finds anything else                 as in Joining
-//   InTurn          a look, whatever it finds              nothing                  InTurn
-//                   TurnPassed                             nothing                  TurnFinished
-//                   MoveWins                               look                     Won
-//   TurnFinished    a look, whatever it finds              `own` is written         TurnFinished
-//                   the write fails                        nothing                  MaybePublished
-//   MaybePublished  a look finds another position than     it is taken over         InTurn, Waiting
+//   InTurn          a look, whatever it finds              nothing               InTurn
+//                   TurnPassed                             nothing               TurnFinished
+//                   MoveWins                               look                  Won
+//   TurnFinished    a look, whatever it finds              `own` is written      TurnFinished
+//                   the write fails                        nothing               MaybePublished
+//   MaybePublished  a look finds another position than     it is taken over      InTurn, Waiting
 //                     the one that the turn began with
-//                   it finds that one or none              `own` is written         MaybePublished
-//   FirstLook       a look finds another position          it is taken over         InTurn, Waiting
-//                   it finds the very text of `own`        nothing                  Waiting
-//                   it finds `own` in other words          `own` is written         FirstLook
-//   Waiting         a look finds a position                it is taken over         InTurn, Waiting
-//   the last 2      a look finds the position that the     `own` is written         as before
+//                   it finds that one or none              `own` is written      MaybePublished
+//   FirstLook       a look finds another position          it is taken over      InTurn, Waiting
+//                   it finds the very text of `own`        nothing               Waiting
+//                   it finds `own` in other words          `own` is written      FirstLook
+//   Waiting         a look finds a position                it is taken over      InTurn, Waiting
+//   the last 2      a look finds the position that the     `own` is written      as before
 //                     last turn began with, or for a full
 //                     interval a torn or no file
-//   the last 4      the write is whole                     nothing                  Waiting
-//   the last 5      two looks find the same result         this copy loses          Ended
-//   Won             a look                                 the result is written    Won
-//                   the write is whole                     nothing                  Ended
+//   the last 4      the write is whole                     nothing               Waiting
+//   the last 5      two looks find the same result         this copy loses       Ended
+//   Won             a look                                 result is written     Won
+//                   the write is whole                     nothing               Ended
 //
+// In this order: behind the first three the game is on the screen.
+enum class Phase { Rejoining, Joining, GoingOn, InTurn, TurnFinished,
+                   MaybePublished, FirstLook, Waiting, Won, Ended };
 // clang-format on
-//
+
 // One operation on the file is under way at a time; what another state asks for waits until it is
 // over, also when the game was left and joined again meanwhile: a write of this copy must not come
 // behind its next look. Each write goes only over what the last look found.
@@ -55,20 +58,6 @@ namespace falanges::network {
 // In all states but InTurn the moves on this copy's screen are idle: nothing of them is written or
 // wins, and the next position that is taken over drops them. While they make it look as if this
 // player were in turn, FirstLook and Waiting look for a result alone.
-
-// In the order of the table; behind the first three a game is on the screen.
-enum class Phase {
-  Rejoining,
-  Joining,
-  GoingOn,
-  InTurn,
-  TurnFinished,
-  MaybePublished,
-  FirstLook,
-  Waiting,
-  Won,
-  Ended
-};
 
 // A board and who is in turn on it.
 struct Position {
