@@ -8,6 +8,7 @@ xdotool's. Needs DISPLAY, a screen with a window manager, and WINE, the path of 
 import os
 import subprocess
 import time
+from contextlib import contextmanager
 
 TYPES = {"ban": 1, "inf": 2, "cab": 3, "ele": 4, "gen": 5}
 PALETTE = {"inf": (560, 100), "cab": (1640, 100), "ele": (2720, 100), "gen": (3800, 100), "ban": (4880, 100)}
@@ -20,6 +21,20 @@ running = []  # processes, to be ended when something goes wrong
 
 def run(*command):
     return subprocess.run(command, check=True, capture_output=True).stdout
+
+
+@contextmanager
+def screen(folder):
+    """At the end of what is done on it everything ends that was started. A failure leaves a picture of it
+    in the folder."""
+    try:
+        yield
+    except BaseException:
+        run("import", "-window", "root", folder / "screen-at-failure.png")
+        raise
+    finally:
+        for process in running:
+            process.kill()
 
 
 def wait_for(what, condition, seconds=60):

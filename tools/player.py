@@ -254,6 +254,9 @@ class Player:
         names = self.names_with(Atspi.StateType.FOCUSED)
         return names[-1] if names else ""  # the innermost
 
+    def sits_at(self, words):
+        wait_for(f"the focus on {words!r}", lambda: fnmatch.fnmatchcase(self.focused(), words))
+
     # --- Hands --------------------------------------------------------------------------------------
 
     def tool(self, *command):

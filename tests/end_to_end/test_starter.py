@@ -19,6 +19,11 @@ def script(path, *lines):
     path.chmod(0o755)
 
 
+def shows(folder, *words):
+    shown = subprocess.run([folder / "falanges"], stdout=subprocess.PIPE).stdout.decode()
+    assert all(word in shown for word in words), shown
+
+
 with tempfile.TemporaryDirectory() as home:
     folder = Path(home)
     check, program = folder / "lib/check.sh", folder / "falanges.bin"
@@ -27,21 +32,14 @@ with tempfile.TemporaryDirectory() as home:
     script(program, "echo El programa")
     script(folder / "zenity", 'echo "Ventana: $*"')
     os.environ["PATH"] = f"{folder}:/usr/bin:/bin"
+    signal.signal(signal.SIGCHLD, signal.SIG_IGN)  # what is started inherits it
 
-    def shows(*words, place=folder):
-        shown = subprocess.run(
-            [place / "falanges"],
-            stdout=subprocess.PIPE,
-            preexec_fn=lambda: signal.signal(signal.SIGCHLD, signal.SIG_IGN),
-        ).stdout.decode()
-        assert all(word in shown for word in words), shown
-
-    shows("Ventana", f"{check}")  # missing
+    shows(folder, "Ventana", f"{check}")  # missing
     shutil.copy(CHECK, check)
-    shows("Ventana", "UTF-8", place=shutil.copytree(folder, folder / OLD_NAME))
+    shows(shutil.copytree(folder, folder / OLD_NAME), "Ventana", "UTF-8")
     script(check, "echo 'Falta libX'", "exit 1")
-    shows("Ventana", "Falta libX")
+    shows(folder, "Ventana", "Falta libX")
     script(check, "exit 0")
-    shows("El programa")
+    shows(folder, "El programa")
     program.unlink()
-    shows("Ventana", f"{program}")
+    shows(folder, "Ventana", f"{program}")
