@@ -9,6 +9,7 @@ import os
 import subprocess
 import time
 from contextlib import contextmanager
+from pathlib import Path
 
 TYPES = {"ban": 1, "inf": 2, "cab": 3, "ele": 4, "gen": 5}
 PALETTE = {"inf": (560, 100), "cab": (1640, 100), "ele": (2720, 100), "gen": (3800, 100), "ban": (4880, 100)}
@@ -35,6 +36,12 @@ def screen(folder):
     finally:
         for process in running:
             process.kill()
+
+
+def traces():
+    """What programs under Wine have left in the registry and in the user's folder."""
+    keys = run(os.environ["WINE"], "reg", "query", r"HKCU\Software")
+    return keys, set(Path(os.environ["WINEPREFIX"], "drive_c", "users").rglob("*"))
 
 
 def wait_for(what, condition, seconds=60):
@@ -170,6 +177,18 @@ class Game(Program):
     def click(self, spot):
         y, x = map(str, self.pixel((spot[0] + 200, spot[1] + 200)))
         run("xdotool", "mousemove", x, y, "sleep", "0.2", "click", "1", "sleep", "0.3")
+
+    def lay_out(self, army):
+        """Sets down kinds of units by square in a new game. Gives them and their mirror images, as they must
+        stand on the screen now."""
+        self.anchor("inf_j1", PALETTE["inf"], "Escape", "alt+j", "n")
+        units = {}
+        for square, kind in army.items():
+            self.click(PALETTE[kind])
+            self.click(place(square))
+            units |= {square: f"{kind}_j1", 26 - square: f"{kind}_j2"}
+        self.shows(units, PALETTE)
+        return units
 
     def move(self, units, start, target):
         """Moves on the screen and in `units`."""

@@ -1,6 +1,7 @@
 // Text files where POSIX decides: permissions, links, a full disk, pipes, what the disk is told.
 #include "forms/text_file.h"
 
+#include <algorithm>
 #include <csignal>
 
 #include <sys/fsuid.h>
@@ -84,39 +85,28 @@ TEST_F(TextFilePosixTest, NothingWaitsForAPipeOrTakesItForAFile) {
   EXPECT_TRUE(fs::is_fifo(pipe));
 }
 
-// No file may grow beyond so many bytes: what a full disk looks like to the writer.
-class FullDisk {
-public:
-  FullDisk() {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit full{10, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &full);
-  }
-  ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+// What a full disk looks like to the writer.
+void limitFileSize(rlim_t bytes) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  limit.rlim_cur = std::min(bytes, limit.rlim_max);
+  setrlimit(RLIMIT_FSIZE, &limit);
+}
 
-private:
-  rlimit before_{};
-};
-
-// A person without rights to the folder, though the tests may run as root.
-class Stranger {
-public:
-  Stranger() { setfsuid(65534); }
-  ~Stranger() {
-    setfsuid(geteuid());
-    prctl(PR_SET_DUMPABLE, 1); // or the leak check could not look into this process any more
-  }
-};
+// Another one has no rights to the folder, though the tests may run as root.
+void actAs(uid_t person) {
+  setfsuid(person);
+  prctl(PR_SET_DUMPABLE, 1); // or the leak check could not look into this process any more
+}
 
 const std::string Large(5000, 'x');
 
 TEST_F(TextFilePosixTest, AFullDiskCostsNoEarlierFile) {
-  {
-    const FullDisk full;
-    EXPECT_FALSE(replaceTextFile(path, Large));
-    EXPECT_FALSE(writeTextFile(folder.file("directo"), Large));
-  }
+  limitFileSize(10);
+  EXPECT_FALSE(replaceTextFile(path, Large));
+  EXPECT_FALSE(writeTextFile(folder.file("directo"), Large));
+  limitFileSize(RLIM_INFINITY);
   EXPECT_EQ(readTextFile(path, 100), "partida");
   EXPECT_EQ(folder.entries(), 2) << "no temporary file is left";
 }
@@ -126,13 +116,13 @@ TEST_F(TextFilePosixTest, AFolderThatTakesNoNewNameIsWrittenPastAndAProtectedFil
   ASSERT_TRUE(writeTextFile(common, "partida"));
   fs::permissions(path, fs::perms(0444));
   fs::permissions(common, fs::perms(0666));
-  {
-    const Stranger stranger;
-    EXPECT_FALSE(replaceTextFile(path, "x"));
-    EXPECT_TRUE(replaceTextFile(common, "x"));
-    const FullDisk full;
-    EXPECT_FALSE(replaceTextFile(common, Large));
-  }
+  actAs(65534);
+  EXPECT_FALSE(replaceTextFile(path, "x"));
+  EXPECT_TRUE(replaceTextFile(common, "x"));
+  limitFileSize(10);
+  EXPECT_FALSE(replaceTextFile(common, Large));
+  limitFileSize(RLIM_INFINITY);
+  actAs(geteuid());
   EXPECT_EQ(readTextFile(path, 100), "partida");
   EXPECT_EQ(readTextFile(common, 100), "x") << "put back";
 }

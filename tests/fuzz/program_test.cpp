@@ -26,50 +26,42 @@ public:
     // The frame stays open most of the time.
     return chance.below(box.text == LeaveQuestion ? 16 : 2) == 0 ? Answer::Yes : Answer::No;
   }
-  std::optional<std::string> fileDialog(const FileDialog&) override {
-    tick(chance.below(30));
+  std::optional<std::string> fileDialog(const FileDialog& dialog) override {
+    if (dialog.save && chance.below(8) > 0)
+      return std::nullopt; // a save waits for the disk
     return chance.anyOf(files);
   }
 
 private:
   // Now and then to a torn one.
   void changeFile() {
-    const auto closing = chance.anyOf<std::string>({"1\r\n", "2\r\n", "2\r\n12\r\n"});
-    const std::string text = gameFile(chance.board(), closing);
+    const std::string turn = "2\r\n", victory = "12\r\n";
+    const std::string text =
+        gameFile(chance.board(), chance.anyOf<std::string>({turn, turn + victory}));
     std::ofstream(scripted::toPath(chance.anyOf(files)), std::ios::binary)
         << text.substr(chance.below(8) == 0 ? text.size() / 2 : 0);
   }
 
   std::string anyStep() {
+    static const std::map<Kind, std::string> uses = {
+        {Kind::Window, "close "}, {Kind::Picture, "click "},  {Kind::Label, "click "},
+        {Kind::TextBox, "type "}, {Kind::CheckBox, "click "}, {Kind::DropList, "choose "},
+        {Kind::Button, "click "}, {Kind::MenuEntry, "menu "}, {Kind::Timer, "tick 7 "}};
     Window& window = *chance.anyOf(forms_->openWindows());
     if (&window == forms_->activeChild() && chance.below(4) == 0)
       return chance.anyOf<std::string>({"Tab", "Shift+Tab", "Left", "Right", "Up", "Down", "Enter",
-                                        "Space", "Escape", "1", "5"});
+                                        "Space", "Delete", "Escape", "1", "5"});
     std::vector<Element*> usable = {&window};
     for (Element* element : window.elements())
       if (element->isReachable())
         usable.push_back(element);
-    return anyUseOf(*chance.anyOf(usable));
+    const Element& element = *chance.anyOf(usable);
+    // Text, item of a list, or place on a picture.
+    const std::string place =
+        std::to_string(chance.below(10000)) + ";" + std::to_string(chance.below(10000));
+    const auto value = chance.anyOf<std::string>({"1", "2", "5", "6x6", "8x8", place, place});
+    return uses.at(element.kind()) + window.name() + "." + element.name() + " " + value;
   }
-  std::string anyUseOf(Element& element) {
-    const std::string name = element.window().name() + "." + element.name();
-    const bool seldom = chance.below(4) == 0;
-    switch (element.kind()) {
-    case Kind::Window:
-      return (seldom ? "close " : "activate ") + name;
-    case Kind::MenuEntry:
-      return "menu " + name;
-    case Kind::Timer:
-      return "tick " + number(30);
-    case Kind::TextBox:
-      return "type " + name + " " + number(8);
-    case Kind::DropList:
-      return "choose " + name + " " + chance.anyOf(dynamic_cast<DropList&>(element).items());
-    default:
-      return (seldom ? "right " : "click ") + name + " " + number(10000) + ";" + number(10000);
-    }
-  }
-  std::string number(int bound) { return std::to_string(chance.below(bound)); }
 
   Chance chance;
   const std::vector<std::string> files = {folder_.file("a"), folder_.file("b"), folder_.file("c")};
@@ -82,7 +74,6 @@ void checkWhatAlwaysHolds(App& app) {
   EXPECT_TRUE(playing || !app.principal.JuegoEnRed);
   EXPECT_EQ(frame.tmrRed.Enabled, app.principal.JuegoEnRed);
   EXPECT_EQ(frame.mnuNuevoJuego.Visible, !deploying && !playing);
-  EXPECT_EQ(frame.mnuGuardarPlantilla.Visible, deploying);
   if (!frame.mnuGuardarJuego.Visible)
     return;
   EXPECT_TRUE(playing && !app.principal.JuegoEnRed);

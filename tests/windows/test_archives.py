@@ -7,25 +7,18 @@ Each archive is unpacked into an empty folder, whose path has blanks and accents
 behind in the registry or in the user's folder.
 """
 
-import os
 import shutil
 import sys
 import tempfile
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
-from picture_player import BOX, INICIAR, PALETTE, Game, Program, game_file, place, run, screen, wait_for
+from picture_player import BOX, INICIAR, Game, Program, game_file, place, screen, traces, wait_for
 
 
 def deploy_move_save(folder):
     program = Game(folder)
-    program.anchor("inf_j1", PALETTE["inf"], "Escape", "alt+j", "n")
-    units = {}
-    for kind, square in (("inf", 21), ("cab", 22), ("ele", 23), ("gen", 24), ("ban", 25)):
-        program.click(PALETTE[kind])
-        program.click(place(square))
-        units |= {square: f"{kind}_j1", 26 - square: f"{kind}_j2"}
-    program.shows(units, PALETTE)
+    units = program.lay_out({21: "inf", 22: "cab", 23: "ele", 24: "gen", 25: "ban"})
     program.click(INICIAR)
     program.answer(BOX, "s")
     program.shows(units)
@@ -77,11 +70,6 @@ def linux_needs_no_qt(archive, folder):
     files = {line.split(maxsplit=5)[5] for line in loaded.splitlines() if "Qt6" in line or "/libq" in line}
     assert len(files) >= 6 and all(file.startswith(str(folder)) for file in files), files
     program.close()
-
-
-def traces():
-    keys = run(os.environ["WINE"], "reg", "query", r"HKCU\Software")
-    return keys, set(Path(os.environ["WINEPREFIX"], "drive_c", "users").rglob("*"))
 
 
 windows, linux = (Path(name).resolve() for name in sys.argv[1:])
