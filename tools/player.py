@@ -257,6 +257,12 @@ class Player:
     def sits_at(self, words):
         wait_for(f"the focus on {words!r}", lambda: fnmatch.fnmatchcase(self.focused(), words))
 
+    def goes(self, key, words):
+        """What the key does is said, and the element with the focus has that name."""
+        self.keys(key)
+        self.hears(words)
+        self.sits_at(words)
+
     # --- Hands --------------------------------------------------------------------------------------
 
     def tool(self, *command):

@@ -16,16 +16,6 @@ sys.path.insert(0, str(ROOT / "tools"))
 from player import wait_for  # noqa: E402
 
 
-def unpack(home, name):
-    game = home / name
-    shutil.copytree(Path(sys.argv[1], "ico"), game / "ico")
-    shutil.copy(ROOT / "packaging/linux/menu.sh", game)
-    program = game / "falanges"
-    program.write_text(f"#!/bin/sh\nprintf '%s' \"$0 $#\" >'{home}/started'\n")
-    program.chmod(0o755)
-    return game
-
-
 def menu(script, word, folder=None):
     return subprocess.run([script, word], cwd=folder, capture_output=True).returncode
 
@@ -38,7 +28,12 @@ with tempfile.TemporaryDirectory() as home:
     started = home / "started"
 
     # All that an entry's own rules have a meaning for, and what env would take for a variable.
-    game = unpack(home, 'a=b Ángel 100%f "$a" `b` \\c')
+    game = home / 'a=b Ángel 100%f "$a" `b` \\c'
+    shutil.copytree(Path(sys.argv[1], "ico"), game / "ico")
+    shutil.copy(ROOT / "packaging/linux/menu.sh", game)
+    program = game / "falanges"
+    program.write_text(f"#!/bin/sh\nprintf '%s' \"$0 $#\" >'{started}'\n")
+    program.chmod(0o755)
     link = home / "menú"
     link.symlink_to(game / "menu.sh")
     for script in (link, f"{game.name}/menu.sh"):
@@ -48,10 +43,11 @@ with tempfile.TemporaryDirectory() as home:
         assert Path(known.get_icon().get_file().get_path()).is_file()
         started.write_text("")
         known.launch()
-        wait_for(known.get_commandline(), lambda: started.read_text() == f"{game}/falanges 0")
+        wait_for(known.get_commandline(), lambda: started.read_text() == f"{program} 0")
     assert menu(link, "quitar") == 0
     assert not entry.exists()
 
     for name in ("con\nExec=touch renglones", "al final\n", os.fsdecode(b"d\xeda")):
-        assert menu(unpack(home, name) / "menu.sh", "poner") == 1
+        game = game.rename(home / name)
+        assert menu(game / "menu.sh", "poner") == 1
         assert not entry.exists()

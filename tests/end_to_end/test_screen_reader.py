@@ -9,31 +9,25 @@ from player import LEAVE, START, Player, Session  # noqa: E402
 
 
 class BlindPlayer(Player):
-    def key(self, key, words):
-        """What the key does is said, and the element with the focus has that name."""
-        self.keys(key)
-        self.hears(words)
-        self.sits_at(words)
-
     def sits_at_board(self):
         """The first arrow key puts the cursor on the lower left square."""
         self.sits_at("Tablero 5x5")
-        self.key("Left", "*uadro 21, fila 5, columna 1*")
+        self.goes("Left", "*uadro 21, fila 5, columna 1*")
 
     def say_yes(self, words):
         """No has the focus at first."""
         self.sits_at("No")
-        self.key("Left", "Sí")
+        self.goes("Left", "Sí")
         self.answer(words, key="s")
 
 
 def change_options(ana):
     ana.keys("alt+o")
     ana.sits_at("Permitir más de 1 Bandera")
-    ana.key("Tab", "Permitir Unidades en cualquier fila")
+    ana.goes("Tab", "Permitir Unidades en cualquier fila")
     ana.keys("space")
-    ana.key("Tab", "Cargar Juego en Red")
-    ana.key("Tab", "Segundos de Actualización")
+    ana.goes("Tab", "Cargar Juego en Red")
+    ana.goes("Tab", "Segundos de Actualización")
     ana.keys("8", "ctrl+F4")
     ana.sees_no("Opciones de Configuración")
     assert (ana.folder / "VornathFalangesZTEE.cfg").read_bytes() == b"0;1;8;1;\r\n"
@@ -44,30 +38,29 @@ def set_up(ana):
     ana.sits_at_board()
     ana.keys("5")
     ana.hears("Bandera, elegida")
-    ana.key("Return", "Bandera, Jugador 1, cuadro 21,*")
-    ana.key("Up", "Cuadro 16, fila 4, columna 1, vacío")
+    ana.goes("Return", "Bandera, Jugador 1, cuadro 21,*")
+    ana.goes("Up", "Cuadro 16, fila 4, columna 1, vacío")
     ana.keys("Return")
     ana.answer("NO se permite ubicar más de 1 Bandera", key="Return")
     ana.sits_at("Cuadro 16, fila 4, columna 1, vacío")
     for digit, name in enumerate(["Infantería", "Caballería", "Elefantes", "General"], 1):
-        ana.key("Right", f"Cuadro {16 + digit},*")
+        ana.goes("Right", f"Cuadro {16 + digit},*")
         ana.keys(str(digit))
         ana.hears(f"{name}, elegida")
-        ana.key("Return", f"{name}, Jugador 1, cuadro {16 + digit},*")
+        ana.goes("Return", f"{name}, Jugador 1, cuadro {16 + digit},*")
     # Forwards the way leads over the list, and to leave that takes the army off the board.
-    ana.key("shift+Tab", "Iniciar")
+    ana.goes("shift+Tab", "Iniciar")
     ana.keys("Return")
     ana.say_yes(START)
 
 
 def play(ana):
     ana.sits_at_board()
-    ana.sees("Jugador 1: En Turno", "Jugador 2: En Espera")
     ana.keys("Right")
-    ana.key("Up", "Infantería, Jugador 1, cuadro 17,*")
-    ana.key("Return", "Infantería, Jugador 1, cuadro 17, fila 4, columna 2, seleccionada")
-    ana.key("Up", "Mover al cuadro 12, fila 3, columna 2*")
-    ana.key("space", "Infantería, Jugador 1, cuadro 12,*")
+    ana.goes("Up", "Infantería, Jugador 1, cuadro 17,*")
+    ana.goes("Return", "Infantería, Jugador 1, cuadro 17, fila 4, columna 2, seleccionada")
+    ana.goes("Up", "Mover al cuadro 12, fila 3, columna 2*")
+    ana.goes("space", "Infantería, Jugador 1, cuadro 12,*")
     ana.hears("! Jugador 2: En Turno")
 
 

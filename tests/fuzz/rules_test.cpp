@@ -56,11 +56,11 @@ TEST_F(RulesTest, EveryClickDoesWhatTheySay) {
     Rules rules{chance.board(), 1 + chance.below(2), chance.anyOf<std::string>({"0", "1", "x"}),
                 1 + chance.below(3)};
     SCOPED_TRACE(rules.board);
-    configure(rules.flags + ";0;5;" + std::to_string(rules.movesPerTurn) + ";\r\n");
-    run("menu Opciones, close Opciones"); // reads them
+    principal.OpcPermitirBanderas = rules.flags;
+    principal.MovPorTurno = static_cast<std::uint8_t>(rules.movesPerTurn);
     run("load " + rules.board + " " + std::to_string(rules.player));
     expectAgreement(rules);
-    for (int clicks = 0; clicks < 500 && rules.won.empty(); ++clicks)
+    for (int clicks = 0; clicks < 300 && rules.won.empty(); ++clicks)
       clickAnywhere(rules);
     won.insert(rules.won);
     run("close EnJuego");
@@ -70,10 +70,10 @@ TEST_F(RulesTest, EveryClickDoesWhatTheySay) {
 
 // Fewer moves a turn than were made already: the other player's turn does not come any more.
 TEST_F(RulesTest, ATurnThatHasMadeMoreMovesThanItMayDoesNotEnd) {
-  configure("0;0;5;3;\r\n");
   start();
+  principal.MovPorTurno = 3;
   run("load g..../...../...../...../....G 1, move 25 20, move 20 25");
-  run("menu Opciones, type txtMovPorTurno 1, activate EnJuego");
+  principal.MovPorTurno = 1;
   for (int moves = 2; moves < 300; moves += 2)
     run("move 25 20, move 20 25");
   EXPECT_EQ(status(), "En Turno/En Espera");

@@ -101,7 +101,6 @@ TEST_F(Files, ARefusedFileChangesNothing) {
       {gameFile(blank(8), ";\r\n"), "Línea 65: el tablero no tiene tantas casillas"},
       {std::string(LargestGameFile + 1, ' '), "El archivo ocupa más de 64 KiB"},
       {"0;0;\r\n1;2;12abc;0;0;0;\r\n1\r\n", "Línea 2: el campo 3 no es un número"},
-      {"0;0;-;", "Línea 1: el campo 3 no es un número"},
       {"1;6;", "Línea 1: el campo 2 tiene un valor no permitido"},
       {"0;0;0;-32769;", "Línea 1: el campo 4 tiene un valor no permitido"},
       {"0;0;0;0;0;99999999999;", "Línea 1: el campo 6 tiene un valor no permitido"},

@@ -34,7 +34,6 @@ TEST_F(Play, APictureInvitesWhereAClickDoesSomething) {
 TEST_F(Play, TheWindowFitsItsBoard) {
   run("load g...../....../....../....../....../.....G 1");
   EXPECT_TRUE(play.picTablero.picturePath().ends_with("6x6.jpg"));
-  EXPECT_TRUE(play.Icon.get().ends_with("adelante.ico"));
   EXPECT_EQ(play.Width, 8460) << "twips";
   EXPECT_EQ(play.Height, 7950);
 }

