@@ -112,6 +112,11 @@ class Program:
         self.window(title)
         press_until(f"«{title}» to go", lambda: not self.find(title), lambda: self.keys(key))
 
+    def qt_files(self):
+        """Those of Qt, and of its plugins, that the Linux program has loaded."""
+        loaded = Path(f"/proc/{self.process.pid}/maps").read_text()
+        return {line.split(maxsplit=5)[5] for line in loaded.splitlines() if "Qt6" in line or "/libq" in line}
+
     def keys(self, *keys):
         for key in keys:
             run("xdotool", "key", key, "sleep", "0.4")

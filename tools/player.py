@@ -55,6 +55,11 @@ def saved_game(pieces, player, side=5):
     return "".join(f"{line}\r\n" for line in [*lines, player]).encode()
 
 
+def write_script(path, *lines):
+    path.write_text("\n".join(["#!/bin/sh", *lines]))
+    path.chmod(0o755)
+
+
 def wait_for(what, ask):
     """Asks until the answer is neither empty nor false, and gives it."""
     end = time.monotonic() + PATIENCE

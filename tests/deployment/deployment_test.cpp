@@ -22,9 +22,9 @@ const std::string OnlyTwoRows = "SÓLO se permiten Unidades en las 2 primeras fi
 const std::string OnlyOneFlag = "NO se permite ubicar más de 1 Bandera";
 
 TEST_F(Deployment, AUnitGoesToOneOfTheFirstTwoRowsAndItsMirrorImageOpposite) {
-  run("click picELE, choose comTablero 8x8, click square 48", OnlyTwoRows);
-  run("click square 49");
-  expectBoard("......../.......e/......../......../......../......../E......./........");
+  run("click picELE, choose comTablero 6x6, click square 24", OnlyTwoRows);
+  run("click square 25");
+  expectBoard("....../.....e/....../....../E...../......");
   run("choose comTablero 5x5");
   expectBoard(blank(5));
   EXPECT_EQ(screen.focused(), "picTablero");

@@ -13,7 +13,7 @@ from gi.repository import Gio
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
-from player import wait_for  # noqa: E402
+from player import wait_for, write_script  # noqa: E402
 
 
 def menu(script, word, folder=None):
@@ -32,8 +32,7 @@ with tempfile.TemporaryDirectory() as home:
     shutil.copytree(Path(sys.argv[1], "ico"), game / "ico")
     shutil.copy(ROOT / "packaging/linux/menu.sh", game)
     program = game / "falanges"
-    program.write_text(f"#!/bin/sh\nprintf '%s' \"$0 $#\" >'{started}'\n")
-    program.chmod(0o755)
+    write_script(program, f"printf '%s' \"$0 $#\" >'{started}'")
     link = home / "menú"
     link.symlink_to(game / "menu.sh")
     for script in (link, f"{game.name}/menu.sh"):

@@ -8,19 +8,6 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
 from player import LEAVE, START, Player, Session  # noqa: E402
 
 
-class BlindPlayer(Player):
-    def sits_at_board(self):
-        """The first arrow key puts the cursor on the lower left square."""
-        self.sits_at("Tablero 5x5")
-        self.goes("Left", "*uadro 21, fila 5, columna 1*")
-
-    def say_yes(self, words):
-        """No has the focus at first."""
-        self.sits_at("No")
-        self.goes("Left", "Sí")
-        self.answer(words, key="s")
-
-
 def change_options(ana):
     ana.keys("alt+o")
     ana.sits_at("Permitir más de 1 Bandera")
@@ -35,7 +22,8 @@ def change_options(ana):
 
 def set_up(ana):
     ana.choose_by_keys("j", "n")
-    ana.sits_at_board()
+    ana.sits_at("Tablero 5x5")
+    ana.goes("Left", "Cuadro 21, fila 5, columna 1, vacío")
     ana.keys("5")
     ana.hears("Bandera, elegida")
     ana.goes("Return", "Bandera, Jugador 1, cuadro 21,*")
@@ -51,11 +39,14 @@ def set_up(ana):
     # Forwards the way leads over the list, and to leave that takes the army off the board.
     ana.goes("shift+Tab", "Iniciar")
     ana.keys("Return")
-    ana.say_yes(START)
+    ana.sits_at("No")
+    ana.goes("Left", "Sí")
+    ana.answer(START, key="s")
 
 
 def play(ana):
-    ana.sits_at_board()
+    ana.sits_at("Tablero 5x5")
+    ana.goes("Left", "Bandera, Jugador 1, cuadro 21,*")
     ana.keys("Right")
     ana.goes("Up", "Infantería, Jugador 1, cuadro 17,*")
     ana.goes("Return", "Infantería, Jugador 1, cuadro 17, fila 4, columna 2, seleccionada")
@@ -65,7 +56,7 @@ def play(ana):
 
 
 with Session() as session:
-    ana = BlindPlayer(session, sys.argv[1])
+    ana = Player(session, sys.argv[1])
     ana.listen()
     ana.sits_at("Aceptar")
     ana.pass_information()
@@ -73,6 +64,6 @@ with Session() as session:
     set_up(ana)
     play(ana)
     ana.keys("alt+F4")
-    ana.say_yes(LEAVE)
+    ana.answer(LEAVE, key="s")
     ana.pass_information()
     assert ana.program.wait() == 0

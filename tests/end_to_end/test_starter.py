@@ -10,13 +10,11 @@ import sys
 import tempfile
 from pathlib import Path
 
-CHECK = Path(__file__).parents[2] / "packaging/linux/check.sh"
+ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tools"))
+from player import write_script as script  # noqa: E402
+
 OLD_NAME = os.fsdecode(b"A\xf1o 2005")  # as an archive of those days unpacks
-
-
-def script(path, *lines):
-    path.write_text("\n".join(["#!/bin/sh", *lines]))
-    path.chmod(0o755)
 
 
 def shows(folder, *words):
@@ -35,7 +33,7 @@ with tempfile.TemporaryDirectory() as home:
     signal.signal(signal.SIGCHLD, signal.SIG_IGN)  # what is started inherits it
 
     shows(folder, "Ventana", f"{check}")  # missing
-    shutil.copy(CHECK, check)
+    shutil.copy(ROOT / "packaging/linux/check.sh", check)
     shows(shutil.copytree(folder, folder / OLD_NAME), "Ventana", "UTF-8")
     script(check, "echo 'Falta libX'", "exit 1")
     shows(folder, "Ventana", "Falta libX")

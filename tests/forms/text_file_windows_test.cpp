@@ -17,8 +17,8 @@ TEST(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
   const std::string path = R"(\\?\)" + folder.file("juego número 1.txt");
   const auto bytes = [&] { return readTextFile(path, 10000).value_or("-"); };
   // What others may do meanwhile, and what can be read then.
-  const std::pair<DWORD, const char*> table[] = {
-      {0, "-"}, {FILE_SHARE_READ, "partida"}, {FILE_SHARE_READ | FILE_SHARE_WRITE, "uno+"}};
+  const std::pair<DWORD, const char*> table[] = {{0, "-"},
+                                                 {FILE_SHARE_READ | FILE_SHARE_WRITE, "uno+"}};
   for (const auto& [sharing, read] : table) {
     ASSERT_TRUE(writeTextFile(path, "partida"));
     const HANDLE held = CreateFileW(scripted::toPath(path).c_str(), GENERIC_READ, sharing, nullptr,

@@ -13,7 +13,10 @@ using namespace forms;
 class Anybody final : public scripted::Player {
 public:
   explicit Anybody(unsigned seed) : chance(seed) {}
+  // Meanwhile the clock goes on.
   Answer messageBox(const MessageBox& box) override {
+    if (forms_)
+      run("tick 7");
     if (box.style == BoxStyle::Information)
       return Answer::Ok;
     // The frame stays open most of the time.
@@ -29,10 +32,11 @@ public:
     return path;
   }
   std::string anyStep() {
-    static const std::map<Kind, std::string> uses = {
-        {Kind::Window, "close "}, {Kind::Picture, "click "},  {Kind::Label, "click "},
-        {Kind::TextBox, "type "}, {Kind::CheckBox, "click "}, {Kind::DropList, "choose "},
-        {Kind::Button, "click "}, {Kind::MenuEntry, "menu "}, {Kind::Timer, "tick 7 "}};
+    static const std::map<Kind, std::string> uses = {{Kind::Window, "close "},
+                                                     {Kind::TextBox, "type "},
+                                                     {Kind::DropList, "choose "},
+                                                     {Kind::MenuEntry, "menu "},
+                                                     {Kind::Timer, "tick 7 "}};
     Window& window = *chance.anyOf(forms_->openWindows());
     if (&window == forms_->activeChild() && chance.below(4) == 0)
       return chance.anyOf<std::string>({"Tab", "Shift+Tab", "Left", "Right", "Up", "Down", "Enter",
@@ -44,7 +48,9 @@ public:
     const Element& element = *chance.anyOf(usable);
     // A text, an item of a list, or a place on a picture.
     const auto value = chance.anyOf<std::string>({"1", "2", "5", "6x6", "600;600", "4000;5000"});
-    return uses.at(element.kind()) + window.name() + "." + element.name() + " " + value;
+    const auto use = uses.find(element.kind());
+    return (use == uses.end() ? "click " : use->second) + window.name() + "." + element.name() +
+           " " + value;
   }
 
 private:
@@ -57,11 +63,7 @@ void checkWhatAlwaysHolds(App& app) {
   EXPECT_TRUE(playing || !app.principal.JuegoEnRed);
   EXPECT_EQ(app.frame.tmrRed.Enabled, app.principal.JuegoEnRed);
   EXPECT_EQ(app.frame.mnuNuevoJuego.Visible, !deploying && !playing);
-  if (!app.frame.mnuGuardarJuego.Visible)
-    return;
-  EXPECT_TRUE(playing && !app.principal.JuegoEnRed);
-  for (int n = 1; n <= app.principal.NumCasillas; ++n)
-    EXPECT_EQ(app.enJuego.picUnidad(n) != nullptr, app.principal.Casillas(n).Jugador != 0);
+  EXPECT_TRUE(playing || !app.frame.mnuGuardarJuego.Visible);
 }
 
 } // namespace

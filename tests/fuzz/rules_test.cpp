@@ -68,15 +68,4 @@ TEST_F(RulesTest, EveryClickDoesWhatTheySay) {
   EXPECT_EQ(won.size(), 4U) << "each of the three ways to win has been seen";
 }
 
-// Fewer moves a turn than were made already: the other player's turn does not come any more.
-TEST_F(RulesTest, ATurnThatHasMadeMoreMovesThanItMayDoesNotEnd) {
-  start();
-  principal.MovPorTurno = 3;
-  run("load g..../...../...../...../....G 1, move 25 20, move 20 25");
-  principal.MovPorTurno = 1;
-  for (int moves = 2; moves < 300; moves += 2)
-    run("move 25 20, move 20 25");
-  EXPECT_EQ(status(), "En Turno/En Espera");
-}
-
 } // namespace falanges

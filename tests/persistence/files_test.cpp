@@ -92,9 +92,9 @@ TEST_F(Files, ARefusedFileChangesNothing) {
   run("layOut ..c.../....../....../....../....../...C.. 1, click picGEN");
   const auto everything = [&] { return gameText(principal, 2) + menu() + windows() + shown(); };
   const std::string before = everything(), invalid = Invalid + file("rota") + "\r\n";
-  const auto load = [&](const std::string& kind, const std::optional<std::string>& path,
-                        const std::string& box) {
-    choose("menu Cargar" + kind, path, box);
+  const auto expectNothing = [&](const std::string& step, const std::optional<std::string>& path,
+                                 const std::string& box) {
+    choose(step, path, box);
     EXPECT_EQ(everything(), before);
   };
   const std::pair<std::string, std::string> table[] = {
@@ -106,10 +106,11 @@ TEST_F(Files, ARefusedFileChangesNothing) {
       {"0;0;0;0;0;99999999999;", "Línea 1: el campo 6 tiene un valor no permitido"},
       {"0;\r\n256\r\n", "Línea 2: el jugador en turno tiene un valor no permitido"}};
   for (const auto& [text, reason] : table)
-    load("Juego", write("rota", text), invalid + reason);
-  load("Plantilla", file("no hay/x"), "No se puede abrir el archivo:\r\n" + file("no hay/x"));
-  load("Juego", std::nullopt, ""); // cancelled
-  load("Plantilla", std::nullopt, "");
+    expectNothing("menu CargarJuego", write("rota", text), invalid + reason);
+  const std::string gone = file("no hay/x");
+  expectNothing("menu CargarPlantilla", gone, "No se puede abrir el archivo:\r\n" + gone);
+  expectNothing("menu CargarJuego", std::nullopt, ""); // cancelled
+  expectNothing("menu CargarPlantilla", std::nullopt, "");
 }
 
 } // namespace falanges

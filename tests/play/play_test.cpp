@@ -18,7 +18,6 @@ TEST_F(Play, TheHintNamesTheSquareUnderThePointer) {
   EXPECT_EQ(hint("picMovimientoPermitido(14) 10;10"), "Cuadro: 14 (3,2)");
   // Twips from the board's corner; a square has 1180.
   EXPECT_EQ(hint("picTablero 3540;1200"), "Cuadro: 9 (2,3)") << "a boundary";
-  EXPECT_EQ(hint("picTablero 3000;0"), "Cuadro:  (0,3)") << "none";
 }
 
 TEST_F(Play, APictureInvitesWhereAClickDoesSomething) {
@@ -29,13 +28,6 @@ TEST_F(Play, APictureInvitesWhereAClickDoesSomething) {
   run("move 24 19, click picUnidad(1)");
   EXPECT_TRUE(unit(1)->invites()) << "to take the selection back";
   EXPECT_TRUE(play.picMovimientoPermitido(7)->invites());
-}
-
-TEST_F(Play, TheWindowFitsItsBoard) {
-  run("load g...../....../....../....../....../.....G 1");
-  EXPECT_TRUE(play.picTablero.picturePath().ends_with("6x6.jpg"));
-  EXPECT_EQ(play.Width, 8460) << "twips";
-  EXPECT_EQ(play.Height, 7950);
 }
 
 TEST_F(Play, SurrenderEndsTheGameWithoutAWinner) {

@@ -66,8 +66,7 @@ def linux_needs_no_qt(archive, folder):
     assert (folder / "Manual.html").is_file()
     assert archive.stat().st_size <= 30 * 2**20
     program = Game(folder)
-    loaded = Path(f"/proc/{program.process.pid}/maps").read_text()
-    files = {line.split(maxsplit=5)[5] for line in loaded.splitlines() if "Qt6" in line or "/libq" in line}
+    files = program.qt_files()
     assert len(files) >= 6 and all(file.startswith(str(folder)) for file in files), files
     program.close()
 
