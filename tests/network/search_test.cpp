@@ -7,8 +7,13 @@
 //   - a win reaches the other copy, as it was won;
 //   - calm leads every state on: nobody waits for ever.
 //
-// The events are named in forEachNext. Turns, wins and joins are free, and so is what ends a fault;
-// faults are counted.
+// The events, of which every order is tried, of two copies: A plays player 1, B player 2.
+//   - free: a copy joins, is asked whether to go on from the last known position and says yes, or
+//     gives up joining; it ticks (a poll, or a second of waiting); while its share hangs, its
+//     worker works on call by call, and it hears the answer; it passes the turn, or wins;
+//   - counted as faults: its folder goes away; its share hangs; a write that came through is told
+//     as a failure; it moves idly, out of turn; its turn ends where it began, by two moves; it
+//     leaves, or is killed; the file is torn.
 #include <cstdlib>
 #include <deque>
 #include <functional>
