@@ -50,8 +50,8 @@ std::optional<std::string> Forms::fileDialog(const FileDialog& dialog) {
   auto path = desktop_.fileDialog(dialog);
   --boxes_;
   // An accepted dialog without a name counts as cancelled.
-  if (path && path->empty())
-    path.reset();
+  if (!path || path->empty())
+    return std::nullopt;
   return path;
 }
 
