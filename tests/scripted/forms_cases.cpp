@@ -28,10 +28,9 @@ TEST_F(FormsCases, RaiseTheirEventsInOrderAndLeaveTheFocusWhereItBelongs) {
         "menu Hoja => mnuHoja_Click [frmUno.txtB]",
         "choose com dos, choose com dos => txtB_LostFocus com_Click com_Click [frmUno.com]",
         "type txtA uno, type txtA => com_LostFocus txtA_Change txtA_Change [frmUno.txtA]",
-        "click Dos.btn => "
-        "txtA_LostFocus frmUno_Deactivate txtA_LostFocus btn_Click [frmDos.btn]",
-        "click Uno.chk, activate Dos => btn_LostFocus frmDos_Deactivate txtA_LostFocus chk_Click "
-        "chk_LostFocus frmUno_Deactivate [frmDos.btn]",
+        "click Dos.btn => txtA_LostFocus frmUno_Deactivate txtA_LostFocus btn_Click [frmDos.btn]",
+        "click Uno.chk => btn_LostFocus frmDos_Deactivate txtA_LostFocus chk_Click [frmUno.chk]",
+        "activate Dos => chk_LostFocus frmUno_Deactivate [frmDos.btn]",
         "close Dos => frmDos_QueryUnload frmDos_Unload [frmUno.chk]"});
 }
 
@@ -144,8 +143,8 @@ TEST_F(TheKeyboard, DoesOnTheBoardWhatThePointerDoes) {
         "Up, Enter => marked: Infantería, Jugador 1, cuadro 16, fila 4, columna 1",
         "Right => marked: Cuadro 17, fila 4, columna 2, vacío",
         "Left, Delete => marked: Cuadro 16, fila 4, columna 1, vacío",
-        "Down, Right, Right, Right, Right, Right, Space => "
-        "marked: Infantería, Jugador 1, cuadro 25, fila 5, columna 5",
+        "Down, Right, Right, Right, Right, Right => marked: Cuadro 25, fila 5, columna 5, vacío",
+        "Space => marked: Infantería, Jugador 1, cuadro 25, fila 5, columna 5",
         // The mouse takes the mark away, and the keyboard goes on from where it pointed last.
         "click square 22, right picUnidad(22) => Tablero 5x5", "Enter => Tablero 5x5",
         "Right => marked: Cuadro 22, fila 5, columna 2, vacío",

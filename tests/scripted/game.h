@@ -27,7 +27,8 @@ std::string victory(const std::string& player, const std::string& how);
 
 // Where square n stands in a drawing.
 inline std::size_t place(int n, int side) {
-  return static_cast<std::size_t>(n - 1 + (n - 1) / side);
+  const int slashes = (n - 1) / side;
+  return static_cast<std::size_t>(n - 1) + static_cast<std::size_t>(slashes);
 }
 std::string blank(int side);
 // The text of a saved game with this board, worked out apart from the program.
