@@ -37,9 +37,10 @@ TEST_F(Deployment, WithoutTheLimitAUnitStandsAnywhereButInTheMiddle) {
   run("click picELE, menu Opciones, click lblLimiteFilas");
   walk({"click square 1 => E..../...../...../...../....e",
         "click square 12 => E..../...../.E.e./...../....e",
-        "click square 13 => E..../...../.E.e./...../....e", // its own mirror image
-        "right picUnidad(25) => ...../...../.E.e./...../....."},
+        "click square 13 => E..../...../.E.e./...../....e"}, // its own mirror image
        [&] { return pictures(); });
+  run("right picUnidad(25)");
+  expectBoard("...../...../.E.e./...../.....");
 }
 
 TEST_F(Deployment, LeavingTheListOfBoardsErasesTheArmyAndALoadDoesNot) {

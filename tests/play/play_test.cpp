@@ -18,6 +18,7 @@ TEST_F(Play, TheHintNamesTheSquareUnderThePointer) {
   EXPECT_EQ(hint("picMovimientoPermitido(14) 10;10"), "Cuadro: 14 (3,2)");
   // Twips from the board's corner; a square has 1180.
   EXPECT_EQ(hint("picTablero 3540;1200"), "Cuadro: 9 (2,3)") << "a boundary";
+  EXPECT_EQ(hint("picTablero 3000;0"), "Cuadro:  (0,3)") << "no square";
 }
 
 TEST_F(Play, APictureInvitesWhereAClickDoesSomething) {
