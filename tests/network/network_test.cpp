@@ -100,8 +100,9 @@ TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
     EXPECT_FALSE(copy->frame.tmrRed.Enabled);
   }
   put("");
+  const std::string refusal = Invalid + path + Incomplete;
   for (Copy* copy : {&ana, &blas})
-    copy->joins(path, {{Invalid + path + Incomplete}}); // there is nothing to go on from
+    copy->joins(path, {{refusal}}); // there is nothing to go on from
 }
 
 TEST_F(Network, ACopyInTurnSeesAResultTooWhateverItsDigit) {
