@@ -9,19 +9,6 @@
 
 namespace falanges {
 
-// Boards, row by row from the top: b and g are player 2's flag and general, G and B player 1's.
-// In the game that most cases play Ana moves her general from 23 to 18, Blas his from 3 to 8.
-inline const std::string Start = "b.g../...../...../...../..G.B";
-inline const std::string AnaMoved = "b.g../...../...../..G../....B";
-inline const std::string BlasMoved = "b..../..g../...../..G../....B";
-// Ana's infantry takes the flag by the move from 6 to 1, Blas's by the one from 20 to 25.
-inline const std::string Last = "b..../I..../...../....i/....B";
-inline const std::string AnaWon = "I..../...../...../....i/....B";
-
-// What closes a file: whose turn it is, and behind a won game who has won it.
-inline const std::string AnasTurn = "1\r\n", BlassTurn = "2\r\n";
-inline const std::string AnasVictory = "1\r\n11\r\n", BlassVictory = "2\r\n12\r\n";
-
 // The way from a copy to the file.
 class Share {
 public:

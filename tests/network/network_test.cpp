@@ -1,9 +1,23 @@
-// What two players see of a network game. The orders of events are the search's.
+// What two players see of a network game, Ana (player 1) and Blas (player 2), each before a copy of
+// the program that joins the same file. The orders of events are the search's.
 #include "network/copies.h"
 
 namespace falanges {
 
 namespace {
+
+// Boards, row by row from the top: b and g are player 2's flag and general, G and B player 1's.
+// In the game that most cases play Ana moves her general from 23 to 18, Blas his from 3 to 8.
+const std::string Start = "b.g../...../...../...../..G.B";
+const std::string AnaMoved = "b.g../...../...../..G../....B";
+const std::string BlasMoved = "b..../..g../...../..G../....B";
+// Ana's infantry takes the flag by the move from 6 to 1, Blas's by the one from 20 to 25.
+const std::string Last = "b..../I..../...../....i/....B";
+const std::string AnaWon = "I..../...../...../....i/....B";
+
+// What closes a file: whose turn it is, and behind a won game who has won it.
+const std::string AnasTurn = "1\r\n", BlassTurn = "2\r\n";
+const std::string AnasVictory = "1\r\n11\r\n", BlassVictory = "2\r\n12\r\n";
 
 const std::string Updating = "Actualizando...";
 const std::string NoAccess = "Sin acceso al archivo - Reintentando...";
