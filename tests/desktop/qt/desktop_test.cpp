@@ -139,6 +139,7 @@ TEST_F(Desktop, DoesAScreenReadersWishes) {
     list->actionInterface()->doAction("ShowMenu");
     EXPECT_EQ(list->state().expanded, open);
   }
+  EXPECT_TRUE(list->state().expandable);
 }
 
 TEST_F(Desktop, MovesAChildByItsKeys) {
