@@ -18,7 +18,8 @@ class PictureStore {
 public:
   PictureStore();
   ~PictureStore();
-  Q_DISABLE_COPY_MOVE(PictureStore)
+  PictureStore(const PictureStore&) = delete;
+  PictureStore& operator=(const PictureStore&) = delete;
 
   // Pixels of the file at 96 dpi; nothing when it is no picture that can be shown, or a damaged
   // one.
