@@ -1,13 +1,32 @@
 // Laying out an army. A board is drawn from the top row, "/" between rows: B I C E G are flag,
 // infantry, cavalry, elephants and general of player 1, b i c e g those of player 2, "." is an
 // empty square. Squares count from 1 at the top left; the board is 5x5 until another one is chosen.
-// picBAN picINF picCAB picELE picGEN are the palette's pictures.
+// picBAN picINF picCAB picELE picGEN are the palette's pictures: flag, infantry, cavalry,
+// elephants, general. picUnidad(25) is the unit on square 25.
+//
+// `run(steps, box)` does the steps one by one; they lead to the box with this text, or to none:
+//   click X, right X     a click with the left or the right button of the mouse, in the middle
+//   click square 25      on the board, in the middle of square 25
+//   click corner 25      the same near its upper left corner, where no unit's picture covers it
+//   choose LIST ITEM     from a drop-down list; comTablero is the one of the board's sizes
+//   menu X               chooses the entry mnuX of the menu
+//   layOut BOARD TURN    loads a template that holds this board and names this player's turn
+//   load BOARD TURN      loads a saved game
+//   save Plantilla NAME  saves the army as a template under this name
+//   Left, Enter, 1       presses that key; a first arrow marks the lowest square on the left
+// A row of `walk` is "steps => what is seen then". `pictures()` is the board as its pictures show
+// it; `expectBoard` wants the same of the records behind them. `unit(n)` is the picture of the unit
+// on square n.
+//
+// In the options, a click on lblLimiteFilas lets units stand in any row, and one on lblBandera
+// allows more than one flag.
 #include <gmock/gmock.h>
 
 #include "scripted/game.h"
 
 namespace falanges {
 
+// The program, past its information box, with the deployment's window open.
 class Deployment : public Game {
 protected:
   Deployment() {
@@ -26,7 +45,9 @@ TEST_F(Deployment, AUnitGoesToOneOfTheFirstTwoRowsAndItsMirrorImageOpposite) {
   run("click square 25");
   expectBoard("....../.....e/....../....../E...../......");
   run("choose comTablero 5x5");
+  // An empty board of 5x5.
   expectBoard(blank(5));
+  // The list hands the keyboard on to the board.
   EXPECT_EQ(screen.focused(), "picTablero");
   run("click square 15", OnlyTwoRows);
   run("click square 16");
@@ -43,6 +64,7 @@ TEST_F(Deployment, WithoutTheLimitAUnitStandsAnywhereButInTheMiddle) {
   expectBoard("...../...../.E.e./...../.....");
 }
 
+// The menu leaves the keyboard where it is, on the list; a click on the board takes it away.
 TEST_F(Deployment, LeavingTheListOfBoardsErasesTheArmyAndALoadDoesNot) {
   const std::string army = "g..../...../...../...../....G";
   walk({"layOut " + army + ", click comTablero, save Plantilla x => " + army,
@@ -50,6 +72,7 @@ TEST_F(Deployment, LeavingTheListOfBoardsErasesTheArmyAndALoadDoesNot) {
        [&] { return pictures(); });
 }
 
+// A second flag on square 13, in the middle, offends against both options at first.
 TEST_F(Deployment, WhatIsRefusedIsToldTheLimitBeforeTheFlag) {
   run("click picBAN, click square 21");
   run("click square 25", OnlyOneFlag);
@@ -60,27 +83,36 @@ TEST_F(Deployment, WhatIsRefusedIsToldTheLimitBeforeTheFlag) {
 }
 
 TEST_F(Deployment, AChosenUnitIsSetDownUntilAnotherIsChosenOrItIsClickedAgain) {
+  // Nothing is chosen yet.
   run("click square 21", ChooseAUnit);
   run("click picGEN, click picBAN");
   EXPECT_EQ(app.nuevoJuego.picBAN.Appearance, 1) << "raised: chosen";
-  run("click square 21, click corner 21, click corner 5, click picTablero 0;0"); // taken, no square
+  // The last three do nothing: squares 21 and 5 are taken, and the board's very corner is no
+  // square.
+  run("click square 21, click corner 21, click corner 5, click picTablero 0;0");
   expectBoard("....b/...../...../...../B....");
   EXPECT_EQ(unit(21)->spokenName(), "Bandera, Jugador 1, cuadro 21, fila 5, columna 1");
+  // It was clicked again.
   run("click picBAN, click corner 21", ChooseAUnit);
 }
 
+// 1 infantry, 2 cavalry, 3 elephants, 4 general, 5 flag; Enter sets it down on the marked square.
 TEST_F(Deployment, TheDigitsChooseFromThePalette) {
   run("1, Left, Enter, 2, Right, Enter, 3, Right, Enter, 4, Right, Enter,"
       "5, Right, Enter");
   expectBoard("bgeci/...../...../...../ICEGB");
-  run("6, Up, Enter", OnlyOneFlag); // there is no sixth: still the flag
+  run("6, Up, Enter", OnlyOneFlag); // there is no sixth: the flag is still chosen
 }
 
+// A screen reader presses the board (`invoked`) without pointing at a place on it. The mouse points
+// at the middle of square 1, in twips from the board's corner.
 TEST_F(Deployment, AScreenReaderPlacesAUnitWhereTheCursorIsNotThePointer) {
   forms::GridPicture& board = app.nuevoJuego.picTablero;
   run("1"); // infantry
   EXPECT_EQ(hint("picTablero 590;590"), "Cuadro: 1 (1,1)");
-  app.forms.invoked(board); // no cursor shows
+  // Does nothing: no cursor shows.
+  app.forms.invoked(board);
+  // To square 21, then to 22.
   run("Right, Right");
   app.forms.invoked(board);
   EXPECT_EQ(pictures(), "...i./...../...../...../.I...");
@@ -89,17 +121,21 @@ TEST_F(Deployment, AScreenReaderPlacesAUnitWhereTheCursorIsNotThePointer) {
 
 TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoardAndSaved) {
   const std::string board = "....../.e..../g...../.....G/....E./......";
+  // The player in turn that a template names, here 9, counts for nothing.
   run("choose comTablero 7x7, click picINF, click square 49, layOut " + board + " 9");
-  run("click corner 1", ChooseAUnit); // what was chosen counts no more
+  // The infantry that was chosen counts no more.
+  run("click corner 1", ChooseAUnit);
   expectBoard(board);
   run("save Plantilla guardada");
   EXPECT_EQ(bytesOf(file("guardada")), gameFile(board, "0\r\n")) << "nobody's turn";
 }
 
-TEST_F(Deployment, AGameStartsWithAnArmy) {
+// The first two boxes refuse. The question, which is answered with No, lets an army start that has
+// no flag or not each type, and says so first. A flag does not count as a unit.
+TEST_F(Deployment, WhatAnArmyLacksIsToldBeforeTheGameStarts) {
   const std::string noFlag = "DEBE colocar al menos 1 Bandera\r\n";
   const std::string notEachType = "DEBE colocar al menos 1 Unidad de cada tipo\r\n";
-  // The lowest row of the board, and the box that the button brings.
+  // Player 1's row at the bottom of the board, and the box that the button to start brings.
   const std::pair<std::string, std::string> table[] = {
       {"BB..B", "DEBE colocar Unidades en el tablero"},
       {"IB.GB", "DEBE colocar al menos 3 Unidades en el tablero"},
@@ -115,9 +151,13 @@ TEST_F(Deployment, AGameStartsWithAnArmy) {
   }
 }
 
+// A window for whoever looks into a board that seems wrong, opened by the key of the button
+// Command1, which is never seen. The general (type 5) stands on 24, player 2's opposite on 2;
+// square 3 is empty. The places of the pictures are in twips: 380 from the top, 2520 from the left.
 TEST_F(Deployment, TheFieldDumpTellsEachSquareOfTheBoard) {
   using testing::HasSubstr;
   run("click picGEN, click square 24");
+  // While this window is open.
   screen.expectBox("frmMsgBox", Answer::Ok, [&] {
     const std::string text = app.msgBox.Text1.Text;
     EXPECT_THAT(text,

@@ -1,4 +1,6 @@
-// Reading the number that a text begins with, and storing it in a whole item.
+// Reading the number that a text begins with, and storing it in a whole item: `Val` reads, skipping
+// blanks; `stored` refuses what the item cannot hold, `storedNearest` takes the nearest that it
+// can.
 #include "forms/numbers.h"
 
 #include <cmath>
@@ -11,6 +13,7 @@ namespace {
 using namespace forms;
 
 TEST(NumbersTest, ATextGivesTheNumberThatItBeginsWith) {
+  // 400 nines are more than a double holds: infinity, HUGE_VAL. A comma or a second point ends it.
   const std::string nines(400, '9'), zeros(400, '0');
   const std::pair<std::string, double> table[] = {
       {"", 0},          {" 1 2\t3 ", 123},       {" - 5", -5},
@@ -24,6 +27,7 @@ TEST(NumbersTest, ATextGivesTheNumberThatItBeginsWith) {
 TEST(NumbersTest, AWholeItemTakesTheNearestAnExactHalfTheEvenOne) {
   using Byte = std::uint8_t;
   using Short = std::int16_t;
+  // A byte holds 0 to 255; {}: refused.
   const std::pair<double, std::optional<Byte>> bytes[] = {
       {2.5, 2}, {3.5, 4}, {-0.5, 0}, {255.4, 255}, {255.5, {}}, {-0.6, {}}, {HUGE_VAL, {}}};
   for (const auto& [number, whole] : bytes)

@@ -1,5 +1,10 @@
 // Pictures whose files cannot be loaded. On a drawn board I and G are infantry and general of
 // player 1, g is a general of player 2, "0" is a unit without its picture, "." an empty square.
+//
+// No picture can be loaded whose file name has the text of `missingPictures` in it. `run` does its
+// steps one by one: "menu X" chooses mnuX, "choose comTablero 8x8" a size of the board, "click
+// picINF" the infantry in the palette, "load BOARD TURN" loads a game, "move 21 16" moves the unit
+// on 21.
 #include "scripted/game.h"
 
 namespace falanges {
@@ -7,24 +12,28 @@ namespace falanges {
 using MissingPictures = Game;
 
 TEST_F(MissingPictures, AreToldOnceAndItGoesOnWithTheOldOnes) {
+  // The program's symbol.
   screen.missingPictures = "tiempo";
   screen.expectBox(informationBox().text);
   screen.expectBox("No se puede cargar la imagen:\r\n" + file("ico\\tiempo.ico"), Answer::Ok,
                    [&] { EXPECT_TRUE(frame.isOpen()); });
   app.start();
   run("menu NuevoJuego");
+  // All that are loaded from now on.
   screen.missingPictures = ".";
   run("choose comTablero 8x8, click picINF, click square 64");
   EXPECT_EQ(pictures(), "0......./......../......../......../......../......../......../.......0");
   // They stand in the way of no move; a box would fail here.
   run("load g..../...../...../...../I...G 1, move 21 16");
   EXPECT_EQ(pictures(), "0..../...../...../0..../....0");
+  // What is said of player 1 and of player 2: the turn has passed.
   EXPECT_EQ(status(), "En Espera/En Turno");
 }
 
 TEST_F(MissingPictures, AreAllNamedInOneBox) {
   start();
-  screen.missingPictures = "x"; // the boards
+  // The boards: img/5x5.jpg and so on.
+  screen.missingPictures = "x";
   std::string text = "No se pueden cargar las imágenes:";
   for (const char* name : {"5x5", "6x6", "7x7", "8x8"})
     text += "\r\n" + file("img\\" + std::string(name) + ".jpg");
@@ -33,6 +42,7 @@ TEST_F(MissingPictures, AreAllNamedInOneBox) {
 }
 
 TEST_F(MissingPictures, OfAWholeFolderAskToUnpackTheProgram) {
+  // All of the folder ico.
   screen.missingPictures = ".ico";
   screen.expectBox(informationBox().text);
   screen.expectBox("Faltan las imágenes del juego: descomprima la carpeta completa del programa y "

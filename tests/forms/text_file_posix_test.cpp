@@ -1,4 +1,6 @@
 // Text files where POSIX decides: permissions, links, a full disk, pipes, what the disk is told.
+// `write` and `append` go into the file itself; `replace` makes a temporary file, which then takes
+// the name. The number behind a path is the most bytes that are read. All tell whether it worked.
 #include "forms/text_file.h"
 
 #include <algorithm>
@@ -45,6 +47,7 @@ class TextFilePosixTest : public testing::Test {
 protected:
   void SetUp() override { ASSERT_TRUE(writeTextFile(path, "partida")); }
 
+  // An empty folder, and in it a file that holds "partida".
   scripted::TemporaryFolder folder;
   const std::string path = folder.file("juego número 1.txt");
 };
@@ -63,7 +66,8 @@ TEST_F(TextFilePosixTest, AReplacementKeepsPermissionsAndLinks) {
   EXPECT_EQ(folder.entries(), 2);
 }
 
-// The text, then the folder with its name.
+// Each sync tells the disk to keep something: the text, then the folder with its name. A text that
+// is added to a file that there is needs no second one.
 TEST_F(TextFilePosixTest, WhatIsSaidToBeDoneIsOnTheDiskWithItsName) {
   diskCalls().clear();
   EXPECT_TRUE(replaceTextFile(path, "otro"));
@@ -85,7 +89,7 @@ TEST_F(TextFilePosixTest, NothingWaitsForAPipeOrTakesItForAFile) {
   EXPECT_TRUE(fs::is_fifo(pipe));
 }
 
-// What a full disk looks like to the writer.
+// What a full disk looks like to the writer: no file may grow beyond so many bytes.
 void limitFileSize(rlim_t bytes) {
   std::signal(SIGXFSZ, SIG_IGN);
   rlimit limit{};
@@ -100,6 +104,7 @@ void actAs(uid_t person) {
   prctl(PR_SET_DUMPABLE, 1); // or the leak check could not look into this process any more
 }
 
+// In bytes, too many for a disk with room for ten.
 const std::string Large(5000, 'x');
 
 TEST_F(TextFilePosixTest, AFullDiskCostsNoEarlierFile) {
@@ -111,11 +116,14 @@ TEST_F(TextFilePosixTest, AFullDiskCostsNoEarlierFile) {
   EXPECT_EQ(folder.entries(), 2) << "no temporary file is left";
 }
 
+// Another person may write the file in common, but make no temporary one beside it: the text goes
+// over the old one. What that person may only read is not replaced.
 TEST_F(TextFilePosixTest, AFolderThatTakesNoNewNameIsWrittenPastAndAProtectedFileStays) {
   const std::string common = folder.file("común");
   ASSERT_TRUE(writeTextFile(common, "partida"));
   fs::permissions(path, fs::perms(0444));
   fs::permissions(common, fs::perms(0666));
+  // Nobody, who owns neither file nor folder.
   actAs(65534);
   EXPECT_FALSE(replaceTextFile(path, "x"));
   EXPECT_TRUE(replaceTextFile(common, "x"));
@@ -124,7 +132,7 @@ TEST_F(TextFilePosixTest, AFolderThatTakesNoNewNameIsWrittenPastAndAProtectedFil
   limitFileSize(RLIM_INFINITY);
   actAs(geteuid());
   EXPECT_EQ(readTextFile(path, 100), "partida");
-  EXPECT_EQ(readTextFile(common, 100), "x") << "put back";
+  EXPECT_EQ(readTextFile(common, 100), "x") << "put back after the full disk";
 }
 
 } // namespace

@@ -1,4 +1,6 @@
-// Text files as the program meets them on every system.
+// Text files as the program meets them on every system. `write` and `append` go into the file
+// itself; `replace` makes a temporary file, which then takes the name. The number behind a path is
+// the most bytes that are read.
 #include "forms/text_file.h"
 
 #include <gtest/gtest.h>
@@ -12,6 +14,7 @@ using namespace forms;
 TEST(TextFileTest, WhatIsWrittenIsReadByteForByte) {
   const scripted::TemporaryFolder folder;
   const std::string path = folder.file("juego número 1 de Đorđe.txt");
+  // Nine bytes, among them what ends a text elsewhere.
   const std::string text("1;\r\n\0\xFF\x1A\n,", 9);
   EXPECT_TRUE(writeTextFile(path, text + text));
   EXPECT_TRUE(writeTextFile(path, text));
@@ -20,6 +23,7 @@ TEST(TextFileTest, WhatIsWrittenIsReadByteForByte) {
   EXPECT_EQ(readTextFile(path, 4), "1;\r\n");
 }
 
+// "falanges-0.tmp" is the first name that a temporary file of the program's own would take.
 TEST(TextFileTest, AReplacementLeavesATemporaryFileOfAnotherAlone) {
   const scripted::TemporaryFolder folder;
   EXPECT_TRUE(writeTextFile(folder.file("falanges-0.tmp"), "de otro"));
@@ -29,6 +33,8 @@ TEST(TextFileTest, AReplacementLeavesATemporaryFileOfAnotherAlone) {
   EXPECT_EQ(folder.entries(), 2);
 }
 
+// At commas and line ends, but not inside quotes. Blanks before an item are skipped, and a carriage
+// return alone ends none. Each item is put between "<" and ">" to be compared.
 TEST(ItemReaderTest, ATextFallsIntoItems) {
   std::string items;
   for (ItemReader reader(" \t a b \r\n\n,\"c,\nd\" rest ,e\rf\"g\" , \"\"\nh\n\"open, to the end");

@@ -1,4 +1,6 @@
-// Text files where Windows decides: files that others hold open.
+// Text files where Windows decides: files that others hold open, and devices. `write` and `append`
+// go into the file itself; `replace` makes a temporary file, which then takes the name. The number
+// behind a path is the most bytes that are read.
 #include "forms/text_file.h"
 
 #include <windows.h>
@@ -16,7 +18,8 @@ TEST(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
   // Begins as the paths of shared folders do, with two separators.
   const std::string path = R"(\\?\)" + folder.file("juego número 1.txt");
   const auto bytes = [&] { return readTextFile(path, 10000).value_or("-"); };
-  // What others may do meanwhile, and what can be read then.
+  // What the program that holds the file lets others do meanwhile (nothing, or read and write), and
+  // what can be read then ("-": nothing) after "uno" was to be written and "+" added.
   const std::pair<DWORD, const char*> table[] = {{0, "-"},
                                                  {FILE_SHARE_READ | FILE_SHARE_WRITE, "uno+"}};
   for (const auto& [sharing, read] : table) {

@@ -1,4 +1,7 @@
-// The whole program under a person who does anything at any moment.
+// The whole program under a person who does anything at any moment: steps like "click
+// frmOpciones.chk", "type ELEMENT TEXT", "choose LIST ITEM", "menu ENTRY", "close WINDOW", "tick 7"
+// (seconds), or a key. Besides what is checked here, a step that the program cannot take stops the
+// test.
 #include <cstdlib>
 #include <fstream>
 
@@ -57,6 +60,8 @@ private:
   Chance chance;
 };
 
+// Never are deployment (nuevoJuego) and play (enJuego) open at once; a network game needs play and
+// the timer of its polls; the menu begins a game where there is none, and saves one only in play.
 void checkWhatAlwaysHolds(App& app) {
   const bool deploying = app.nuevoJuego.isOpen(), playing = app.enJuego.isOpen();
   EXPECT_FALSE(deploying && playing);
@@ -68,7 +73,8 @@ void checkWhatAlwaysHolds(App& app) {
 
 } // namespace
 
-// FALANGES_SCRIPTS: how many.
+// 200 persons, each with another seed of chance, who take 100 steps or until the program is closed.
+// In the environment FALANGES_SCRIPTS sets another number of persons.
 TEST(Anything, MayBeDoneAtAnyMoment) {
   const char* const wanted = std::getenv("FALANGES_SCRIPTS");
   const unsigned long last = wanted ? std::stoul(wanted) : 200;

@@ -1,5 +1,7 @@
-// Games on any board, clicked upon anywhere, go as a second statement of the rules says. Drawings
-// are those of rules.h.
+// Games on any board, clicked upon anywhere, go as a second statement of the rules says (`Rules`,
+// in rules.h). A board is drawn from the top row, "/" between rows: B I C E G are flag, infantry,
+// cavalry, elephants and general of player 1, b i c e g those of player 2, "." is an empty square.
+// A drawing of the reach has "S" where the selected unit stands and "*" where it may go.
 #include "fuzz/rules.h"
 
 #include <set>
@@ -22,6 +24,7 @@ protected:
     }
     return marks;
   }
+  // Pictures, marks, the records with the player in turn, and what is said of both players.
   void expectAgreement(const Rules& rules) {
     EXPECT_EQ(pictures(), rules.shown);
     EXPECT_EQ(reach(), rules.reach());
@@ -46,6 +49,7 @@ protected:
     EXPECT_EQ(unit(n)->Enabled, rules.won.empty());
   }
 
+  // The same games in each run.
   Chance chance{1};
 };
 
@@ -53,6 +57,8 @@ TEST_F(RulesTest, EveryClickDoesWhatTheySay) {
   start();
   std::set<std::string> won; // the words of the victories that came; "": none
   for (int games = 0; games < 300 && !HasFailure(); ++games) {
+    // A board, the player in turn, whether more flags are allowed ("x": neither yes nor no, so that
+    // a flag that is taken wins nothing), and 1 to 3 moves a turn.
     Rules rules{chance.board(), 1 + chance.below(2), chance.anyOf<std::string>({"0", "1", "x"}),
                 1 + chance.below(3)};
     SCOPED_TRACE(rules.board);
@@ -65,6 +71,7 @@ TEST_F(RulesTest, EveryClickDoesWhatTheySay) {
     won.insert(rules.won);
     run("close EnJuego");
   }
+  // The three, and "" of the games that nobody had won after 300 clicks.
   EXPECT_EQ(won.size(), 4U) << "each of the three ways to win has been seen";
 }
 

@@ -1,12 +1,27 @@
 // What two players see of a network game, Ana (player 1) and Blas (player 2), each before a copy of
-// the program that joins the same file. The orders of events are the search's.
+// the program that joins the same file. The orders of events are the search's (search_test.cpp).
+//
+// A copy looks at the file, or writes it, when a poll falls due: every 5 seconds here, or at once
+// by `polls()`. A turn is one move. What the players do:
+//   ana.joins(path)     chooses player 1 and the file in the options, past the boxes named
+//   ana.leaves()        closes the window of the game
+//   run("move 23 18")   clicks the unit on square 23, then the mark on 18: 1 is at the top left
+//   run("tick 5")       five seconds go by
+//   run("load BOARD 1") loads a saved game, player 1 in turn, that is nothing of the network's
+// `bothPlay(BOARD)`: both have joined a file with this board, Ana is in turn, and Blas has polled
+// once. `put(TEXT)` writes the shared file, `file()` is what it holds ("none": it is missing), and
+// `gameFile(BOARD, END)` the text of one with this board, whose last lines are END, or Ana's turn.
+// `caption()` is the title of the game's window; `status()` what is said of player 1 and of
+// player 2. A copy's `share` is its way to the file: while it `hangs`, what is begun waits until it
+// `answers`; while it `refuses`, nothing can be begun.
 #include "network/copies.h"
 
 namespace falanges {
 
 namespace {
 
-// Boards, row by row from the top: b and g are player 2's flag and general, G and B player 1's.
+// Boards, row by row from the top: b, i and g are player 2's flag, infantry and general; B, I and G
+// are player 1's.
 // In the game that most cases play Ana moves her general from 23 to 18, Blas his from 3 to 8.
 const std::string Start = "b.g../...../...../...../..G.B";
 const std::string AnaMoved = "b.g../...../...../..G../....B";
@@ -39,6 +54,7 @@ std::string hasWon(const std::string& player) {
 
 } // namespace
 
+// `TurnoPublicado`: this copy waits for the other's turn, and its own stands in the file.
 TEST_F(Network, ATurnGoesToTheOtherCopyAndBackThroughTheFile) {
   // Other line ends than the program writes show its first writing.
   std::string made = gameFile(Start);
@@ -87,7 +103,9 @@ TEST_F(Network, ATurnGoesToTheOtherCopyAndBackThroughTheFile) {
 
 TEST_F(Network, ARefreshKeepsTheWindowsPlaceAndDropsWhatWasSelected) {
   bothPlay(Start);
+  // Twips: 21 pixels out of the frame on the left, 100 down.
   blas.play.moveTo(-315, 1500);
+  // Selects a unit; the arrows mark square 18 for the keyboard.
   blas.run("click picUnidad(23), Up, Up");
   EXPECT_TRUE(blas.play.picMovimientoPermitido(18));
   blas.polls();
@@ -119,6 +137,8 @@ TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
     copy->joins(path, {{refusal}}); // there is nothing to go on from
 }
 
+// The digit behind the "1" of the last line is the winner. Of another one it is only said that it
+// has won: Ana stays in turn on the screen.
 TEST_F(Network, ACopyInTurnSeesAResultTooWhateverItsDigit) {
   struct {
     std::string closing, digit, status;
@@ -138,10 +158,12 @@ TEST_F(Network, ACopyInTurnSeesAResultTooWhateverItsDigit) {
 }
 
 TEST_F(Network, AJoinFromALocalGameLeadsToTheFilesGameAndARefusalLeavesThatOne) {
+  // A game that is nobody's turn is not whole, and refused.
   const std::string nobodysTurn = "7\r\n";
   put(gameFile(Start, nobodysTurn));
   ana.run("load b.i../...../...../...../..I.B 1, move 23 18, menu Opciones");
   const std::string before = ana.shown() + ana.principal.ArchivoRed;
+  // A file dialog that is cancelled, a file that is refused, and one that there is not.
   ana.choose("click btnCargarJuegoRed", std::nullopt);
   ana.joins(path, {{Invalid + path + Incomplete}});
   const std::string none = folder.file("ninguno");
@@ -156,6 +178,7 @@ TEST_F(Network, AJoinFromALocalGameLeadsToTheFilesGameAndARefusalLeavesThatOne) 
 
 TEST_F(Network, ATornFileIsToldInTheCaptionAndPutRightAfterAnInterval) {
   bothPlay(Start);
+  // The player whose flag stands on square 1.
   const std::string firstColumn = "2;";
   const std::string torn[] = {"",
                               gameFile(Start).substr(firstColumn.size()),
@@ -177,6 +200,7 @@ TEST_F(Network, ATornFileIsToldInTheCaptionAndPutRightAfterAnInterval) {
   }
 }
 
+// 20 seconds are four intervals. Then the file is to be had again, but has been deleted meanwhile.
 TEST_F(Network, AFileThatIsAwayIsToldInTheCaptionAndTheGameGoesOnWhenItIsBack) {
   bothPlay(Start);
   ana.share.refuses = blas.share.refuses = true;
@@ -192,6 +216,8 @@ TEST_F(Network, AFileThatIsAwayIsToldInTheCaptionAndTheGameGoesOnWhenItIsBack) {
   EXPECT_EQ(file(), gameFile(AnaMoved, BlassTurn));
 }
 
+// Blas may move on his own screen, out of turn, first Ana's unit and then his: nothing of it is
+// written, and a poll brings back what the file holds.
 TEST_F(Network, MovesOfWhoIsNotInTurnWinNothingAndGoWithALaterPoll) {
   bothPlay(Start);
   blas.run("move 23 18");
@@ -237,6 +263,7 @@ TEST_F(Network, AWaitingWindowGoesOnWhileTheShareHangs) {
   }
 }
 
+// Ana may not leave without a question while the result is not in the file; Yes: it is tried again.
 TEST_F(Network, AWinnerSeesTheBoxAtOnceAndTheResultIsTriedUntilItIsWritten) {
   bothPlay(Last);
   ana.share.hangs = true;
@@ -255,12 +282,15 @@ TEST_F(Network, AWinnerSeesTheBoxAtOnceAndTheResultIsTriedUntilItIsWritten) {
   ana.leaves(); // without a question
 }
 
+// Ana answers No and loses the result; what was still on its way when she left is not written over
+// another game under the same name. That one has no last line, and so is refused in the end.
 TEST_F(Network, AWinThatIsGivenUpSparesTheNextGameAndItsFile) {
   bothPlay(Last);
   ana.share.hangs = true;
   ana.screen.expectBox(victory("1", "CONQUISTADO la Bandera"));
   ana.run("move 6 1");
-  ana.share.answers(); // what the file holds
+  // Her copy has looked at the file now, and begins to write.
+  ana.share.answers();
   ana.share.hangs = true;
   ana.run("tick 1"); // the result is on its way
   ana.screen.expectBox(cannotBeSaved(path), Answer::No);
@@ -288,6 +318,8 @@ TEST_F(Network, AJoinOnAShareThatHangsAsksWhetherToWait) {
   EXPECT_TRUE(ana.frame.tmrRed.Enabled);
 }
 
+// A look of Blas's at the first file hangs when he leaves. It does not keep him from another file;
+// on the first one, under whatever spelling, he is asked whether to wait for it.
 TEST_F(Network, WhatHangsOfAnEarlierGameHoldsUpTheNextOneOnItsOwnFileAlone) {
   bothPlay(Start);
   blas.share.hangs = true;
@@ -323,7 +355,8 @@ TEST_F(Network, TheLastPositionThatWasSeenSavesAGameWhoseFileIsTorn) {
   EXPECT_EQ(file(), gameFile(AnaMoved, BlassTurn));
 }
 
-// The worker as the program has it.
+// Two more copies whose operations on the file run on threads, as in the program, not at once and
+// by hand. Player 1 moves, then player 2 takes the flag.
 TEST_F(Network, OnThreadsOfTheirOwn) {
   Copy carla{1, network::onOwnThread}, david{2, network::onOwnThread};
   const auto playUntil = [&](const std::function<bool()>& done) {

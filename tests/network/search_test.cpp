@@ -14,6 +14,12 @@
 //   - counted as faults: its folder goes away; its share hangs; a write that came through is told
 //     as a failure; it moves idly, out of turn; its turn ends where it began, by two moves; it
 //     leaves, or is killed; the file is torn.
+//
+// `World` (world.h) is the state of both copies and the file. Of a copy it knows whether it is
+// `open`, in a game or on its way into it; was `asked` whether to go on from the last known
+// position; was `told` how the game has ended; sees `idle` moves on its screen; has its file `away`
+// or `hangs`; what `work` it has under way; and the `state` of its protocol. `broken` is the
+// promise that is, `excuse` why no program could have kept it.
 #include <cstdlib>
 #include <deque>
 #include <functional>
@@ -29,6 +35,7 @@ namespace falanges::network {
 
 namespace {
 
+// So many turns are played, so many faults happen at most.
 struct Bound {
   std::size_t turns;
   int faults; // of all kinds together
@@ -128,6 +135,7 @@ class Search {
 public:
   explicit Search(const Bound& bound) {
     add(World{}, nullptr, "");
+    // The same game with a blank behind it, as another program might have written it.
     World otherWords;
     otherWords.file.text += " ";
     add(std::move(otherWords), nullptr, "the file is in other words");
@@ -169,7 +177,8 @@ private:
 
 } // namespace
 
-// FALANGES_TURNS and FALANGES_FAULTS: a larger bound.
+// Three turns and two faults, or as many as FALANGES_TURNS and FALANGES_FAULTS in the environment
+// say.
 TEST(NetworkSearch, EveryOrderOfEventsKeepsWhatIsPromised) {
   const char* const turns = std::getenv("FALANGES_TURNS");
   const char* const faults = std::getenv("FALANGES_FAULTS");
@@ -178,7 +187,8 @@ TEST(NetworkSearch, EveryOrderOfEventsKeepsWhatIsPromised) {
   EXPECT_EQ(search.fault, "");
   if (turns || faults)
     return;
-  // What no file without a lock can prevent, each by its shortest order.
+  // What no file without a lock can prevent, each by its shortest order: the excuse, then the
+  // events and " => " the promise that they break.
   const std::map<std::string, std::string> exceptions = {
       {"nobody knows what the file held", "A sees the file torn => nothing leads on"},
       {"an older text is believed",

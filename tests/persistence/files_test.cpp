@@ -4,19 +4,28 @@
 // a game file is a square: player; type of unit (1 B, 2 I, 3 C, 4 E, 5 G); top and left edge in
 // twips; row; column. The last line is the player in turn; a won game has "1" and the winner behind
 // it.
+//
+// `gameFile(BOARD, END)` is the text of a file with this board, and END in place of the last line;
+// `write(NAME, TEXT)` makes a file. The steps of `run` are done one by one: "load BOARD TURN" loads
+// a saved game, "layOut BOARD TURN" a template, "click X" and "close X" name an element or a
+// window. `choose(step, path, box)` picks this path in the file dialog that the step opens, or
+// cancels it; a box with this text follows, if any. `pictures()` is the board as its pictures show
+// it.
 #include "persistence/configuration.h"
 #include "scripted/game.h"
 
 namespace falanges {
 
 // More flags allowed; any row allowed; seconds; moves a turn. A text counts at once, a number once
-// its ";" has come; what does not fit leaves the default.
+// its ";" has come; what does not fit leaves the default, 10 seconds and 1 move. A row is "what the
+// file holds => the options then". Only the first line counts, which is empty in one of them.
 TEST(Configuration, IsReadFieldByFieldFromTheFirstItem) {
   const auto read = [](const std::string& text) {
     const scripted::TemporaryFolder folder;
     const std::string path = configurationPath(folder.path());
     EXPECT_TRUE(forms::writeTextFile(path, text));
     Principal principal;
+    // What it was before: no row leaves it so.
     principal.OpcLimiteFilas = "kept";
     readConfiguration(principal, path);
     return principal.OpcPermitirBanderas + ";" + principal.OpcLimiteFilas + ";" +
@@ -32,7 +41,8 @@ using Files = Game;
 
 TEST_F(Files, AConfigurationThatCannotBeWrittenIsToldOnceAndTheGameGoesOn) {
   const std::string path = file("VornathFalangesZTEE.cfg");
-  std::filesystem::create_directory(scripted::toPath(path)); // under the file's name
+  // A folder under the file's name, and a file under that of the templates' folder.
+  std::filesystem::create_directory(scripted::toPath(path));
   write("plantillas", "no folder");
   start();
   screen.expectBox("No se puede guardar el archivo:\r\n" + path, Answer::Ok,
@@ -46,6 +56,7 @@ TEST_F(Files, AFailedSaveIsToldAndChangesNothing) {
   start();
   const std::string board = "g..../...../...../...../....G", folder = screen.programFolder();
   run("load " + board + " 1");
+  // A folder in place of a file.
   choose("menu GuardarJuego", folder, "No se puede guardar el archivo:\r\n" + folder);
   expectBoard(board);
   EXPECT_EQ(windows(), "EnJuego");
@@ -59,10 +70,15 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
   const std::pair<std::string, std::string> table[] = {
       {"", earlier + " 2"},
       {squares + "1", "i..../...../...../...../..... 1"},
+      // Where nobody is in turn, player 1 begins.
       {squares + "0\r\n", "i..../...../...../...../..... 1"},
-      {squares, "i...../....../....../....../....../.....G 2"}, // 25 lines are no board's
+      // A board's size shows in its lines, but for the last one: 24 or 26 squares are none's, and
+      // the earlier size stays.
+      {squares, "i...../....../....../....../....../.....G 2"},
       {squares + "2\r\n12\r\n", "i...../....../....../....../....../.....G 12"},
+      // More fields than six; then a unit of player 2 that has no more than its player.
       {"1;3;380;1340;1;1;9;x\r\n2;\r\n1\r\n", "C0..../....../....../....../....../.....G 1"},
+      // An infantry far outside the window.
       {"1;2;-32768;32767;255;0;\r\n2",
        "....../....../....../....../....../.....G picUnidad(1)I 2"}};
   start();
@@ -77,6 +93,7 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
   }
 }
 
+// Cut off behind each of its characters.
 TEST(GameText, IsWholeUpToItsTurnOrItsResultAndNowhereElse) {
   const std::string game = gameFile("b.i../...../...../...../..I.B", "2\r\n");
   const std::string won = game + "12\r\n";
@@ -87,6 +104,8 @@ TEST(GameText, IsWholeUpToItsTurnOrItsResultAndNowhereElse) {
   }
 }
 
+// `everything()` is the records, the menu, the windows and what they show. `Invalid` begins the box
+// of a file that is no game; the table holds such texts and what the box says of each.
 TEST_F(Files, ARefusedFileChangesNothing) {
   start();
   run("layOut ..c.../....../....../....../....../...C.. 1, click picGEN");

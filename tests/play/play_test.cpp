@@ -3,10 +3,15 @@
 // empty square; the number behind it says whose turn it is. Squares count from 1 at the top left. A
 // unit is picUnidad, the mark of a square that it may go to picMovimientoPermitido. How units go
 // and win is tried in fuzz/rules_test.cpp.
+//
+// `run` does its steps one by one: "load BOARD TURN" loads a saved game, "move 24 19" clicks the
+// unit on square 24 and then the mark on 19. `unit(n)` is the picture of the unit on square n.
+// `hint` points at a place, in twips from the corner of what is named, and reads the hint there.
 #include "scripted/game.h"
 
 namespace falanges {
 
+// The program, past its information box.
 class Play : public Game {
 protected:
   Play() { start(); }
@@ -16,21 +21,25 @@ TEST_F(Play, TheHintNamesTheSquareUnderThePointer) {
   run("load g...../....../....../.I..../....../.....G 1, click picUnidad(20)");
   EXPECT_EQ(hint("picUnidad(20) 10;10"), "Cuadro: 20 (4,2)");
   EXPECT_EQ(hint("picMovimientoPermitido(14) 10;10"), "Cuadro: 14 (3,2)");
-  // Twips from the board's corner; a square has 1180.
+  // A square has 1180 twips: X 3540 lies between the third column and the fourth.
   EXPECT_EQ(hint("picTablero 3540;1200"), "Cuadro: 9 (2,3)") << "a boundary";
   EXPECT_EQ(hint("picTablero 3000;0"), "Cuadro:  (0,3)") << "no square";
 }
 
+// A picture that invites shows a hand over it.
 TEST_F(Play, APictureInvitesWhereAClickDoesSomething) {
   run("load gb.../b..../...../BBB../BIBG. 1");
   EXPECT_TRUE(unit(24)->invites());
   EXPECT_FALSE(unit(22)->invites()) << "the flags of its own hold this infantry";
   EXPECT_FALSE(unit(1)->invites()) << "the other player's";
+  // Player 2 is in turn then, and selects the general.
   run("move 24 19, click picUnidad(1)");
   EXPECT_TRUE(unit(1)->invites()) << "to take the selection back";
   EXPECT_TRUE(play.picMovimientoPermitido(7)->invites());
 }
 
+// The menu's entry for it is always grey: the case calls what stands behind it. `menu()` is what
+// the menu of games shows, `status()` what is said of player 1 and of player 2.
 TEST_F(Play, SurrenderEndsTheGameWithoutAWinner) {
   run("load g..../...../...../...../....G 2");
   screen.expectBox("¿Declarar Rendición?", Answer::No);

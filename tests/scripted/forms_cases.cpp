@@ -3,7 +3,17 @@
 //
 // Most cases play in the windows of test_windows.h, Uno and Dos, each with two text boxes (txtA,
 // txtB), a tick box (chk), a list (com), a button (btn), a picture (pic) and a label (lbl), in this
-// tab order. At first Uno is in front, and its txtA has the focus.
+// tab order. At first Uno is in front, and its txtA has the focus. The variables `one` and `two`
+// are these windows, `frame` is the program's own window around them (Marco), which has a menu
+// entry (mnuHoja) and a timer (tmr), and `own` one like Uno, but with a place of its own on the
+// screen and closed at first (Propia, "one of its own"). Each list holds "uno" and "dos".
+//
+// `log` notes each event that the windows hear as ELEMENT_EVENT or WINDOW_EVENT: btn_Click,
+// frmUno_Deactivate; `log.take()` tells and forgets them, `log.on` is what a case does inside one.
+// `player` is the person at the screen: does the steps of a script ("click btn", "close Dos",
+// "Tab") and answers the boxes and modal windows that a case has announced with `expectBox`.
+// `forms.clicked`, `forms.typed` and the like are what a screen reports; `forms.messageBox` opens a
+// box.
 #include "scripted/game.h"
 #include "scripted/test_windows.h"
 
@@ -11,7 +21,7 @@ namespace scripted {
 
 class FormsCases : public TestProgram {
 protected:
-  // What each step raises, and in brackets where the focus is then.
+  // A row is "steps => the events that they raise [where the focus is then]".
   void walk(const std::vector<std::string>& rows) {
     scripted::walk(rows, [this](const std::string& script) {
       player->run(script);
@@ -20,6 +30,7 @@ protected:
   }
 };
 
+// Windows and elements. The mouse presses a picture before it clicks it (pic_Left, pic_Right).
 TEST_F(FormsCases, RaiseTheirEventsInOrderAndLeaveTheFocusWhereItBelongs) {
   walk({"click btn => txtA_LostFocus btn_Click [frmUno.btn]",
         "click pic => btn_LostFocus pic_Left pic_Click [frmUno.pic]",
@@ -47,6 +58,7 @@ TEST_F(FormsCases, BoxesAndListsTakeFromTheProgramWhatTheyCanHold) {
   one.txtA.MaxLength = 3; // characters
   one.txtA.Text = std::string("ñandú");
   EXPECT_EQ(one.txtA.Text, "ñan");
+  // The list takes one of its two items, as it is spelled or by its index, 0 or 1.
   EXPECT_TRUE(one.com.setText("uno"));
   EXPECT_FALSE(one.com.setText("UNO"));
   EXPECT_FALSE(one.com.select(-1));
@@ -54,6 +66,8 @@ TEST_F(FormsCases, BoxesAndListsTakeFromTheProgramWhatTheyCanHold) {
   EXPECT_EQ(log.take(), "txtA_Change com_Click");
 }
 
+// The button's handler opens a box, behind which the window closes, and opens the window again: it
+// has nothing of what was ticked and typed before, and its list is filled once.
 TEST_F(FormsCases, AWindowThatClosesBehindABoxOfItsOwnHandlerOpensAsItWasMade) {
   one.chk.Value = 1;
   log.on["btn_Click"] = [&] {
@@ -90,11 +104,13 @@ TEST_F(FormsCases, NothingHappensBehindABox) {
   EXPECT_EQ(log.take(), "");
 }
 
+// While Propia is shown modally, a click on Uno comes to nothing, and so does closing the frame.
 TEST_F(FormsCases, AModalWindowHoldsTheOthersAndLetsTheTimerGoOn) {
   frame.tmr.Enabled = true;
   player->expectBox("frmPropia", Answer::Ok, [&] {
     forms.clicked(one.btn);
     forms.closeRequested(frame);
+    // A second goes by.
     player->tick();
     player->run("click Propia.btn, close Propia");
   });
@@ -103,11 +119,14 @@ TEST_F(FormsCases, AModalWindowHoldsTheOthersAndLetsTheTimerGoOn) {
                         "frmPropia_Unload");
 }
 
+// `letClose` is what a window answers when it is asked (QueryUnload). `sessionMayEnd` asks as the
+// system does before the person is logged out.
 TEST_F(FormsCases, TheFrameAsksAllItsChildrenBeforeAnyCloses) {
   for (bool* letsClose : {&frame.letClose, &one.letClose}) {
     *letsClose = false;
     player->run("close Marco");
     EXPECT_FALSE(forms.sessionMayEnd());
+    // Marco, Uno, Dos: all of them.
     EXPECT_EQ(forms.openWindows().size(), 3U);
     *letsClose = true;
   }
@@ -130,8 +149,10 @@ namespace falanges {
 
 using TheKeyboard = Game;
 
-// In the deployment, with the infantry chosen: a unit comes by Enter and goes by Delete, as by the
-// two mouse buttons.
+// In the deployment, with the infantry chosen by the key 1: a unit comes by Enter and goes by
+// Delete, as by the two mouse buttons. The arrows mark a square; the first one marks the lowest on
+// the left, 21 of 5x5. A row is "steps => what is said then"; "click square 22" clicks the board
+// there, "right picUnidad(22)" the unit on it with the right button.
 TEST_F(TheKeyboard, DoesOnTheBoardWhatThePointerDoes) {
   start();
   run("menu NuevoJuego, 1");

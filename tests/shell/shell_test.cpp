@@ -1,6 +1,24 @@
 // The frame window: its menu, files, boxes and options. A board is drawn from the top row, "/"
 // between rows: B I C E G are flag, infantry, cavalry, elephants and general of player 1, b i c e g
 // those of player 2, "." is an empty square; the number behind it says whose turn it is.
+//
+// `run(steps, box)` does the steps one by one; they lead to the box with this text, or to none:
+//   menu X             chooses the entry mnuX of the menu
+//   click X, close X, activate X   an element or a window, by its name
+//   type BOX TEXT      types the text in place of what the box holds
+//   choose LIST ITEM   from a drop-down list
+//   load BOARD TURN    loads a saved game, which leads to play
+//   layOut BOARD TURN  loads a template, which leads to the deployment
+//   save Juego NAME    saves the game under this name
+//   Tab                presses that key
+// A row of `walk` is "steps => what is seen then". `menu()` is what the menu of games shows,
+// `windows()` the open windows inside the frame: NuevoJuego is the deployment, EnJuego play,
+// Opciones the options. `start()` starts the program and closes the information box that comes
+// first.
+//
+// The options' file has four fields and a line end: "1" when more flags are allowed; "1" when units
+// may stand in any row; seconds between two looks at a network game's file; moves a turn.
+// `configure` writes it before the program does.
 #include "scripted/game.h"
 #include "shell/form1.h"
 
@@ -8,7 +26,7 @@ namespace falanges {
 
 class Shell : public Game {
 protected:
-  // As the file has them: more flags allowed; any row allowed; seconds; moves a turn.
+  // The options that the program goes by, as the file has them.
   std::string inForce() const {
     return principal.OpcPermitirBanderas + ";" + principal.OpcLimiteFilas + ";" +
            std::to_string(principal.SegundosActualizacion) + ";" +
@@ -17,6 +35,8 @@ protected:
   std::string inFile() { return bytesOf(file("VornathFalangesZTEE.cfg")); }
 };
 
+// Behind the first box the options have been read and the folder of the templates made; the frame
+// opens after it. Before the last one all windows close.
 TEST_F(Shell, TheInformationBoxStandsAloneBeforeAndAfterTheRest) {
   configure("1;0;25;4;\r\n");
   screen.expectBox(informationBox().text, Answer::Ok, [&] {
@@ -41,7 +61,8 @@ TEST_F(Shell, TheMenuHoldsWhatCanBeDone) {
 }
 
 TEST_F(Shell, ASessionThatEndsBehindTheInformationBoxOpensNothing) {
-  screen.missingPictures = "tiempo"; // which nobody hears of any more
+  // The program's symbol: nobody hears of it any more.
+  screen.missingPictures = "tiempo";
   screen.expectBox(informationBox().text, Answer::Ok, [&] {
     EXPECT_TRUE(app.forms.sessionMayEnd());
     app.forms.sessionEnded();
@@ -62,6 +83,7 @@ TEST(Start, AProgramThatDoesNotKnowItsFolderSaysSoAndOpensAndWritesNothing) {
   EXPECT_FALSE(app.frame.isOpen());
 }
 
+// To the deployment or to play, as it is a template or a game.
 TEST_F(Shell, AFileLeadsOnFromEverywhereButPlayAndClosesTheOptions) {
   start();
   walk({"menu Opciones, layOut bgeci/...../...../...../ICEGB 1 => NuevoJuego",
@@ -74,6 +96,7 @@ TEST_F(Shell, AFileLeadsOnFromEverywhereButPlayAndClosesTheOptions) {
   EXPECT_EQ(windows(), "EnJuego Opciones");
 }
 
+// `lastFile` is what the file dialog was opened with. The clock stands at 9 March 2005, 8:05:07.
 TEST_F(Shell, AFileIsAskedForInItsFolderUnderANameWithDateAndTime) {
   start();
   run("layOut g..../...../...../...../....G 1");
@@ -83,7 +106,10 @@ TEST_F(Shell, AFileIsAskedForInItsFolderUnderANameWithDateAndTime) {
   EXPECT_EQ(screen.lastFile.fileName, "JuegoGuardado-09-03-2005-08-05-07");
 }
 
+// A click on the tick box or on the label beside it changes the option. The file has single-byte
+// characters: ñ is \xF1 there, and for € there is none, so it is written as "?".
 TEST_F(Shell, EachChangeOfAnOptionReachesTheFileAndCountsAtOnce) {
+  // A second line, which is not kept.
   configure(";;30;3;\r\nlost;");
   start();
   walk({"menu Opciones, click chkPermitirBanderas => 1;;30;3;\r\n",
@@ -97,6 +123,7 @@ TEST_F(Shell, EachChangeOfAnOptionReachesTheFileAndCountsAtOnce) {
   EXPECT_EQ(inFile(), "0;0;12;5\xF1?;\r\n") << "one line of it";
 }
 
+// The file has changed behind the program, which reads it anew when the options open.
 TEST_F(Shell, TheOptionsOpenWithWhatTheFileHolds) {
   start();
   run("menu Opciones, choose comJugadorActualRed 2, close Opciones");
@@ -110,6 +137,7 @@ TEST_F(Shell, TheOptionsOpenWithWhatTheFileHolds) {
   EXPECT_EQ(principal.JugadorRed, 2);
 }
 
+// Whatever would take the keyboard from the number's box leaves it there, and the options open.
 TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
   configure("0;0;0;0;\r\n"); // no seconds, no moves: both are out of range
   start();
@@ -130,6 +158,7 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
   EXPECT_EQ(windows(), "NuevoJuego");
 }
 
+// The developer's tool that tells the place of the pointer, in twips from the picture's corner.
 TEST(Coordinates, FollowThePointerOverTheLargestPicture) {
   const auto player = scripted::makePlayer();
   forms::Forms forms(*player);

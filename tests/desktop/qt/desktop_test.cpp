@@ -1,6 +1,16 @@
 // What comes from the system past the elements: the pointer, where Qt finds out which element gets
 // it, the clock, the focus that Qt moves by itself, a screen reader's wishes. In the windows of
-// test_windows.h: at first frmUno is in front, and its txtA has the focus.
+// test_windows.h: `frame` is the program's own window (Marco), `one` and `two` are the child
+// windows in it (Uno, Dos), `own` is one with a place of its own on the screen, closed at first
+// (Propia). At first frmUno is in front, and its txtA has the focus. Each has two text boxes (txtA,
+// txtB), a tick box (chk), a list of "uno" and "dos" (com), a button (btn), a picture (pic) and a
+// label (lbl), one below the other; the Tab key goes in this order, past the label. To the right
+// of them there is nothing. Marco is a frame, Propia means one of its own.
+//
+// `log` notes each event that they hear as ELEMENT_EVENT or WINDOW_EVENT: btn_Click,
+// frmUno_Deactivate. `events()` tells and forgets them; `log.on` is what a case does inside one.
+// `player` is the person at the screen: `run` does steps ("click btn") or presses keys ("Ctrl+F7");
+// `expectBox` announces a box, and what is done while it is open. `widget(X)` is what shows X.
 #include <QAccessible>
 #include <QApplication>
 #include <QMdiArea>
@@ -44,6 +54,7 @@ protected:
   QtPlayer& screen = dynamic_cast<QtPlayer&>(*player);
 };
 
+// From each to each: pressed on the one, let go on the other.
 TEST_F(Desktop, ClicksWhereItIsPressedAndLetGo) {
   const Element* const elements[] = {&one.pic, &one.lbl, &one.btn, &one.chk};
   for (const auto* from : elements) {
@@ -65,6 +76,8 @@ TEST_F(Desktop, ShowsAHandOverAPictureThatAClickDoesSomethingWith) {
   }
 }
 
+// A box stands open while the clock ticks ten times and each tick closes and opens the window
+// behind it: the number of Qt's widgets must not grow.
 TEST_F(Desktop, HearsTheClockBehindABoxAndKeepsNoneOfTheWindowsThatClosedMeanwhile) {
   std::vector<qsizetype> widgets; // how many there are after each tick
   log.on["tmr_Tick"] = [&] {
@@ -86,20 +99,21 @@ TEST_F(Desktop, HearsTheClockBehindABoxAndKeepsNoneOfTheWindowsThatClosedMeanwhi
   EXPECT_EQ(widgets[2], widgets[9]);
 }
 
+// The Tab key moves it from own.txtA on, which is told. Where Qt moves it unasked, in the window
+// behind or in this one, it goes back without an event.
 TEST_F(Desktop, PutsTheFocusBackThatQtMoves) {
   own.open();
   QTest::keyClick(&widget(own.txtA), Qt::Key_Tab);
   EXPECT_EQ(events(), "frmPropia_Load txtA_LostFocus");
-  // Nobody wants the focus of the window behind moved.
-  for (const TestWindow* behind : {&one, &own}) {
-    widget(behind->btn).setFocus();
-    widget(behind->btn).activateWindow();
+  for (const TestWindow* home : {&one, &own}) {
+    widget(home->btn).setFocus();
+    widget(home->btn).activateWindow();
     QCoreApplication::processEvents();
     EXPECT_EQ(events(), "");
   }
 }
 
-// As Ctrl and Tab do.
+// As Ctrl and Tab do. At first the box in the first window keeps the focus, so it stays in front.
 TEST_F(Desktop, AsksBeforeAChildThatQtActivatesTakesOver) {
   const auto activateSecond = [&] {
     auto& second = dynamic_cast<QMdiSubWindow&>(widget(two));
@@ -114,6 +128,8 @@ TEST_F(Desktop, AsksBeforeAChildThatQtActivatesTakesOver) {
   EXPECT_EQ(forms.activeChild(), &two);
 }
 
+// A step "WISH ELEMENT" is what a screen reader asks of it; behind " => " are the events. The list
+// takes the focus back whenever it loses it, so the last wish is refused.
 TEST_F(Desktop, DoesAScreenReadersWishes) {
   log.on["com_LostFocus"] = [&] { EXPECT_TRUE(one.com.SetFocus()); }; // a refusal
   for (const char* wish : {"SetFocus", "Press", "Toggle", "Increase", "Decrease", "SetText"})
@@ -142,6 +158,7 @@ TEST_F(Desktop, DoesAScreenReadersWishes) {
   EXPECT_TRUE(list->state().expandable);
 }
 
+// Ctrl+F7 begins it, an arrow moves the child by 10 pixels, Enter or Escape ends it.
 TEST_F(Desktop, MovesAChildByItsKeys) {
   const QPoint start = widget(one).pos();
   player->run("Ctrl+F7, Right, Down, Right, Enter");
@@ -156,11 +173,13 @@ TEST_F(Desktop, MovesAChildByItsKeys) {
 TEST_F(Desktop, BringsAWindowToTheFrontByAClickBesideItsElements) {
   QWidget& shown = widget(two);
   shown.move(widget(one).width() - 50, 0); // dragged out from under the other
+  // In the window's own pixels, of which it has some 400 each way: right of its elements.
   QTest::mouseClick(window(), Qt::LeftButton, {}, shown.mapTo(&widget(frame), QPoint(350, 300)));
   EXPECT_EQ(events(), "txtA_LostFocus frmUno_Deactivate");
   EXPECT_EQ(forms.activeChild(), &two);
 }
 
+// The menu that is open lists the child windows, each with a number.
 TEST_F(Desktop, BringsAWindowToTheFrontByTheMenusList) {
   QMenu& menu = *widget(frame).findChild<QMenuBar*>()->actions().constFirst()->menu();
   menu.popup({});

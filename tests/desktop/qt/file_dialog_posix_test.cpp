@@ -1,4 +1,6 @@
-// Names that Qt's own file dialog would read otherwise than they are typed.
+// Names that Qt's own file dialog would read otherwise than they are typed: several names in
+// quotes. `expectFile(title, path, meanwhile)` is what the person at the dialog does: something,
+// then types this path. `fileDialog({save, title, folder, name, kinds of files})` opens it.
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -13,6 +15,7 @@ using namespace scripted;
 
 namespace {
 
+// Behind it a box says so, and the dialog stays open.
 void tryTooLongAName() {
   QTimer::singleShot(0, [] {
     QWidget& box = *QApplication::activeModalWidget();

@@ -1,3 +1,5 @@
+// The file dialog of Windows itself. `expectFile(title, name)` is what the person at it types,
+// `fileDialog({save, title, folder, name, kinds of files})` opens it.
 #include <QDir>
 
 #include "desktop/qt/qt_player.h"
@@ -6,6 +8,7 @@ using namespace scripted;
 
 namespace {
 
+// It shows no folder whose path has more than some 260 characters, and starts in the one above.
 TEST(TheFileDialog, StartsInTheNearestFolderThatTheShellCanShow) {
   QtPlayer player;
   const TemporaryFolder folder;

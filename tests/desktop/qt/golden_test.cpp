@@ -1,5 +1,10 @@
 // What is painted rather than set: whole windows, held by the pictures in golden/.
 // FALANGES_GOLDEN=write in the environment makes the pictures anew.
+//
+// `player` is the person at the screen and does the steps of `run` one by one: "menu ENTRY", "click
+// ELEMENT", "close WINDOW", a key (Tab, Space, Up), or "paint WINDOW NAME", which holds the window
+// against golden/NAME.png. `expectBox(TEXT, ANSWER, painted(NAME))` announces a box with this text,
+// or a modal window of this name: it is held against its picture, then answered.
 #include <QApplication>
 #include <QDateTime>
 #include <QFile>
@@ -19,6 +24,7 @@ using namespace scripted;
 
 namespace {
 
+// The widget is painted as golden/NAME.png shows it, but for 9 of the 256 levels of a colour.
 void expectPainted(const char* name, QWidget& shown) {
   QCoreApplication::processEvents();
   QWidget& top = *shown.window();
@@ -117,11 +123,13 @@ TEST_F(Golden, TheFileDialog) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !day().isEmpty(); }));
     expectPainted("archivo", dialog);
   });
+  // To save; title, folder, proposed name, kinds of files.
   player.fileDialog({true, "Guardar Juego", folder.file("no") + "/hay", "uno.txt",
                      "Archivos de texto|*.txt|Todos los archivos|*.*"});
 }
 
-// The picture that was clicked lies in front of the others.
+// The developer's tool, a window of its own: the picture that was clicked lies in front of the
+// others.
 TEST_F(Golden, TheCoordinateTool) {
   forms::Forms layer(player);
   falanges::Form1 tool(layer);

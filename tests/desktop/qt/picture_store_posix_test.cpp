@@ -1,4 +1,4 @@
-// A pipe under a picture's name.
+// A pipe under a picture's name: to read it would wait for ever.
 #include "desktop/qt/picture_store.h"
 
 #include <sys/stat.h>

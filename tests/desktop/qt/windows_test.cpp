@@ -1,4 +1,11 @@
 // The windows on screens of several densities, in a frame too small for them, and in large type.
+//
+// Sizes of widgets are in pixels, those of elements in twips: a pixel is 15 twips at 100 %, and a
+// square of the board has 1180. The windows with a board have a size in percent: Ctrl++ and Ctrl+-,
+// or a notch of the wheel with Ctrl, choose the next one (... 90, 95, 100, 110, 125, 150, 175 ...),
+// Ctrl+0 the one that fits up to 100, Ctrl+9 the largest that fits. `player.run` does its steps one
+// by one: "menu ENTRY", "choose LIST ITEM", "close WINDOW", or a key. nuevoJuego is the
+// deployment's window, enJuego that of play, opciones the options.
 #include <QApplication>
 #include <QFontInfo>
 #include <QLabel>
@@ -25,7 +32,7 @@ struct Variable {
   QByteArray before = qgetenv(name);
 };
 
-// The program on a screen with so many device pixels to a pixel.
+// The program on a screen with so many device pixels to a pixel: 1, 1.5 or 2.
 class Windows : public testing::TestWithParam<const char*> {
 protected:
   void SetUp() override {
@@ -66,7 +73,8 @@ protected:
 INSTANTIATE_TEST_SUITE_P(AtScale, Windows, testing::Values("1", "1.5", "2"));
 
 TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
-  // In place of the largest board: plain squares, the row in the red and the column in the green.
+  // In place of the largest board, 8x8 squares or 630 pixels: plain squares, whose colour tells
+  // where they are, 30 levels of red for each row and 30 of green for each column.
   QImage squares(630, 630, QImage::Format_RGB32);
   const auto number = [](int pixel) { return qMax(1, qCeil(pixel * 15 / 1180.0)); };
   for (int y = 0; y < 630; ++y)
@@ -76,6 +84,7 @@ TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
   for (const auto& [density, at] : {std::pair(1, ""), {2, "@2x"}, {3, "@3x"}})
     ASSERT_TRUE(squares.scaled(squares.size() * density).save(path.arg(at), "PNG"));
   openBoard(1300);
+  // From a large size down to the smallest.
   player.run("Ctrl++, Ctrl++, Ctrl++");
   for (int size = 0; size < 18; ++size) {
     const QImage seen = frame().grab().toImage();
@@ -86,7 +95,8 @@ TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
       const QPoint place(x, board().height() - 1 - x), onFrame = board().mapTo(&frame(), place);
       const QRgb color = seen.pixel((QPointF(onFrame) * seen.devicePixelRatio()).toPoint());
       const int row = qRed(color) + 9, column = qGreen(color) + 9;
-      // Two squares may meet in one pixel, and a small screen shows a part.
+      // Two squares may meet in one pixel, whose colour is then none of theirs (9 levels off are
+      // let pass), and a small screen shows a part.
       if (row % 30 > 18 || column % 30 > 18 || !part.contains(place))
         continue;
       pointAt(board(), place);
@@ -109,9 +119,11 @@ TEST_P(Windows, FitABoardIntoItsFrame) {
     resizeFrame(width, height);
     player.run("Up"); // and everything is where the elements say
     EXPECT_TRUE(area().rect().contains(window.geometry())) << width << " x " << height;
+    // It fits at this size, and would not at one 5 % larger, unless it is the whole one.
     const QSize larger = window.size() * (percentOfBoard() + 5) / percentOfBoard();
     EXPECT_TRUE(percentOfBoard() == 100 || !area().rect().contains(QRect({}, larger)));
   }
+  // From here on the person chooses: two notches down from 100 %, then six up.
   turnWheel(-2, board());
   EXPECT_EQ(percentOfBoard(), 90);
   turnWheel(6, board());
@@ -132,6 +144,8 @@ TEST_P(Windows, FitABoardIntoItsFrame) {
   EXPECT_EQ(player.widget(app.enJuego.picTablero).width(), board().width()) << "chosen for both";
 }
 
+// In a frame of 300 pixels, which shows a part of the board: the arrows go to the edges of it,
+// eight squares each way, then the keyboard goes on to the list of boards.
 TEST_P(Windows, ScrollToWhatTheKeyboardIsOn) {
   openBoard(300);
   const auto inSight = [&](const QWidget& shown, QPoint place) {
@@ -148,7 +162,9 @@ TEST_P(Windows, ScrollToWhatTheKeyboardIsOn) {
   EXPECT_TRUE(inSight(player.widget(app.nuevoJuego.comTablero), {}));
 }
 
-// Those of the manual that no script presses; all are for a window or its menu.
+// Those of the manual that no other case presses: Ctrl+F4 and Ctrl+W close a child window, Alt+O
+// opens the options, Alt+- opens the child's own menu (its first entry is "Mover"), F10 and Alt+J
+// that of the frame.
 TEST_P(Windows, KnowTheKeysOfTheManual) {
   for (const char* keys : {"Ctrl+F4", "Ctrl+W"}) {
     player.run("menu mnuNuevoJuego");
@@ -210,8 +226,10 @@ protected:
 INSTANTIATE_TEST_SUITE_P(AtScale, WindowsInWideLetters, testing::Values("1"));
 
 TEST_P(WindowsInWideLetters, CutNoText) {
+  // A step that looks whether any text is cut.
   player.verbs["look"] = [](auto&, auto&) { expectTextsWhole(); };
   const std::string text = "Lo que aquí es bastante más largo que el lugar que hay";
+  // Letters one and a half times as large, then twice: the type is made larger behind each round.
   for (const double larger : {4.0 / 3, 1.0}) {
     player.run("menu mnuOpciones, look");
     const QFontInfo drawn(player.widget(app.opciones.lblBandera).font());
