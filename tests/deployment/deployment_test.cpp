@@ -20,6 +20,11 @@
 //
 // In the options, a click on lblLimiteFilas lets units stand in any row, and one on lblBandera
 // allows more than one flag.
+//
+// `app` is the program, `frame` its window around the others, `principal` what it knows of game and
+// options, `screen` the person before it. `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a
+// box that will come; the ANSWER is Ok unless it is named, MEANWHILE is what is looked at while the
+// box is open.
 #include <gmock/gmock.h>
 
 #include "scripted/game.h"

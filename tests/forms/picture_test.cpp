@@ -5,6 +5,10 @@
 // steps one by one: "menu X" chooses mnuX, "choose comTablero 8x8" a size of the board, "click
 // picINF" the infantry in the palette, "load BOARD TURN" loads a game, "move 21 16" moves the unit
 // on 21.
+//
+// `app` is the program, `frame` its window around the others, `screen` the person before it.
+// `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a box that will come; the ANSWER is Ok
+// unless it is named, MEANWHILE is what is looked at while the box is open.
 #include "scripted/game.h"
 
 namespace falanges {

@@ -39,6 +39,7 @@ TEST(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
   }
 }
 
+// NUL would swallow a saved game, CON is the console.
 TEST(TextFileWindowsTest, ADeviceIsNoFile) {
   for (const char* device : {R"(\\.\NUL)", R"(\\.\CON)"}) {
     EXPECT_EQ(readTextFile(device, 100), std::nullopt) << device;

@@ -25,7 +25,8 @@ public:
     // The frame stays open most of the time.
     return chance.below(box.text == LeaveQuestion ? 16 : 2) == 0 ? Answer::Yes : Answer::No;
   }
-  // Any game, or half of one.
+  // Any game to be loaded, player 2 in turn, or the second half of its text; no file to save one
+  // in.
   std::optional<std::string> fileDialog(const FileDialog& dialog) override {
     if (dialog.save)
       return std::nullopt;

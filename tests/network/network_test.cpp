@@ -6,7 +6,7 @@
 //   ana.joins(path)     chooses player 1 and the file in the options, past the boxes named
 //   ana.leaves()        closes the window of the game
 //   run("move 23 18")   clicks the unit on square 23, then the mark on 18: 1 is at the top left
-//   run("tick 5")       five seconds go by
+//   run("tick 5")       five seconds go by, with the timer tmrRed, which counts down to the polls
 //   run("load BOARD 1") loads a saved game, player 1 in turn, that is nothing of the network's
 // `bothPlay(BOARD)`: both have joined a file with this board, Ana is in turn, and Blas has polled
 // once. `put(TEXT)` writes the shared file, `file()` is what it holds ("none": it is missing), and
@@ -14,6 +14,11 @@
 // `caption()` is the title of the game's window; `status()` what is said of player 1 and of
 // player 2. A copy's `share` is its way to the file: while it `hangs`, what is begun waits until it
 // `answers`; while it `refuses`, nothing can be begun.
+//
+// A copy's `screen` is the person before it: `expectBox(TEXT, ANSWER, MEANWHILE)` announces a box
+// that will come; `joins` takes such boxes in braces. `principal` is what the copy knows of the
+// game, `play` its window of play. `pictures()` is the board as it is seen, `expectBoard` wants the
+// same of the records behind it.
 #include "network/copies.h"
 
 namespace falanges {

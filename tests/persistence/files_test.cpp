@@ -11,6 +11,10 @@
 // window. `choose(step, path, box)` picks this path in the file dialog that the step opens, or
 // cancels it; a box with this text follows, if any. `pictures()` is the board as its pictures show
 // it.
+//
+// `principal` is what the program knows of game and options, `play` the window of play, `screen`
+// the person before it. `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a box that will come;
+// the ANSWER is Ok unless it is named, MEANWHILE is what is looked at while the box is open.
 #include "persistence/configuration.h"
 #include "scripted/game.h"
 

@@ -7,6 +7,10 @@
 // `run` does its steps one by one: "load BOARD TURN" loads a saved game, "move 24 19" clicks the
 // unit on square 24 and then the mark on 19. `unit(n)` is the picture of the unit on square n.
 // `hint` points at a place, in twips from the corner of what is named, and reads the hint there.
+//
+// `play` is the window of play, `frame` the program's window around the others, `screen` the person
+// before it. `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a box that will come; the ANSWER
+// is Ok unless it is named, MEANWHILE is what is looked at while the box is open.
 #include "scripted/game.h"
 
 namespace falanges {

@@ -4,7 +4,9 @@
 //
 // `run(steps, box)` does the steps one by one; they lead to the box with this text, or to none:
 //   menu X             chooses the entry mnuX of the menu
-//   click X, close X, activate X   an element or a window, by its name
+//   click X            clicks an element, by its name
+//   close X            closes a window inside the frame, or the frame itself (frmPrincipal)
+//   activate X         brings a window to the front
 //   type BOX TEXT      types the text in place of what the box holds
 //   choose LIST ITEM   from a drop-down list
 //   load BOARD TURN    loads a saved game, which leads to play
@@ -19,6 +21,11 @@
 // The options' file has four fields and a line end: "1" when more flags are allowed; "1" when units
 // may stand in any row; seconds between two looks at a network game's file; moves a turn.
 // `configure` writes it before the program does.
+//
+// `app` is the program, `frame` its window around the others, `principal` what it knows of game and
+// options, `screen` the person before it. `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a
+// box that will come; the ANSWER is Ok unless it is named, MEANWHILE is what is looked at while the
+// box is open.
 #include "scripted/game.h"
 #include "shell/form1.h"
 
