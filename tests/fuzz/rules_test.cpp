@@ -53,7 +53,7 @@ protected:
   Chance chance{1};
 };
 
-TEST_F(RulesTest, EveryClickDoesWhatTheySay) {
+TEST_F(RulesTest, EveryClickDoesWhatTheRulesSay) {
   start();
   std::set<std::string> won; // the words of the victories that came; "": none
   for (int games = 0; games < 300 && !HasFailure(); ++games) {

@@ -96,7 +96,7 @@ TEST_F(Network, ATurnGoesToTheOtherCopyAndBackThroughTheFile) {
   ana.expectBoard(BlasMoved);
   EXPECT_EQ(ana.status(), "En Turno/En Espera");
 
-  // They begin anew, and Ana moves as before.
+  // Both begin the same game anew in the same programs, and nothing is left of the first one.
   ana.leaves();
   blas.leaves();
   bothPlay(Start);
@@ -362,7 +362,7 @@ TEST_F(Network, TheLastPositionThatWasSeenSavesAGameWhoseFileIsTorn) {
 
 // Two more copies whose operations on the file run on threads, as in the program, not at once and
 // by hand. Player 1 moves, then player 2 takes the flag.
-TEST_F(Network, OnThreadsOfTheirOwn) {
+TEST_F(Network, TwoCopiesPlayToTheEndOnThreadsOfTheirOwn) {
   Copy carla{1, network::onOwnThread}, david{2, network::onOwnThread};
   const auto playUntil = [&](const std::function<bool()>& done) {
     while (!done()) {

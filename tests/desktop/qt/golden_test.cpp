@@ -63,7 +63,7 @@ protected:
   QtPlayer player;
 };
 
-TEST_F(Golden, TheGame) {
+TEST_F(Golden, TheWindowsAndBoxesOfTheGame) {
   falanges::App app(player);
   // Symbol, title, text and button of a box that tells something.
   player.expectBox(falanges::informationBox().text, forms::Answer::Ok, painted("informacion"));

@@ -109,7 +109,7 @@ TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
 }
 
 // A board as large as its frame allows, and no larger than it is meant to be; or as it was chosen.
-TEST_P(Windows, FitABoardIntoItsFrame) {
+TEST_P(Windows, FitABoardIntoItsFrameOrShowItAsItWasChosen) {
   if (qApp->platformName() != "offscreen" && frame().screen()->geometry().height() < 1000)
     GTEST_SKIP() << "the screen is too small";
   openBoard(700);
@@ -129,10 +129,12 @@ TEST_P(Windows, FitABoardIntoItsFrame) {
   turnWheel(6, board());
   EXPECT_EQ(percentOfBoard(), 175);
   resizeFrame(700, 600);
+  // Without Ctrl the wheel scrolls, also when it comes over the list of boards.
   turnWheel(1, player.widget(app.nuevoJuego.comTablero), {});
   EXPECT_EQ(app.nuevoJuego.comTablero.Text(), "8x8") << "the wheel was on its way past";
   player.run("Ctrl+-");
   EXPECT_EQ(percentOfBoard(), 150);
+  // The deployment that opens anew has its smallest board, 5x5, which fits the frame at 125 %.
   player.run("Ctrl++, close frmNuevoJuego, menu mnuNuevoJuego");
   EXPECT_EQ(percentOfBoard(), 175) << "as it was chosen";
   player.run("Up, Right, Ctrl+0"); // the arrows scroll
