@@ -18,7 +18,9 @@
 // A copy's `screen` is the person before it: `expectBox(TEXT, ANSWER, MEANWHILE)` announces a box
 // that will come; `joins` takes such boxes in braces. `principal` is what the copy knows of the
 // game, `play` its window of play. `pictures()` is the board as it is seen, `expectBoard` wants the
-// same of the records behind it.
+// same of the records behind it. `menu()` names the entries of the menu "Juego" that are there to
+// be chosen, `windows()` the windows that are open. A file that is no game, or not a whole one, is
+// refused with the text `Invalid`, its path, and `Incomplete`.
 #include "network/copies.h"
 
 namespace falanges {
@@ -35,7 +37,8 @@ const std::string BlasMoved = "b..../..g../...../..G../....B";
 const std::string Last = "b..../I..../...../....i/....B";
 const std::string AnaWon = "I..../...../...../....i/....B";
 
-// What closes a file: whose turn it is, and behind a won game who has won it.
+// What closes a file: whose turn it is, and behind a won game a line of "1" and the number of the
+// winner.
 const std::string AnasTurn = "1\r\n", BlassTurn = "2\r\n";
 const std::string AnasVictory = "1\r\n11\r\n", BlassVictory = "2\r\n12\r\n";
 

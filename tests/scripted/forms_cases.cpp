@@ -90,11 +90,11 @@ TEST_F(FormsCases, NothingHappensBehindABox) {
   player->expectBox("Hola", Answer::Ok, [&] {
     forms.pressed(one.pic, MouseButton::Right);
     forms.clicked(one.btn);
-    forms.invoked(one.pic);
+    forms.invoked(one.pic); // as a screen reader presses it
     forms.typed(one.txtB, "x");
     forms.chosen(one.com, 0);
     forms.shortcutPressed(one.btn);
-    forms.tabbed(one, true);
+    forms.tabbed(one, true); // forward
     forms.closeRequested(frame);
     EXPECT_FALSE(forms.focusMoved(one.btn));
     EXPECT_FALSE(forms.activated(two));

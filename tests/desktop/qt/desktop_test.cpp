@@ -180,7 +180,7 @@ TEST_F(Desktop, BringsAWindowToTheFrontByAClickBesideItsElements) {
   EXPECT_EQ(forms.activeChild(), &two);
 }
 
-// The menu that is open lists the child windows, each with a number.
+// The menu that is open lists the child windows, each with a number: frmDos was opened first.
 TEST_F(Desktop, BringsAWindowToTheFrontByTheMenusList) {
   QMenu& menu = *widget(frame).findChild<QMenuBar*>()->actions().constFirst()->menu();
   menu.popup({});
