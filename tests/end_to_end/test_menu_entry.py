@@ -10,10 +10,9 @@ import tempfile
 from pathlib import Path
 
 from gi.repository import Gio
+from player import wait_for, write_script
 
-ROOT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "tools"))
-from player import wait_for, write_script  # noqa: E402
+program_folder, packaging = map(Path, sys.argv[1:])
 
 
 def menu(script, word, folder=None):
@@ -29,8 +28,8 @@ with tempfile.TemporaryDirectory() as home:
 
     # All that an entry's own rules have a meaning for, and what env would take for a variable.
     game = home / 'a=b Ángel 100%f "$a" `b` \\c'
-    shutil.copytree(Path(sys.argv[1], "ico"), game / "ico")
-    shutil.copy(ROOT / "packaging/linux/menu.sh", game)
+    shutil.copytree(program_folder / "ico", game / "ico")
+    shutil.copy(packaging / "menu.sh", game)
     program = game / "falanges"
     write_script(program, f"printf '%s' \"$0 $#\" >'{started}'")
     link = home / "menú"

@@ -10,10 +10,9 @@ import sys
 import tempfile
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "tools"))
-from player import write_script as script  # noqa: E402
+from player import write_script as script
 
+_, packaging, starter = map(Path, sys.argv[1:])
 OLD_NAME = os.fsdecode(b"A\xf1o 2005")  # as an archive of those days unpacks
 
 
@@ -26,14 +25,14 @@ with tempfile.TemporaryDirectory() as home:
     folder = Path(home)
     check, program = folder / "lib/check.sh", folder / "falanges.bin"
     check.parent.mkdir()
-    shutil.copy(sys.argv[2], folder / "falanges")
+    shutil.copy(starter, folder / "falanges")
     script(program, "echo El programa")
     script(folder / "zenity", 'echo "Ventana: $*"')
     os.environ["PATH"] = f"{folder}:/usr/bin:/bin"
     signal.signal(signal.SIGCHLD, signal.SIG_IGN)  # what is started inherits it
 
     shows(folder, "Ventana", f"{check}")  # missing
-    shutil.copy(ROOT / "packaging/linux/check.sh", check)
+    shutil.copy(packaging / "check.sh", check)
     shows(shutil.copytree(folder, folder / OLD_NAME), "Ventana", "UTF-8")
     script(check, "echo 'Falta libX'", "exit 1")
     shows(folder, "Ventana", "Falta libX")

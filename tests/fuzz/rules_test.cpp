@@ -4,14 +4,24 @@
 // A drawing of the reach has "S" where the selected unit stands and "*" where it may go.
 #include "fuzz/rules.h"
 
+#include <random>
 #include <set>
-
-#include "fuzz/chance.h"
 
 namespace falanges {
 
 class RulesTest : public Game {
 protected:
+  // By chance, from 0 to one less than the bound.
+  int below(int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); }
+  // From crowded to nearly empty.
+  std::string anyBoard() {
+    std::string drawing = blank(5 + below(4));
+    const int crowd = 15 + below(80);
+    for (char& square : drawing)
+      if (const int unit = below(crowd); square == '.' && unit < 10)
+        square = "BICEGbiceg"[unit];
+    return drawing;
+  }
   // "S" and "*" as the program shows them.
   std::string reach() {
     std::string marks = blank(principal.NumFilas);
@@ -34,7 +44,7 @@ protected:
   }
   // A click on a marker or a unit; nothing happens on an empty board.
   void clickAnywhere(Rules& rules) {
-    const int n = 1 + chance.below(principal.NumCasillas);
+    const int n = 1 + below(principal.NumCasillas);
     const std::size_t at = place(n, rules.side());
     const bool marked = rules.reach()[at] == '*';
     if (!marked && rules.board[at] == '.')
@@ -50,17 +60,16 @@ protected:
   }
 
   // The same games in each run.
-  Chance chance{1};
+  std::mt19937 random{1};
 };
 
 TEST_F(RulesTest, EveryClickDoesWhatTheRulesSay) {
   start();
   std::set<std::string> won; // the words of the victories that came; "": none
   for (int games = 0; games < 300 && !HasFailure(); ++games) {
-    // A board, the player in turn, whether more flags are allowed ("x": neither yes nor no, so that
+    // A board, the player in turn, whether more flags are allowed ("2": neither yes nor no, so that
     // a flag that is taken wins nothing), and 1 to 3 moves a turn.
-    Rules rules{chance.board(), 1 + chance.below(2), chance.anyOf<std::string>({"0", "1", "x"}),
-                1 + chance.below(3)};
+    Rules rules{anyBoard(), 1 + below(2), std::to_string(below(3)), 1 + below(3)};
     SCOPED_TRACE(rules.board);
     principal.OpcPermitirBanderas = rules.flags;
     principal.MovPorTurno = static_cast<std::uint8_t>(rules.movesPerTurn);
