@@ -14,10 +14,13 @@ class Share {
 public:
   bool hangs = false;   // what is begun now waits until it answers
   bool refuses = false; // no thread can be made for it
+  bool threads = false; // what is begun has a thread of its own, as in the program
   void begin(std::function<void()> operation) {
     if (refuses)
       throw std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again));
-    if (hangs)
+    if (threads)
+      network::onOwnThread(std::move(operation));
+    else if (hangs)
       held_.push_back(std::move(operation));
     else
       operation();
@@ -34,11 +37,8 @@ private:
 
 class Copy final : public Game {
 public:
-  // `start` runs its operations on the file; without, they go by way of `share`.
-  explicit Copy(int number, network::Start start = {})
-      : Game(start
-                 ? std::move(start)
-                 : [this](std::function<void()> operation) { share.begin(std::move(operation)); }),
+  explicit Copy(int number)
+      : Game([this](std::function<void()> operation) { share.begin(std::move(operation)); }),
         number_(std::to_string(number)) {
     configure("0;0;5;1;\r\n");
     Game::start();

