@@ -21,6 +21,13 @@ public:
 
   QAccessible::Role role() const override { return pressable_.role; }
 
+  // Where there is no description Qt's own would say the tip: it belongs to the mouse, which may
+  // point at another square than the keyboard.
+  QString text(QAccessible::Text what) const override {
+    return what == QAccessible::Description ? widget()->accessibleDescription()
+                                            : QAccessibleWidget::text(what);
+  }
+
   QStringList actionNames() const override {
     QStringList names = QAccessibleWidget::actionNames();
     if (pressable_.press)
@@ -137,8 +144,6 @@ void installAccessibility() {
 }
 
 void tellSight(QWidget& element, bool inSight) {
-  if (!QAccessible::isActive())
-    return;
   QAccessibleEvent event(&element,
                          inSight ? QAccessible::ObjectCreated : QAccessible::ObjectDestroyed);
   QAccessible::updateAccessibility(&event);
@@ -148,8 +153,6 @@ void Announcer::announce(QWidget& element, const QString& text) {
   if (std::exchange(said_[element.objectName()], text) == text)
     return;
   QApplication::alert(element.window()); // does nothing while the program is in front
-  if (!QAccessible::isActive())
-    return;
   const auto tell = [&element, text] {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
     QAccessibleAnnouncementEvent event(&element, text);
