@@ -107,10 +107,8 @@ protected:
     switch (event->type()) {
     case QEvent::ContextMenu:
       // Qt's own would wait in a loop of its own, in which the window may close.
-      event->accept();
       return true;
     case QEvent::MouseButtonPress: {
-      event->accept();
       const bool goesOn = element() && reporter().report([this](Forms& forms) {
         return forms.activated(window());
       });
@@ -153,11 +151,9 @@ private:
         const QSize size = sizeAround(decoration, Scale(percent));
         return size.boundedTo(area_.maximumViewportSize()) == size;
       })));
-    const QSize size = sizeAround(decoration, form().scale());
-    if (size == child().minimumSize() && size == child().maximumSize())
-      return false;
-    child().setFixedSize(size);
-    return true;
+    const QSize before = child().size();
+    child().setFixedSize(sizeAround(decoration, form().scale()));
+    return child().size() != before;
   }
 
   void scaleTo(const Scale& scale) {

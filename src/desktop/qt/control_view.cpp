@@ -74,10 +74,8 @@ void ControlView::syncReach() {
   const bool visible = element()->Visible;
   if (!enabled || !visible)
     screen_.focus.vanishes(widget());
-  if (widget().isEnabled() != enabled)
-    widget().setEnabled(enabled);
-  const bool shown = !widget().isHidden();
-  if (shown == visible)
+  widget().setEnabled(enabled);
+  if (visible != widget().isHidden())
     return;
   if (!visible)
     tellSight(widget(), false);

@@ -99,10 +99,8 @@ class TextAreaView final : public ViewOf<TextBox, QPlainTextEdit> {
 public:
   TextAreaView(TextBox& box, Screen& screen, QWidget* form)
       : ViewOf(box, screen, new QPlainTextEdit(form)) {
-    widget().setReadOnly(true);
     widget().setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     widget().setLineWrapMode(QPlainTextEdit::NoWrap);
-    widget().setTabChangesFocus(true);
     widget().setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     widget().setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     for (QScrollBar* bar : {widget().horizontalScrollBar(), widget().verticalScrollBar()})

@@ -111,14 +111,11 @@ void FocusKeeper::arrived(WidgetView& view) {
 }
 
 void FocusKeeper::later() {
-  if (std::exchange(settleComes_, true))
-    return;
   QMetaObject::invokeMethod(
       this, [this] { settle(); }, Qt::QueuedConnection);
 }
 
 void FocusKeeper::settle() {
-  settleComes_ = false;
   movedByQt_ = false;
   const QPointer<WidgetView> wished = std::exchange(arrived_, nullptr);
   QWidget* const holder = QApplication::focusWidget();

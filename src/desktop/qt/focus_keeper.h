@@ -63,8 +63,7 @@ private:
   // Whether the person went on with the keyboard or the mouse: for the keyboard the focus has
   // an outline.
   bool keyboard_ = false;
-  bool settleComes_ = false; // settle() is on its way
-  bool movedByQt_ = false;   // what moves until then
+  bool movedByQt_ = false; // what moves until settle() runs
 };
 
 } // namespace forms::qt

@@ -83,8 +83,7 @@ void Form::paintEvent(QPaintEvent* event) {
     painter.fillRect(event->rect(), palette().window());
 }
 
-void Form::mousePressEvent(QMouseEvent* event) {
-  event->accept();
+void Form::mousePressEvent(QMouseEvent* /*event*/) {
   if (!window_ || window_->windowKind() != WindowKind::Child)
     return;
   reporter_.report([this](Forms& forms) { return forms.activated(*window_); });
@@ -114,14 +113,12 @@ bool Form::focusNextPrevChild(bool next) {
 Outline::Outline(Form& form) : QWidget(&form) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   form.stack(*this, std::numeric_limits<int>::max());
-  hide();
 }
 
 void Outline::showAt(const QRect& place, int width, bool faint) {
   setGeometry(place);
   width_ = width;
   faint_ = faint;
-  update();
   show();
 }
 

@@ -72,8 +72,7 @@ void addYesAndNo(QMessageBox& shown) {
 
 Answer showMessageBox(const MessageBox& box, const QIcon& icon, QWidget* parent) {
   Box shown(parent);
-  if (!icon.isNull())
-    shown.setWindowIcon(icon);
+  shown.setWindowIcon(icon);
   shown.setWindowTitle(toQt(box.title));
   shown.setTextFormat(Qt::PlainText);
   shown.setText(toQt(box.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
