@@ -33,6 +33,7 @@ public:
     for (int placed = 0; Element * element : elements()) {
       element->place(0, 450 * placed, 900, 375);
       element->TabIndex = element == &lbl ? -1 : placed;
+      element->AccessibleName = element->name();
       element->LostFocus = log.adds(element->name() + "_LostFocus");
       ++placed;
     }

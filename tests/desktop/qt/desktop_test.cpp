@@ -10,7 +10,7 @@
 // `log` notes each event that they hear as ELEMENT_EVENT or WINDOW_EVENT: btn_Click,
 // frmUno_Deactivate. `events()` tells and forgets them; `log.on` is what a case does inside one.
 // `player` is the person at the screen: `run` does steps ("click btn") or presses keys ("Ctrl+F7");
-// `expectBox` announces a box, and what is done while it is open. `widget(X)` is what shows X.
+// `expectBox` announces a box, and what is done while it is open. `widgetOf(X)` is what shows X.
 #include <QAccessible>
 #include <QApplication>
 #include <QMdiArea>
@@ -20,8 +20,7 @@
 #include <QTest>
 #include <QWindow>
 
-#include "desktop/qt/agrees.h"
-#include "desktop/qt/qt_player.h"
+#include "desktop/qt/on_screen.h"
 #include "scripted/test_windows.h"
 
 using namespace scripted;
@@ -32,10 +31,9 @@ namespace {
 class Desktop : public TestProgram {
 protected:
   Desktop() { events(); }
-  QWidget& widget(const Element& element) { return screen.widget(element); }
-  QWindow* window() { return widget(frame).windowHandle(); }
+  QWindow* window() { return widgetOf(frame).windowHandle(); }
   QPoint middle(const Element& element) {
-    const QWidget& shown = widget(element);
+    const QWidget& shown = widgetOf(element);
     return shown.mapTo(shown.window(), shown.rect().center());
   }
   void drag(const Element& from, const Element& to) {
@@ -50,8 +48,6 @@ protected:
     return log.take();
   }
   qsizetype clicks() { return QString::fromStdString(events()).count("_Click"); }
-
-  QtPlayer& screen = dynamic_cast<QtPlayer&>(*player);
 };
 
 // From each to each: pressed on the one, let go on the other.
@@ -64,15 +60,6 @@ TEST_F(Desktop, ClicksWhereItIsPressedAndLetGo) {
     }
     QTest::mouseDClick(window(), Qt::LeftButton, {}, middle(*from));
     EXPECT_EQ(clicks(), 2) << from->name();
-  }
-}
-
-TEST_F(Desktop, ShowsAHandOverAPictureThatAClickDoesSomethingWith) {
-  for (const Qt::CursorShape shape : {Qt::PointingHandCursor, Qt::ArrowCursor}) {
-    one.pic.inviting = [=] { return shape == Qt::PointingHandCursor; };
-    QTest::mouseMove(window(), middle(one.lbl));
-    QTest::mouseMove(window(), middle(one.pic));
-    EXPECT_EQ(widget(one.pic).cursor().shape(), shape);
   }
 }
 
@@ -103,11 +90,11 @@ TEST_F(Desktop, HearsTheClockBehindABoxAndKeepsNoneOfTheWindowsThatClosedMeanwhi
 // behind or in this one, it goes back without an event.
 TEST_F(Desktop, PutsTheFocusBackThatQtMoves) {
   own.open();
-  QTest::keyClick(&widget(own.txtA), Qt::Key_Tab);
+  QTest::keyClick(&widgetOf(own.txtA), Qt::Key_Tab);
   EXPECT_EQ(events(), "frmPropia_Load txtA_LostFocus");
   for (const TestWindow* home : {&one, &own}) {
-    widget(home->btn).setFocus();
-    widget(home->btn).activateWindow();
+    widgetOf(home->btn).setFocus();
+    widgetOf(home->btn).activateWindow();
     QCoreApplication::processEvents();
     EXPECT_EQ(events(), "");
   }
@@ -116,7 +103,7 @@ TEST_F(Desktop, PutsTheFocusBackThatQtMoves) {
 // As Ctrl and Tab do. At first the box in the first window keeps the focus, so it stays in front.
 TEST_F(Desktop, AsksBeforeAChildThatQtActivatesTakesOver) {
   const auto activateSecond = [&] {
-    auto& second = dynamic_cast<QMdiSubWindow&>(widget(two));
+    auto& second = dynamic_cast<QMdiSubWindow&>(widgetOf(two));
     second.mdiArea()->setActiveSubWindow(&second);
     return events();
   };
@@ -134,7 +121,7 @@ TEST_F(Desktop, DoesAScreenReadersWishes) {
   log.on["com_LostFocus"] = [&] { EXPECT_TRUE(one.com.SetFocus()); }; // a refusal
   for (const char* wish : {"SetFocus", "Press", "Toggle", "Increase", "Decrease", "SetText"})
     player->verbs[wish] = [this, wish](auto& on, auto&) {
-      auto* const said = QAccessible::queryAccessibleInterface(&widget(player->get(on)));
+      auto* const said = QAccessible::queryAccessibleInterface(&widgetOf(player->get(on)));
       if (wish == std::string("SetText"))
         said->setText(QAccessible::Value, "5");
       else
@@ -151,7 +138,7 @@ TEST_F(Desktop, DoesAScreenReadersWishes) {
          return events();
        });
   EXPECT_EQ(one.com.Text(), "uno") << "the first: up twice, once in vain, and down again";
-  auto* const list = QAccessible::queryAccessibleInterface(&widget(one.com));
+  auto* const list = QAccessible::queryAccessibleInterface(&widgetOf(one.com));
   for (const bool open : {true, false}) {
     list->actionInterface()->doAction("ShowMenu");
     EXPECT_EQ(list->state().expanded, open);
@@ -161,28 +148,28 @@ TEST_F(Desktop, DoesAScreenReadersWishes) {
 
 // Ctrl+F7 begins it, an arrow moves the child by 10 pixels, Enter or Escape ends it.
 TEST_F(Desktop, MovesAChildByItsKeys) {
-  const QPoint start = widget(one).pos();
+  const QPoint start = widgetOf(one).pos();
   player->run("Ctrl+F7, Right, Down, Right, Enter");
-  EXPECT_EQ(widget(one).pos(), start + QPoint(20, 10)); // pixels
+  EXPECT_EQ(widgetOf(one).pos(), start + QPoint(20, 10)); // pixels
   player->run("Ctrl+F7, Left, Up, Escape");
-  EXPECT_EQ(widget(one).pos(), start + QPoint(20, 10)) << "taken back";
+  EXPECT_EQ(widgetOf(one).pos(), start + QPoint(20, 10)) << "taken back";
   player->run("Ctrl+F7, Left, Up, Enter, Up");
-  EXPECT_EQ(widget(one).pos(), start + QPoint(10, 0)) << "ended by Enter";
+  EXPECT_EQ(widgetOf(one).pos(), start + QPoint(10, 0)) << "ended by Enter";
   EXPECT_EQ(log.take(), "") << "no key is for the element with the focus";
 }
 
 TEST_F(Desktop, BringsAWindowToTheFrontByAClickBesideItsElements) {
-  QWidget& shown = widget(two);
-  shown.move(widget(one).width() - 50, 0); // dragged out from under the other
+  QWidget& shown = widgetOf(two);
+  shown.move(widgetOf(one).width() - 50, 0); // dragged out from under the other
   // In the window's own pixels, of which it has some 400 each way: right of its elements.
-  QTest::mouseClick(window(), Qt::LeftButton, {}, shown.mapTo(&widget(frame), QPoint(350, 300)));
+  QTest::mouseClick(window(), Qt::LeftButton, {}, shown.mapTo(&widgetOf(frame), QPoint(350, 300)));
   EXPECT_EQ(events(), "txtA_LostFocus frmUno_Deactivate");
   EXPECT_EQ(forms.activeChild(), &two);
 }
 
 // The menu that is open lists the child windows, each with a number: frmDos was opened first.
 TEST_F(Desktop, BringsAWindowToTheFrontByTheMenusList) {
-  QMenu& menu = *widget(frame).findChild<QMenuBar*>()->actions().constFirst()->menu();
+  QMenu& menu = *widgetOf(frame).findChild<QMenuBar*>()->actions().constFirst()->menu();
   menu.popup({});
   for (QAction* action : menu.actions())
     if (action->text() == "&1 frmDos")

@@ -9,7 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "desktop/qt/qt_player.h"
+#include "desktop/qt/on_screen.h"
 
 using namespace scripted;
 
@@ -30,11 +30,12 @@ void tryTooLongAName() {
 }
 
 TEST(TheFileDialog, TakesANameAsItIsTyped) {
-  QtPlayer player;
+  const auto player = makePlayer();
   for (const std::string name : {"partida", "la \"otra\".txt", "\""}) {
-    const std::string path = player.programFolder() + "/" + name;
-    player.expectFile("Guardar", path, tryTooLongAName);
-    EXPECT_EQ(player.fileDialog({true, "Guardar", player.programFolder(), "", "Todos|*.*"}), path);
+    const std::string path = player->programFolder() + "/" + name;
+    player->expectFile("Guardar", path, tryTooLongAName);
+    EXPECT_EQ(player->fileDialog({true, "Guardar", player->programFolder(), "", "Todos|*.*"}),
+              path);
   }
 }
 

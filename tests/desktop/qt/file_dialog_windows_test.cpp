@@ -2,7 +2,7 @@
 // `fileDialog({save, title, folder, name, kinds of files})` opens it.
 #include <QDir>
 
-#include "desktop/qt/qt_player.h"
+#include "desktop/qt/on_screen.h"
 
 using namespace scripted;
 
@@ -10,13 +10,13 @@ namespace {
 
 // It shows no folder whose path has more than some 260 characters, and starts in the one above.
 TEST(TheFileDialog, StartsInTheNearestFolderThatTheShellCanShow) {
-  QtPlayer player;
+  const auto player = makePlayer();
   const TemporaryFolder folder;
   const std::string above = folder.file(std::string(120, 'a'));
   const std::string tooLong = above + "\\" + std::string(120, 'b');
   ASSERT_TRUE(QDir().mkpath(QString::fromStdString(tooLong)));
-  player.expectFile("Guardar", "partida.txt");
-  EXPECT_EQ(player.fileDialog({true, "Guardar", tooLong, "", "Textos|*.txt|Todos|*.*"}),
+  player->expectFile("Guardar", "partida.txt");
+  EXPECT_EQ(player->fileDialog({true, "Guardar", tooLong, "", "Textos|*.txt|Todos|*.*"}),
             above + "\\partida.txt");
 }
 

@@ -1,7 +1,7 @@
 // What is painted rather than set: whole windows, held by the pictures in golden/.
 // FALANGES_GOLDEN=write in the environment makes the pictures anew.
 //
-// `player` is the person at the screen and does the steps of `run` one by one: "menu ENTRY", "click
+// `run` does steps of the person at the screen one by one: "menu ENTRY", "click
 // ELEMENT", "close WINDOW", a key (Tab, Space, Up), or "paint WINDOW NAME", which holds the window
 // against golden/NAME.png. `expectBox(TEXT, ANSWER, painted(NAME))` announces a box with this text,
 // or a modal window of this name: it is held against its picture, then answered.
@@ -13,14 +13,11 @@
 #include <QTest>
 #include <QTreeView>
 
-#include "desktop/qt/agrees.h"
-#include "desktop/qt/qt_player.h"
-#include "forms/text_file.h"
-#include "shell/app.h"
+#include "desktop/qt/on_screen.h"
 #include "shell/form1.h"
-#include "shell/information_box.h"
 
 using namespace scripted;
+using namespace falanges;
 
 namespace {
 
@@ -45,62 +42,58 @@ void expectPainted(const char* name, QWidget& shown) {
   ADD_FAILURE() << name << " differs; seen: " << beside.toStdString();
 }
 
-class Golden : public testing::Test {
+class Golden : public Game {
 protected:
   void SetUp() override {
     if (!QLatin1String(qVersion()).startsWith(QLatin1String("6.4.")) ||
         QGuiApplication::platformName() != "offscreen")
       GTEST_SKIP() << "golden pictures are of Qt 6.4 on the screen without a display";
     QApplication::setCursorFlashTime(0);
-    player.verbs["paint"] = [this](auto& window, auto& name) {
-      expectPainted(name.c_str(), player.widget(player.get<forms::Window>(window)));
+    screen.verbs["paint"] = [this](auto& window, auto& name) {
+      expectPainted(name.c_str(), widgetOf(screen.get<Window>(window)));
     };
   }
   static Meanwhile painted(const char* name) {
     return [name] { expectPainted(name, *QApplication::activeModalWidget()); };
   }
-
-  QtPlayer player;
 };
 
 TEST_F(Golden, TheWindowsAndBoxesOfTheGame) {
-  falanges::App app(player);
   // Symbol, title, text and button of a box that tells something.
-  player.expectBox(falanges::informationBox().text, forms::Answer::Ok, painted("informacion"));
+  screen.expectBox(informationBox().text, Answer::Ok, painted("informacion"));
   app.start();
   // The lower tick box is ticked and marked for the keyboard.
-  player.run("menu mnuOpciones, Tab, Space, paint frmOpciones opciones");
+  run("menu mnuOpciones, Tab, Space, paint frmOpciones opciones");
   // The flag in the palette was raised, then the infantry; both armies in their colours, each the
   // other's mirror image; the keyboard's frame on square 19, right of the last unit, faint while
   // the keyboard is on the button, which is framed.
-  player.run("menu mnuNuevoJuego, click picBAN, Tab, Tab, Left, Enter, Right, 1, Enter,"
-             "Right, Enter, Up, Enter, Right, Shift+Tab, paint frmNuevoJuego nuevo-juego");
+  run("menu mnuNuevoJuego, click picBAN, Tab, Tab, Left, Enter, Right, 1, Enter,"
+      "Right, Enter, Up, Enter, Right, Shift+Tab, paint frmNuevoJuego nuevo-juego");
   // Lines one below the other in a window with a title bar of its own.
-  app.principal.TextoVolcado = "Uno\r\nDos";
-  player.expectBox("frmMsgBox", forms::Answer::Ok,
-                   [&] { player.run("paint frmMsgBox datos, Escape"); });
+  principal.TextoVolcado = "Uno\r\nDos";
+  screen.expectBox("frmMsgBox", Answer::Ok, [&] { run("paint frmMsgBox datos, Escape"); });
   app.msgBox.showModal();
   // The entries of the deployment with their letters, the one that is grey, the list of windows.
-  QWidget& frame = player.widget(app.frame);
-  QMenu& menu = *frame.findChild<QMenuBar*>()->actions().constFirst()->menu();
+  QWidget& shownFrame = widgetOf(frame);
+  QMenu& menu = *shownFrame.findChild<QMenuBar*>()->actions().constFirst()->menu();
   for (int i = 0; i < 2; ++i) { // that list is made anew each time
     menu.popup({});
     expectPainted("menu", menu);
     menu.close();
   }
   // A question: No is the default.
-  player.expectBox("DEBE colocar al menos 1 Unidad de cada tipo\r\n"
-                   "¿Iniciar el juego con la disposición actual de Unidades en el Tablero?",
-                   forms::Answer::Yes, painted("pregunta"));
+  screen.expectBox("DEBE colocar al menos 1 Unidad de cada tipo\r\n" + StartQuestion, Answer::Yes,
+                   painted("pregunta"));
   // The selected unit raised, markers where it may go, who is in turn, the keyboard's frame.
-  player.run("click btnIniciar, click picUnidad(18), Up, paint frmEnJuego en-juego");
+  run("click btnIniciar, click picUnidad(18), Up, paint frmEnJuego en-juego");
   // A frame too small for the board has scroll bars.
-  frame.showNormal();
-  frame.resize(300, 200);
-  expectPainted("marco", frame);
+  shownFrame.showNormal();
+  EXPECT_EQ(shownFrame.frameGeometry().width(), qRound(frame.Width / 15.0)) << "with its edge";
+  shownFrame.resize(300, 200);
+  expectPainted("marco", shownFrame);
   // The question with the warning's symbol.
-  player.expectBox("¿Está seguro de salir y cerrar todo?", forms::Answer::No, painted("aviso"));
-  player.run("close frmPrincipal");
+  screen.expectBox(LeaveQuestion, Answer::No, painted("aviso"));
+  run("close frmPrincipal");
 }
 
 // Proposed name, kinds of files, columns and buttons in the program's language, a saved game with
@@ -109,10 +102,10 @@ TEST_F(Golden, TheWindowsAndBoxesOfTheGame) {
 TEST_F(Golden, TheFileDialog) {
   const TemporaryFolder folder;
   QFile game(QString::fromStdString(folder.file("partida.txt")));
-  ASSERT_TRUE(forms::writeTextFile(folder.file("partida.sav"), "")); // left out: no text file
+  ASSERT_TRUE(writeTextFile(folder.file("partida.sav"), "")); // left out: no text file
   ASSERT_TRUE(game.open(QIODevice::WriteOnly) && game.resize(1234) &&
               game.setFileTime(QDateTime({2005, 3, 9}, {8, 5}), QFileDevice::FileModificationTime));
-  player.expectFile("Guardar Juego", std::nullopt, [] {
+  screen.expectFile("Guardar Juego", std::nullopt, [] {
     QWidget& dialog = *QApplication::activeModalWidget();
     for (const char* part : {"lookInCombo", "sidebar"})
       dialog.findChild<QWidget*>(part)->hide();
@@ -124,17 +117,17 @@ TEST_F(Golden, TheFileDialog) {
     expectPainted("archivo", dialog);
   });
   // To save; title, folder, proposed name, kinds of files.
-  player.fileDialog({true, "Guardar Juego", folder.file("no") + "/hay", "uno.txt",
+  screen.fileDialog({true, "Guardar Juego", folder.file("no") + "/hay", "uno.txt",
                      "Archivos de texto|*.txt|Todos los archivos|*.*"});
 }
 
 // The developer's tool, a window of its own: the picture that was clicked lies in front of the
-// others.
+// others, and the click has taken the keyboard's mark away.
 TEST_F(Golden, TheCoordinateTool) {
-  forms::Forms layer(player);
-  falanges::Form1 tool(layer);
+  Forms layer(screen);
+  Form1 tool(layer);
   layer.startUp(tool);
-  player.run("click Picture3, paint Form1 coordenadas");
+  run("Tab, click Picture3, paint Form1 coordenadas");
 }
 
 } // namespace

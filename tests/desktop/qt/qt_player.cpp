@@ -1,4 +1,4 @@
-#include "desktop/qt/qt_player.h"
+// A person at the Qt desktop, offscreen: acts on the widgets that show the elements.
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -13,8 +13,9 @@
 #include <QTimer>
 #include <stdexcept>
 
-#include "desktop/qt/agrees.h"
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/on_screen.h"
+#include "desktop/qt/qt_desktop.h"
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -28,9 +29,8 @@ using forms::qt::toQt;
 
 namespace {
 
-int argumentCount = 1;
-char programName[] = "qt_tests";
-char* arguments[] = {programName, nullptr};
+int argumentCount = 0;
+char* arguments[] = {nullptr};
 
 // What a window manager does when a box or a list has closed: the window below is active again.
 void settle() {
@@ -55,10 +55,47 @@ QPoint pixelOf(const Element& element, const QWidget& shown, const std::string& 
   return {static_cast<int>(pixel.x()), static_cast<int>(pixel.y())};
 }
 
+// Passes everything on to the Qt desktop, and answers the boxes that it opens.
+class QtPlayer final : public Player {
+public:
+  QtPlayer();
+  void windowOpened(Window& window) override {
+    if (!std::exchange(forms_, &window.forms()))
+      qt_.connect(*forms_);
+    qt_.windowOpened(window);
+  }
+  void windowClosed(Window& window) override { qt_.windowClosed(window); }
+  void waitModal(Window& window) override;
+  void changed(Element& element) override {
+    stale_ = true;
+    qt_.changed(element);
+  }
+  void removed(Element& element) override { qt_.removed(element); }
+  void focusAsked(Element& element) override { qt_.focusAsked(element); }
+  Answer messageBox(const MessageBox& box) override;
+  std::optional<std::string> fileDialog(const FileDialog& dialog) override;
+  std::optional<PictureSize> pictureSize(const std::string& path) override {
+    return qt_.pictureSize(path);
+  }
+
+private:
+  void afterAction() override;
+  void key(const std::string& name) override;
+
+  qt::QtDesktop qt_;
+  bool stale_ = false; // something has changed that may be painted later
+};
+
 } // namespace
 
 std::unique_ptr<Player> makePlayer() {
   return std::make_unique<QtPlayer>();
+}
+
+QWidget& widgetOf(const Element& element) {
+  settle();
+  QWidget* const shown = shownWidget(element);
+  return shown ? *shown : throw std::runtime_error(element.name() + " is not on the screen");
 }
 
 void pointAt(QWidget& widget, QPointF place) {
@@ -74,7 +111,7 @@ QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
     std::filesystem::copy(toPath(FALANGES_PROGRAM_FOLDER) / part, toPath(folder_.file(part)));
   verbs["click"] = [this](auto& on, auto& place) {
     const Element& element = get(on);
-    const QPointer<QWidget> target(&widget(element));
+    const QPointer<QWidget> target(&widgetOf(element));
     const QPoint where = pixelOf(element, *target, place);
     QTest::mousePress(target, Qt::LeftButton, {}, where);
     if (target)
@@ -82,14 +119,16 @@ QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
   };
   verbs["over"] = [this](auto& on, auto& place) {
     const auto& picture = get<Picture>(on);
-    QWidget& shown = widget(picture);
+    QWidget& shown = widgetOf(picture);
     pointAt(shown, pixelOf(picture, shown, place));
+    const bool hand = shown.cursor().shape() == Qt::PointingHandCursor;
+    EXPECT_EQ(hand, picture.invites()) << "a hand over what a click does something with";
   };
   verbs["right"] = [this](auto& on, auto&) {
-    QTest::mouseClick(&widget(get(on)), Qt::RightButton);
+    QTest::mouseClick(&widgetOf(get(on)), Qt::RightButton);
   };
   verbs["type"] = [this](auto& on, auto& text) {
-    QWidget& box = widget(get<TextBox>(on));
+    QWidget& box = widgetOf(get<TextBox>(on));
     box.setFocus();
     QMetaObject::invokeMethod(&box, "selectAll");
     QTest::keyClick(&box, Qt::Key_Delete);
@@ -98,7 +137,7 @@ QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
     QCoreApplication::sendEvent(&box, &typed);
   };
   verbs["choose"] = [this](auto& on, auto& item) {
-    auto& list = dynamic_cast<QComboBox&>(widget(get(on)));
+    auto& list = dynamic_cast<QComboBox&>(widgetOf(get(on)));
     QTest::mousePress(&list, Qt::LeftButton);
     if (!list.view()->isVisible())
       return; // the focus was not let go
@@ -107,14 +146,14 @@ QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
   };
   verbs["menu"] = [this](auto& on, auto&) {
     const auto& entry = get<MenuEntry>(on);
-    widget(entry.window()).template findChild<QAction*>(toQt(entry.name()))->trigger();
+    widgetOf(entry.window()).template findChild<QAction*>(toQt(entry.name()))->trigger();
   };
   verbs["activate"] = [this](auto& on, auto&) {
     constexpr QPoint Title(60, 8);
-    QTest::mouseClick(&widget(get<Window>(on)), Qt::LeftButton, {}, Title);
+    QTest::mouseClick(&widgetOf(get<Window>(on)), Qt::LeftButton, {}, Title);
     QCoreApplication::processEvents();
   };
-  verbs["close"] = [this](auto& on, auto&) { widget(get<Window>(on)).close(); };
+  verbs["close"] = [this](auto& on, auto&) { widgetOf(get<Window>(on)).close(); };
 }
 
 void QtPlayer::key(const std::string& name) {
@@ -185,12 +224,6 @@ std::optional<std::string> QtPlayer::fileDialog(const FileDialog& dialog) {
   });
   looking.start();
   return qt_.fileDialog(dialog);
-}
-
-QWidget& QtPlayer::widget(const Element& element) {
-  settle();
-  QWidget* const shown = shownWidget(element);
-  return shown ? *shown : throw std::runtime_error(element.name() + " is not on the screen");
 }
 
 } // namespace scripted

@@ -3,7 +3,7 @@
 // Sizes of widgets are in pixels, those of elements in twips: a pixel is 15 twips at 100 %, and a
 // square of the board has 1180. The windows with a board have a size in percent: Ctrl++ and Ctrl+-,
 // or a notch of the wheel with Ctrl, choose the next one (... 90, 95, 100, 110, 125, 150, 175 ...),
-// Ctrl+0 the one that fits up to 100, Ctrl+9 the largest that fits. `player.run` does its steps one
+// Ctrl+0 the one that fits up to 100, Ctrl+9 the largest that fits. `run` does its steps one
 // by one: "menu ENTRY", "choose LIST ITEM", "close WINDOW", or a key. nuevoJuego is the
 // deployment's window, enJuego that of play, opciones the options.
 #include <QApplication>
@@ -15,11 +15,10 @@
 #include <QWheelEvent>
 #include <QtMath>
 
-#include "desktop/qt/qt_player.h"
-#include "shell/app.h"
-#include "shell/information_box.h"
+#include "desktop/qt/on_screen.h"
 
 using namespace scripted;
+using namespace falanges;
 
 namespace {
 
@@ -33,26 +32,26 @@ struct Variable {
 };
 
 // The program on a screen with so many device pixels to a pixel: 1, 1.5 or 2.
-class Windows : public testing::TestWithParam<const char*> {
+class Windows : Variable, public Game, public testing::WithParamInterface<const char*> {
 protected:
+  Windows() : Variable{"QT_SCALE_FACTOR", GetParam()} {}
   void SetUp() override {
     ASSERT_EQ(QString::number(qApp->devicePixelRatio()), GetParam());
-    player.expectBox(falanges::informationBox().text, forms::Answer::Ok, onBox);
-    app.start();
+    start();
   }
   // The deployment with the largest board, in a frame of so many pixels each way.
   void openBoard(int side) {
-    player.run("menu mnuNuevoJuego, choose comTablero 8x8");
+    run("menu mnuNuevoJuego, choose comTablero 8x8");
     resizeFrame(side, side);
   }
   void resizeFrame(int width, int height) {
-    frame().resize(width, height);
+    shownFrame().resize(width, height);
     QCoreApplication::processEvents();
   }
-  QWidget& frame() { return player.widget(app.frame); }
+  QWidget& shownFrame() { return widgetOf(frame); }
   // What shows the child windows.
-  QWidget& area() { return *frame().findChild<QMdiArea*>()->viewport(); }
-  QWidget& board() { return player.widget(app.nuevoJuego.picTablero); }
+  QWidget& area() { return *shownFrame().findChild<QMdiArea*>()->viewport(); }
+  QWidget& board() { return widgetOf(app.nuevoJuego.picTablero); }
   // Of its own size.
   int percentOfBoard() {
     return qRound(board().width() * 1500.0 / app.nuevoJuego.picTablero.Width);
@@ -63,11 +62,6 @@ protected:
     QSpontaneKeyEvent::setSpontaneous(&wheel); // or it goes no further than to the widget
     qApp->notify(&over, &wheel);
   }
-
-  Meanwhile onBox; // while a box is open
-  Variable scale{"QT_SCALE_FACTOR", GetParam()};
-  QtPlayer player;
-  falanges::App app{player};
 };
 
 INSTANTIATE_TEST_SUITE_P(AtScale, Windows, testing::Values("1", "1.5", "2"));
@@ -80,19 +74,20 @@ TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
   for (int y = 0; y < 630; ++y)
     for (int x = 0; x < 630; ++x)
       squares.setPixel(x, y, qRgb(number(y) * 30, number(x) * 30, 0));
-  const QString path = QString("%1/img/8x8%2.jpg").arg(player.programFolder().c_str());
+  const QString path = QString("%1/img/8x8%2.jpg").arg(screen.programFolder().c_str());
   for (const auto& [density, at] : {std::pair(1, ""), {2, "@2x"}, {3, "@3x"}})
     ASSERT_TRUE(squares.scaled(squares.size() * density).save(path.arg(at), "PNG"));
   openBoard(1300);
   // From a large size down to the smallest.
-  player.run("Ctrl++, Ctrl++, Ctrl++");
+  run("Ctrl++, Ctrl++, Ctrl++");
   for (int size = 0; size < 18; ++size) {
-    const QImage seen = frame().grab().toImage();
+    const QImage seen = shownFrame().grab().toImage();
     const QRegion part = board().visibleRegion();
     // From the lower left corner to the upper right one the hint names the square that is seen.
     const int outside = board().width() / 100 + 1; // at the edges there are pixels of no square
     for (int x = outside; x < board().width() - outside; ++x) {
-      const QPoint place(x, board().height() - 1 - x), onFrame = board().mapTo(&frame(), place);
+      const QPoint place(x, board().height() - 1 - x),
+          onFrame = board().mapTo(&shownFrame(), place);
       const QRgb color = seen.pixel((QPointF(onFrame) * seen.devicePixelRatio()).toPoint());
       const int row = qRed(color) + 9, column = qGreen(color) + 9;
       // Two squares may meet in one pixel, whose colour is then none of theirs (9 levels off are
@@ -104,20 +99,20 @@ TEST_P(Windows, ShowEachSquareWhereItIsInEverySize) {
       EXPECT_TRUE(board().toolTip().endsWith(square))
           << board().toolTip().toStdString() << " at " << x << " of " << board().width();
     }
-    player.run("Ctrl+-");
+    run("Ctrl+-");
   }
 }
 
 // A board as large as its frame allows, and no larger than it is meant to be; or as it was chosen.
 TEST_P(Windows, FitABoardIntoItsFrameOrShowItAsItWasChosen) {
-  if (qApp->platformName() != "offscreen" && frame().screen()->geometry().height() < 1000)
+  if (qApp->platformName() != "offscreen" && shownFrame().screen()->geometry().height() < 1000)
     GTEST_SKIP() << "the screen is too small";
   openBoard(700);
-  QWidget& window = player.widget(app.nuevoJuego);
+  QWidget& window = widgetOf(app.nuevoJuego);
   window.move(100, 100); // it comes back into the frame
   for (const auto& [width, height] : {std::pair(720, 760), {800, 660}, {400, 400}, {900, 900}}) {
     resizeFrame(width, height);
-    player.run("Up"); // and everything is where the elements say
+    run("Up"); // and everything is where the elements say
     EXPECT_TRUE(area().rect().contains(window.geometry())) << width << " x " << height;
     // It fits at this size, and would not at one 5 % larger, unless it is the whole one.
     const QSize larger = window.size() * (percentOfBoard() + 5) / percentOfBoard();
@@ -130,20 +125,20 @@ TEST_P(Windows, FitABoardIntoItsFrameOrShowItAsItWasChosen) {
   EXPECT_EQ(percentOfBoard(), 175);
   resizeFrame(700, 600);
   // Without Ctrl the wheel scrolls, also when it comes over the list of boards.
-  turnWheel(1, player.widget(app.nuevoJuego.comTablero), {});
+  turnWheel(1, widgetOf(app.nuevoJuego.comTablero), {});
   EXPECT_EQ(app.nuevoJuego.comTablero.Text(), "8x8") << "the wheel was on its way past";
-  player.run("Ctrl+-");
+  run("Ctrl+-");
   EXPECT_EQ(percentOfBoard(), 150);
   // The deployment that opens anew has its smallest board, 5x5, which fits the frame at 125 %.
-  player.run("Ctrl++, close frmNuevoJuego, menu mnuNuevoJuego");
+  run("Ctrl++, close frmNuevoJuego, menu mnuNuevoJuego");
   EXPECT_EQ(percentOfBoard(), 175) << "as it was chosen";
-  player.run("Up, Right, Ctrl+0"); // the arrows scroll
+  run("Up, Right, Ctrl+0"); // the arrows scroll
   EXPECT_EQ(percentOfBoard(), 100);
-  EXPECT_EQ(player.widget(app.nuevoJuego).pos(), QPoint());
-  player.run("Ctrl+9");
+  EXPECT_EQ(widgetOf(app.nuevoJuego).pos(), QPoint());
+  run("Ctrl+9");
   EXPECT_EQ(percentOfBoard(), 125) << "as large as it fits";
   app.enJuego.open();
-  EXPECT_EQ(player.widget(app.enJuego.picTablero).width(), board().width()) << "chosen for both";
+  EXPECT_EQ(widgetOf(app.enJuego.picTablero).width(), board().width()) << "chosen for both";
 }
 
 // In a frame of 300 pixels, which shows a part of the board: the arrows go to the edges of it,
@@ -155,13 +150,13 @@ TEST_P(Windows, ScrollToWhatTheKeyboardIsOn) {
   };
   for (const char* way : {"Up", "Right", "Down", "Left"})
     for (int i = 0; i < 8; ++i) {
-      player.run(way);
+      run(way);
       const int square = app.nuevoJuego.picTablero.cursorSquare() - 1;
       const QPoint middle(square % 8 * 2 + 1, square / 8 * 2 + 1); // in half squares
       EXPECT_TRUE(inSight(board(), middle * board().width() / 16)) << square;
     }
-  player.run("Right, Tab");
-  EXPECT_TRUE(inSight(player.widget(app.nuevoJuego.comTablero), {}));
+  run("Right, Tab");
+  EXPECT_TRUE(inSight(widgetOf(app.nuevoJuego.comTablero), {}));
 }
 
 // Those of the manual that no other case presses: Ctrl+F4 and Ctrl+W close a child window, Alt+O
@@ -169,14 +164,14 @@ TEST_P(Windows, ScrollToWhatTheKeyboardIsOn) {
 // that of the frame.
 TEST_P(Windows, KnowTheKeysOfTheManual) {
   for (const char* keys : {"Ctrl+F4", "Ctrl+W"}) {
-    player.run("menu mnuNuevoJuego");
-    player.run(keys);
+    run("menu mnuNuevoJuego");
+    run(keys);
     EXPECT_FALSE(app.nuevoJuego.isOpen()) << keys;
   }
-  player.run("Alt+O");
+  run("Alt+O");
   EXPECT_TRUE(app.opciones.isOpen());
   for (const char* keys : {"Alt+-", "F10", "Alt+J"}) {
-    player.run(keys);
+    run(keys);
     QWidget* const menu = QApplication::activePopupWidget();
     ASSERT_TRUE(menu) << keys;
     const bool ofChild = menu->actions().constFirst()->text() == "&Mover";
@@ -206,17 +201,20 @@ void expectTextsWhole() {
 
 // As a system may be set to large type, before the start or later, and one on which no font has the
 // measures that the windows are drawn for.
-class WindowsInWideLetters : Variable, public Windows {
+struct WideLetters {
+  Variable fonts{"FONTCONFIG_FILE", QT_TESTCASE_SOURCEDIR "/desktop/qt/golden/one-font.conf"};
+};
+class WindowsInWideLetters : WideLetters, public Windows {
 protected:
-  WindowsInWideLetters()
-      : Variable{"FONTCONFIG_FILE", QT_TESTCASE_SOURCEDIR "/desktop/qt/golden/one-font.conf"} {
+  void SetUp() override {
     enlarge(1.5);
-    onBox = [] {
+    screen.expectBox(informationBox().text, Answer::Ok, [] {
       expectTextsWhole();
       const auto& text = *QApplication::activeModalWidget()->findChild<QLabel*>("qt_msgbox_label");
       EXPECT_EQ(text.heightForWidth(text.width()), text.heightForWidth(10000))
           << "a line is broken";
-    };
+    });
+    app.start();
   }
   static void enlarge(double factor) {
     QFont font = QApplication::font();
@@ -229,23 +227,23 @@ INSTANTIATE_TEST_SUITE_P(AtScale, WindowsInWideLetters, testing::Values("1"));
 
 TEST_P(WindowsInWideLetters, CutNoText) {
   // A step that looks whether any text is cut.
-  player.verbs["look"] = [](auto&, auto&) { expectTextsWhole(); };
+  screen.verbs["look"] = [](auto&, auto&) { expectTextsWhole(); };
   const std::string text = "Lo que aquí es bastante más largo que el lugar que hay";
   // Letters one and a half times as large, then twice: the type is made larger behind each round.
   for (const double larger : {4.0 / 3, 1.0}) {
-    player.run("menu mnuOpciones, look");
-    const QFontInfo drawn(player.widget(app.opciones.lblBandera).font());
+    run("menu mnuOpciones, look");
+    const QFontInfo drawn(widgetOf(app.opciones.lblBandera).font());
     EXPECT_TRUE(drawn.family() == "Liberation Sans" || drawn.family() == "Arial");
     app.opciones.lblBandera.Caption = app.opciones.btnCargarJuegoRed.Caption = text;
-    player.run("look, menu mnuNuevoJuego, look");
+    run("look, menu mnuNuevoJuego, look");
     app.enJuego.open();
     app.enJuego.lblJ1_Estado.Caption = text;
     for (int step = 0; step < 11; ++step) // down to 50 %
-      player.run("look, Ctrl+-");
+      run("look, Ctrl+-");
     app.enJuego.close();
     app.nuevoJuego.close();
-    player.expectFile("Cargar Juego", std::nullopt, expectTextsWhole);
-    player.run("menu mnuCargarJuego");
+    screen.expectFile("Cargar Juego", std::nullopt, expectTextsWhole);
+    run("menu mnuCargarJuego");
     enlarge(larger);
   }
 }
