@@ -1,160 +1,154 @@
-// What the forms layer makes of a person's and the program's actions, on whichever screen the test
-// program brings.
+// What the forms layer makes of a person's and the program's actions, in the program's own windows
+// and on whichever screen the test program brings.
 //
-// Most cases play in the windows of test_windows.h, Uno and Dos, each with two text boxes (txtA,
-// txtB), a tick box (chk), a list (com), a button (btn), a picture (pic) and a label (lbl), in this
-// tab order. At first Uno is in front, and its txtA has the focus. The variables `one` and `two`
-// are these windows, `frame` is the program's own window around them (Marco), which has a menu
-// entry (mnuHoja) and a timer (tmr), and `own` one like Uno, but with a place of its own on the
-// screen and closed at first (Propia, "one of its own"). Each list holds "uno" and "dos".
+// `run(steps)` does the steps one by one: "menu X" chooses the entry mnuX, "click X" and "right X"
+// use the left and the right button of the mouse on an element, "type BOX TEXT" and "choose LIST
+// ITEM" fill in, "close X" closes a window, "tick 1" lets a second pass, Tab or Left presses that
+// key. A row of `walk` is "steps => what is seen then". Inside the frame, frmPrincipal, there are
+// the windows NuevoJuego, the deployment, and Opciones, the options; MsgBox is a window of its own
+// that shows a text. `windows()` names the open ones in the frame. In the options, lblBandera and
+// lblLimiteFilas stand beside the tick boxes chkPermitirBanderas and chkLimiteFilas.
 //
-// `log` notes each event that the windows hear as ELEMENT_EVENT or WINDOW_EVENT: btn_Click,
-// frmUno_Deactivate; `log.take()` tells and forgets them, `log.on` is what a case does inside one.
-// `player` is the person at the screen: does the steps of a script ("click btn", "close Dos",
-// "Tab") and answers the boxes and modal windows that a case has announced with `expectBox`.
-// `forms.clicked`, `forms.typed` and the like are what a screen reports; `forms.messageBox` opens a
-// box.
+// `app` is the program, `frame` its window around the others, `principal` what it knows of game and
+// options. `screen` is the person before it: `screen.focused()` is the element that the keyboard
+// goes to, `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a box or a modal window that will
+// come, with what is done while it is open. `app.forms.clicked`, `app.forms.typed` and the like are
+// what a screen reports.
 #include "scripted/game.h"
-#include "scripted/test_windows.h"
 
-namespace scripted {
+namespace falanges {
 
-class FormsCases : public TestProgram {
+class FormsCases : public Game {
 protected:
-  // A row is "steps => the events that they raise [where the focus is then]".
-  void walk(const std::vector<std::string>& rows) {
-    scripted::walk(rows, [this](const std::string& script) {
-      player->run(script);
-      return log.take() + " [" + forms.activeChild()->name() + "." + player->focused() + "]";
-    });
-  }
+  FormsCases() { start(); }
+
+  forms::Forms& layer = app.forms;
+  frmOpciones& options = app.opciones;
+  frmNuevoJuego& deployment = app.nuevoJuego;
 };
 
-// Windows and elements. The mouse presses a picture before it clicks it (pic_Left, pic_Right).
-TEST_F(FormsCases, RaiseTheirEventsInOrderAndLeaveTheFocusWhereItBelongs) {
-  walk({"click btn => txtA_LostFocus btn_Click [frmUno.btn]",
-        "click pic => btn_LostFocus pic_Left pic_Click [frmUno.pic]",
-        "click chk => pic_LostFocus chk_Click [frmUno.chk]", "click lbl => lbl_Click [frmUno.chk]",
-        "right pic => pic_Right [frmUno.chk]", "right txtB => chk_LostFocus [frmUno.txtB]",
-        "menu Hoja => mnuHoja_Click [frmUno.txtB]",
-        "choose com dos, choose com dos => txtB_LostFocus com_Click com_Click [frmUno.com]",
-        "type txtA uno, type txtA => com_LostFocus txtA_Change txtA_Change [frmUno.txtA]",
-        "click Dos.btn => txtA_LostFocus frmUno_Deactivate txtA_LostFocus btn_Click [frmDos.btn]",
-        "click Uno.chk => btn_LostFocus frmDos_Deactivate txtA_LostFocus chk_Click [frmUno.chk]",
-        "activate Dos => chk_LostFocus frmUno_Deactivate [frmDos.btn]",
-        "close Dos => frmDos_QueryUnload frmDos_Unload [frmUno.chk]"});
-}
+const std::string OutOfRange = "DEBE colocar un valor entre 5 y 300 segundos de actualización";
 
-TEST_F(FormsCases, TheTabKeyGoesRoundPastWhatCannotBeReached) {
-  one.chk.Visible = false;
-  one.com.Enabled = false;
-  EXPECT_FALSE(one.chk.SetFocus());
-  walk({"Tab, Tab, Space => txtA_LostFocus txtB_LostFocus btn_Click [frmUno.btn]",
-        "Tab, Tab => btn_LostFocus pic_LostFocus [frmUno.txtA]",
-        "Shift+Tab => txtA_LostFocus [frmUno.pic]"});
+// What is seen is where the keyboard goes.
+TEST_F(FormsCases, TheFocusFollowsTheMouseAndTheTabKey) {
+  run("menu NuevoJuego");
+  walk({"menu Opciones => chkPermitirBanderas", "click chkLimiteFilas => chkLimiteFilas",
+        "right txtTiempoRed => txtTiempoRed", "choose comJugadorActualRed 2 => comJugadorActualRed",
+        // A label takes no focus.
+        "click lblBandera => comJugadorActualRed", "Tab => txtMovPorTurno",
+        // Round to the first.
+        "Tab => chkPermitirBanderas", "Shift+Tab, Shift+Tab, Shift+Tab => txtTiempoRed",
+        "click picCAB => picCAB", "menu Opciones, close Opciones => picCAB"},
+       [&] { return screen.focused(); });
+  run("menu Opciones");
+  options.chkLimiteFilas.Enabled = false;
+  options.btnCargarJuegoRed.Visible = false;
+  run("Tab");
+  EXPECT_EQ(screen.focused(), "txtTiempoRed") << "past what cannot be reached";
+  EXPECT_FALSE(options.chkLimiteFilas.SetFocus());
 }
 
 TEST_F(FormsCases, BoxesAndListsTakeFromTheProgramWhatTheyCanHold) {
-  one.txtA.MaxLength = 3; // characters
-  one.txtA.Text = std::string("ñandú");
-  EXPECT_EQ(one.txtA.Text, "ñan");
+  run("menu Opciones");
+  options.txtTiempoRed.MaxLength = 3; // characters
+  options.txtTiempoRed.Text = std::string("10ñandú");
+  EXPECT_EQ(options.txtTiempoRed.Text, "10ñ");
   // The list takes one of its two items, as it is spelled or by its index, 0 or 1.
-  EXPECT_TRUE(one.com.setText("uno"));
-  EXPECT_FALSE(one.com.setText("UNO"));
-  EXPECT_FALSE(one.com.select(-1));
-  EXPECT_FALSE(one.com.select(2));
-  EXPECT_EQ(log.take(), "txtA_Change com_Click");
+  forms::DropList& list = options.comJugadorActualRed;
+  EXPECT_TRUE(list.setText("2"));
+  EXPECT_FALSE(list.setText("2 "));
+  EXPECT_FALSE(list.select(-1));
+  EXPECT_FALSE(list.select(2));
+  EXPECT_EQ(principal.JugadorRed, 2);
 }
 
-// The button's handler opens a box, behind which the window closes, and opens the window again: it
-// has nothing of what was ticked and typed before, and its list is filled once.
+// The button's handler opens a box, behind which the window closes, and opens the window again.
 TEST_F(FormsCases, AWindowThatClosesBehindABoxOfItsOwnHandlerOpensAsItWasMade) {
-  one.chk.Value = 1;
-  log.on["btn_Click"] = [&] {
-    player->expectBox("¡Alto!", Answer::Ok, [&] { one.close(); });
-    forms.messageBox("¡Alto!");
-    one.txtB.Text = std::string("nadie la ve");
-    log.take();
-    one.open();
+  run("menu NuevoJuego, choose comTablero 8x8, click picINF");
+  deployment.btnIniciar.Click = [&] {
+    screen.expectBox("¡Alto!", Answer::Ok, [&] { deployment.close(); });
+    layer.messageBox("¡Alto!");
+    deployment.picINF.ToolTipText = "nobody sees it";
+    deployment.open();
   };
-  log.on["frmUno_Load"] = [&] { one.open(); }; // opening already
-  player->run("click btn");
-  EXPECT_EQ(log.take(), "frmUno_Load txtA_LostFocus frmDos_Deactivate");
-  EXPECT_EQ(one.chk.Value, 0);
-  EXPECT_EQ(one.txtB.Text, "");
-  EXPECT_EQ(one.com.items().size(), 2U);
+  run("click btnIniciar");
+  EXPECT_EQ(deployment.picINF.Appearance, 0) << "no longer chosen";
+  EXPECT_EQ(deployment.picINF.ToolTipText, "");
+  EXPECT_EQ(deployment.comTablero.Text(), "5x5");
+  EXPECT_EQ(deployment.comTablero.items().size(), 4U);
 }
 
 // A screen may still report what was under way when a box opened.
 TEST_F(FormsCases, NothingHappensBehindABox) {
-  player->expectBox("Hola", Answer::Ok, [&] {
-    forms.pressed(one.pic, MouseButton::Right);
-    forms.clicked(one.btn);
-    forms.invoked(one.pic); // as a screen reader presses it
-    forms.typed(one.txtB, "x");
-    forms.chosen(one.com, 0);
-    forms.shortcutPressed(one.btn);
-    forms.tabbed(one, true); // forward
-    forms.closeRequested(frame);
-    EXPECT_FALSE(forms.focusMoved(one.btn));
-    EXPECT_FALSE(forms.activated(two));
-    EXPECT_FALSE(forms.keyPressed(one, Key::Space));
-  });
-  forms.messageBox("Hola");
-  EXPECT_EQ(log.take(), "");
-}
-
-// While Propia is shown modally, a click on Uno comes to nothing, and so does closing the frame.
-TEST_F(FormsCases, AModalWindowHoldsTheOthersAndLetsTheTimerGoOn) {
-  frame.tmr.Enabled = true;
-  player->expectBox("frmPropia", Answer::Ok, [&] {
-    forms.clicked(one.btn);
-    forms.closeRequested(frame);
-    // A second goes by.
-    player->tick();
-    player->run("click Propia.btn, close Propia");
-  });
-  own.showModal();
-  EXPECT_EQ(log.take(), "frmPropia_Load tmr_Tick txtA_LostFocus btn_Click frmPropia_QueryUnload "
-                        "frmPropia_Unload");
-}
-
-// `letClose` is what a window answers when it is asked (QueryUnload). `sessionMayEnd` asks as the
-// system does before the person is logged out.
-TEST_F(FormsCases, TheFrameAsksAllItsChildrenBeforeAnyCloses) {
-  for (bool* letsClose : {&frame.letClose, &one.letClose}) {
-    *letsClose = false;
-    player->run("close Marco");
-    EXPECT_FALSE(forms.sessionMayEnd());
-    // Marco, Uno, Dos: all of them.
-    EXPECT_EQ(forms.openWindows().size(), 3U);
-    *letsClose = true;
-  }
-  EXPECT_TRUE(forms.sessionMayEnd());
-  EXPECT_TRUE(one.isOpen()) << "another program may still hold the session up";
-  log.take();
-  // A second wish to close, while the question stands, changes nothing.
-  log.on["frmMarco_QueryUnload"] = [&] {
-    EXPECT_FALSE(frame.close());
-    EXPECT_FALSE(forms.sessionMayEnd());
+  run("menu NuevoJuego, menu Opciones");
+  const auto everything = [&] {
+    return shown() + bytesOf(file("VornathFalangesZTEE.cfg")) + screen.focused() +
+           options.comJugadorActualRed.Text();
   };
-  player->run("close Marco");
-  EXPECT_EQ(log.take(), "frmMarco_QueryUnload frmDos_QueryUnload frmUno_QueryUnload "
-                        "frmDos_Unload frmUno_Unload frmMarco_Unload");
+  const std::string before = everything();
+  screen.expectBox("Hola", Answer::Ok, [&] {
+    layer.pressed(deployment.picINF, forms::MouseButton::Right);
+    layer.clicked(options.chkLimiteFilas);
+    layer.invoked(deployment.picINF); // as a screen reader presses it
+    layer.typed(options.txtTiempoRed, "9");
+    layer.chosen(options.comJugadorActualRed, 1);
+    layer.shortcutPressed(deployment.Command1);
+    layer.tabbed(options, true); // forward
+    layer.closeRequested(frame);
+    EXPECT_FALSE(layer.focusMoved(options.txtTiempoRed));
+    EXPECT_FALSE(layer.activated(deployment));
+    EXPECT_FALSE(layer.keyPressed(options, forms::Key::Space));
+  });
+  layer.messageBox("Hola");
+  EXPECT_EQ(everything(), before);
 }
 
-} // namespace scripted
+TEST_F(FormsCases, AModalWindowHoldsTheOthersAndLetsTheTimerGoOn) {
+  run("menu Opciones");
+  int ticks = 0;
+  frame.tmrRed.Tick = [&] { ++ticks; };
+  frame.tmrRed.Interval = 3600000; // only the step makes it tick
+  frame.tmrRed.Enabled = true;
+  screen.expectBox("frmMsgBox", Answer::Ok, [&] {
+    layer.clicked(options.chkLimiteFilas);
+    layer.closeRequested(frame);
+    run("tick 1, close MsgBox");
+  });
+  app.msgBox.showModal();
+  frame.tmrRed.Enabled = false;
+  EXPECT_EQ(ticks, 1);
+  EXPECT_EQ(options.chkLimiteFilas.Value, 0);
+}
 
-namespace falanges {
-
-using TheKeyboard = Game;
+// The options let nothing close while a number is out of range. `sessionMayEnd` asks as the system
+// does before the person is logged out.
+TEST_F(FormsCases, TheFrameAsksAllItsChildrenBeforeAnyCloses) {
+  run("menu NuevoJuego, menu Opciones, type txtTiempoRed 4");
+  const auto expectRefusal = [&] {
+    screen.expectBox(LeaveQuestion, Answer::Yes);
+    screen.expectBox(OutOfRange);
+  };
+  expectRefusal();
+  run("close frmPrincipal");
+  expectRefusal();
+  EXPECT_FALSE(layer.sessionMayEnd());
+  run("type txtTiempoRed 5");
+  screen.expectBox(LeaveQuestion, Answer::Yes);
+  EXPECT_TRUE(layer.sessionMayEnd());
+  EXPECT_EQ(windows(), "NuevoJuego Opciones") << "another program may still hold the session up";
+  // A second wish to close, while the question stands, changes nothing.
+  screen.expectBox(LeaveQuestion, Answer::No, [&] {
+    EXPECT_FALSE(frame.close());
+    EXPECT_FALSE(layer.sessionMayEnd());
+  });
+  run("close frmPrincipal");
+}
 
 // In the deployment, with the infantry chosen by the key 1: a unit comes by Enter and goes by
 // Delete, as by the two mouse buttons. The arrows mark a square; the first one marks the lowest on
 // the left, 21 of 5x5. A row is "steps => what is said then"; "click square 22" clicks the board
 // there, "right picUnidad(22)" the unit on it with the right button.
-TEST_F(TheKeyboard, DoesOnTheBoardWhatThePointerDoes) {
-  start();
+TEST_F(FormsCases, TheKeyboardDoesOnTheBoardWhatThePointerDoes) {
   run("menu NuevoJuego, 1");
   const forms::GridPicture& board = app.nuevoJuego.picTablero;
   // What a screen reader says of the board or, where the cursor is marked, of that square.

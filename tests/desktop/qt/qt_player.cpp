@@ -1,10 +1,12 @@
 // A person at the Qt desktop, offscreen: acts on the widgets that show the elements.
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QInputMethodEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
@@ -186,13 +188,14 @@ Answer QtPlayer::messageBox(const MessageBox& box) {
     const Answer wanted = Player::messageBox(box);
     auto* const shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_TRUE(shown);
+    EXPECT_FALSE(shown->windowIcon().isNull() && !box.icon.empty()) << "the program's symbol";
+    auto* const label = shown->findChild<QLabel*>("qt_msgbox_label");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name),
+              toQt(box.text).remove('\r'));
     if (wanted == Answer::No)
       return QTest::keyClick(shown, Qt::Key_Escape);
-    for (QAbstractButton* button : shown->buttons())
-      if (button->text() == (wanted == Answer::Yes ? "&Sí" : "Aceptar"))
-        return QTest::mouseClick(button, Qt::LeftButton);
-    ADD_FAILURE() << "no button for the answer";
-    shown->reject();
+    QTest::mouseClick(shown->button(wanted == Answer::Yes ? QMessageBox::Yes : QMessageBox::Ok),
+                      Qt::LeftButton);
   });
   const Answer answer = qt_.messageBox(box);
   settle();
