@@ -19,7 +19,6 @@ TEST(NumbersTest, ATextGivesTheNumberThatItBeginsWith) {
                                                   {" 1 2\t3 ", 123},
                                                   {"5-3", 5},
                                                   {"1.2.3", 1.2},
-                                                  {"inf", 0},
                                                   {"+5,5e3", 5},
                                                   {nines, HUGE_VAL},
                                                   {"-" + nines, -HUGE_VAL},
@@ -33,13 +32,11 @@ TEST(NumbersTest, AWholeItemTakesTheNearestAnExactHalfTheEvenOne) {
   using Short = std::int16_t;
   // A byte holds 0 to 255; {}: refused.
   const std::pair<double, std::optional<Byte>> bytes[] = {
-      {2.5, 2}, {3.5, 4}, {-0.5, 0}, {255.4, 255}, {255.5, {}}, {HUGE_VAL, {}}};
+      {2.5, 2}, {3.5, 4}, {-0.5, 0}, {255.4, 255}, {255.5, {}}, {-0.6, {}}, {HUGE_VAL, {}}};
   for (const auto& [number, whole] : bytes)
     EXPECT_EQ(stored<Byte>(number), whole) << number;
   EXPECT_EQ(stored<Short>(-32768.5), -32768);
-  EXPECT_EQ(stored<Short>(-32769), std::nullopt);
   EXPECT_EQ(storedNearest<Short>(HUGE_VAL), 32767);
-  EXPECT_EQ(storedNearest<Byte>(254.5), 254);
 }
 
 } // namespace

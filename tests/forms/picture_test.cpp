@@ -6,9 +6,8 @@
 // picINF" the infantry in the palette, "load BOARD TURN" loads a game, "move 21 16" moves the unit
 // on 21.
 //
-// `app` is the program, `frame` its window around the others, `screen` the person before it.
-// `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a box that will come; the ANSWER is Ok
-// unless it is named, MEANWHILE is what is looked at while the box is open.
+// `pictures()` is the board as its pictures show it. `app` is the program, `screen` the person
+// before it; `screen.expectBox(TEXT)` announces a box that will come, and that is closed with Ok.
 #include "scripted/game.h"
 
 namespace falanges {
@@ -19,8 +18,7 @@ TEST_F(MissingPictures, AreToldOnceAndItGoesOnWithTheOldOnes) {
   // The program's symbol.
   screen.missingPictures = "tiempo";
   screen.expectBox(informationBox().text);
-  screen.expectBox("No se puede cargar la imagen:\r\n" + file("ico\\tiempo.ico"), Answer::Ok,
-                   [&] { EXPECT_TRUE(frame.isOpen()); });
+  screen.expectBox("No se puede cargar la imagen:\r\n" + file("ico\\tiempo.ico"));
   app.start();
   run("menu NuevoJuego");
   // All that are loaded from now on.

@@ -33,7 +33,7 @@ TEST(Configuration, IsReadFieldByFieldFromTheFirstItem) {
            std::to_string(principal.SegundosActualizacion) + ";" +
            std::to_string(principal.MovPorTurno);
   };
-  scripted::walk({"1;0;30;2 => 1;0;30;1", "1;1;30;3;99;7;x => 1;1;30;3",
+  scripted::walk({"1;0;30;2 => 1;0;30;1", "1;1;30;3;99;x => 1;1;30;3",
                   "\r\n1;1;30;3;\r\n => ;;10;1", "0;0;32768;-1; => 0;0;10;1"},
                  read);
 }
@@ -42,9 +42,8 @@ using Files = Game;
 
 TEST_F(Files, AConfigurationThatCannotBeWrittenIsToldOnceAndTheGameGoesOn) {
   const std::string path = file("VornathFalangesZTEE.cfg");
-  // A folder under the file's name, and a file under that of the templates' folder.
+  // A folder under the file's name.
   std::filesystem::create_directory(scripted::toPath(path));
-  write("plantillas", "no folder");
   start();
   run("menu Opciones, click chkPermitirBanderas, click lblLimiteFilas, close Opciones",
       "No se puede guardar el archivo:\r\n" + path);
@@ -79,11 +78,10 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
        "....../....../....../....../....../.....G picUnidad(1)I 2"}};
   start();
   for (const auto& [text, seen] : table) {
-    SCOPED_TRACE(text);
     run("load " + earlier + " 2, close EnJuego");
     play.JugadorActual = 2;
     load(text);
-    EXPECT_EQ(pictures() + " " + std::to_string(play.JugadorActual), seen);
+    EXPECT_EQ(pictures() + " " + std::to_string(play.JugadorActual), seen) << text;
     run("close EnJuego");
   }
 }

@@ -43,14 +43,13 @@ TEST_F(Play, APictureInvitesWhereAClickDoesSomething) {
 }
 
 // The menu's entry for it is always grey: the case calls what stands behind it. `menu()` is what
-// the menu of games shows, `status()` what is said of player 1 and of player 2.
+// the menu of games shows.
 TEST_F(Play, SurrenderEndsTheGameWithoutAWinner) {
   run("load g..../...../...../...../....G 2");
   screen.expectBox("¿Declarar Rendición?", Answer::Yes);
   screen.expectBox("JUGADOR -2- HA DECLARADO SU RENDICIÓN\r\n\r\nJUGADOR -2- PIERDE");
   frame.mnuDeclararRendicion_Click();
   EXPECT_EQ(menu(), "");
-  EXPECT_EQ(status(), "En Espera/En Turno");
   EXPECT_FALSE(unit(1)->Enabled);
 }
 

@@ -5,7 +5,7 @@
 // `run(steps, box)` does the steps one by one; they lead to the box with this text, or to none:
 //   menu X             chooses the entry mnuX of the menu
 //   click X            clicks an element, by its name
-//   close X            closes a window inside the frame, or the frame itself (frmPrincipal)
+//   close X            closes a window inside the frame
 //   activate X         brings a window to the front
 //   type BOX TEXT      types the text in place of what the box holds
 //   choose LIST ITEM   from a drop-down list
@@ -20,7 +20,7 @@
 //
 // The options' file has four fields and a line end: "1" when more flags are allowed; "1" when units
 // may stand in any row; seconds between two looks at a network game's file; moves a turn.
-// `configure` writes it before the program does.
+// `configure` writes it behind the program.
 //
 // `app` is the program, `frame` its window around the others, `principal` what it knows of game and
 // options, `screen` the person before it. `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a
@@ -42,9 +42,8 @@ protected:
   std::string inFile() { return bytesOf(file("VornathFalangesZTEE.cfg")); }
 };
 
-// Behind the first box the options have been read and the folder of the templates made; the frame
-// opens after it. Before the last one all windows close.
-TEST_F(Shell, TheInformationBoxStandsAloneBeforeAndAfterTheRest) {
+// Behind it the options have been read and the folder of the templates made; the frame opens after.
+TEST_F(Shell, TheInformationBoxStandsAloneBeforeTheRest) {
   configure("1;0;25;4;\r\n");
   screen.expectBox(informationBox().text, Answer::Ok, [&] {
     EXPECT_FALSE(frame.isOpen());
@@ -52,10 +51,6 @@ TEST_F(Shell, TheInformationBoxStandsAloneBeforeAndAfterTheRest) {
     EXPECT_EQ(inForce(), "1;0;25;4;");
   });
   app.start();
-  run("menu NuevoJuego");
-  screen.expectBox(LeaveQuestion, Answer::Yes);
-  screen.expectBox(informationBox().text, Answer::Ok, [&] { EXPECT_EQ(windows(), ""); });
-  run("close frmPrincipal");
 }
 
 TEST_F(Shell, ASessionThatEndsBehindTheInformationBoxOpensNothing) {
@@ -107,30 +102,25 @@ TEST_F(Shell, AFileIsAskedForInItsFolderUnderANameWithDateAndTime) {
 // A click on the tick box or on the label beside it changes the option. The file has single-byte
 // characters: ñ is \xF1 there, and for € there is none, so it is written as "?".
 TEST_F(Shell, EachChangeOfAnOptionReachesTheFileAndCountsAtOnce) {
-  // A second line, which is not kept.
-  configure(";;30;3;\r\nlost;");
   start();
-  walk({"menu Opciones, click chkPermitirBanderas => 1;;30;3;\r\n",
-        "click lblLimiteFilas => 1;1;30;3;\r\n",
-        "click lblBandera, click chkLimiteFilas => 0;0;30;3;\r\n",
-        "type txtTiempoRed 8x7 => 0;0;8x7;3;\r\n",
-        "type txtMovPorTurno 5ñ€ => 0;0;8x7;5\xF1?;\r\n"},
+  // Behind the program, which reads it anew. The second line is not kept.
+  configure("1;;30;3;\r\nlost;");
+  walk({"menu Opciones, click chkPermitirBanderas => 0;;30;3;\r\n",
+        "click lblLimiteFilas => 0;1;30;3;\r\n",
+        "click lblBandera, click chkLimiteFilas => 1;0;30;3;\r\n",
+        "type txtTiempoRed 8x7 => 1;0;8x7;3;\r\n",
+        "type txtMovPorTurno 5ñ€ => 1;0;8x7;5\xF1?;\r\n"},
        [&] { return inFile(); });
-  EXPECT_EQ(inForce(), "0;0;8;5;") << "the numbers that the boxes begin with";
+  EXPECT_EQ(inForce(), "1;0;8;5;") << "the numbers that the boxes begin with";
   app.forms.typed(app.opciones.txtTiempoRed, "12\r\n3"); // pasted
-  EXPECT_EQ(inFile(), "0;0;12;5\xF1?;\r\n") << "one line of it";
+  EXPECT_EQ(inFile(), "1;0;12;5\xF1?;\r\n") << "one line of it";
 }
 
-// The file has changed behind the program, which reads it anew when the options open.
-TEST_F(Shell, TheOptionsOpenWithWhatTheFileHolds) {
+// It stands in no file, but lasts as long as the program.
+TEST_F(Shell, TheNetworksPlayerIsKeptWhileTheOptionsAreClosed) {
   start();
-  run("menu Opciones, choose comJugadorActualRed 2, close Opciones");
-  configure("0;1;30;5;\r\n");
-  run("menu Opciones");
-  EXPECT_EQ(inFile(), "0;1;30;5;\r\n");
-  run("click chkPermitirBanderas, click chkLimiteFilas");
-  EXPECT_EQ(inFile(), "1;0;30;5;\r\n") << "the other way round";
-  EXPECT_EQ(app.opciones.comJugadorActualRed.Text(), "2") << "kept from before, not in the file";
+  run("menu Opciones, choose comJugadorActualRed 2, close Opciones, menu Opciones");
+  EXPECT_EQ(app.opciones.comJugadorActualRed.Text(), "2");
 }
 
 // Whatever would take the keyboard from the number's box leaves it there, and the options open.
