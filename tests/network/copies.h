@@ -2,44 +2,38 @@
 // Their timers are cranked by hand.
 #pragma once
 
-#include <fstream>
-#include <system_error>
-
 #include "scripted/game.h"
 
 namespace falanges {
 
 // The way from a copy to the file.
-class Share {
-public:
+struct Share {
   bool hangs = false;   // what is begun now waits until it answers
   bool refuses = false; // no thread can be made for it
   bool threads = false; // what is begun has a thread of its own, as in the program
   void begin(std::function<void()> operation) {
     if (refuses)
-      throw std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again));
+      throw std::runtime_error("no thread can be made");
     if (threads)
       network::onOwnThread(std::move(operation));
     else if (hangs)
-      held_.push_back(std::move(operation));
+      held.push_back(std::move(operation));
     else
       operation();
   }
   void answers() {
     hangs = false;
-    for (const auto& operation : std::exchange(held_, {}))
+    for (const auto& operation : std::exchange(held, {}))
       operation();
   }
-
-private:
-  std::vector<std::function<void()>> held_;
+  std::vector<std::function<void()>> held = {};
 };
 
 class Copy final : public Game {
 public:
-  explicit Copy(int number)
+  explicit Copy(std::string digit)
       : Game([this](std::function<void()> operation) { share.begin(std::move(operation)); }),
-        number_(std::to_string(number)) {
+        number(std::move(digit)) {
     configure("0;0;5;1;\r\n");
     Game::start();
   }
@@ -54,7 +48,7 @@ public:
   void joins(const std::string& path, const std::vector<Box>& boxes = {}) {
     if (!app.opciones.isOpen())
       run("menu Opciones");
-    run("choose comJugadorActualRed " + number_);
+    run("choose comJugadorActualRed " + number);
     screen.expectFile("Cargar Juego", path);
     for (const auto& [text, answer, meanwhile] : boxes)
       screen.expectBox(text, answer, meanwhile);
@@ -68,17 +62,13 @@ public:
   void leaves() { run("close EnJuego"); }
   std::string caption() const { return play.Caption; }
 
+  const std::string number;
   Share share;
-
-private:
-  const std::string number_;
 };
 
 class Network : public testing::Test {
 protected:
-  void put(const std::string& text) const {
-    std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
-  }
+  void put(const std::string& text) const { EXPECT_TRUE(forms::writeTextFile(path, text)); }
   std::string file() const { return bytesOf(path); }
   // Both join on this board, and Blas's first poll, out of turn, is over.
   void bothPlay(const std::string& board) {
@@ -90,7 +80,7 @@ protected:
 
   scripted::TemporaryFolder folder;
   const std::string path = folder.file("partida común.txt");
-  Copy ana{1}, blas{2};
+  Copy ana{"1"}, blas{"2"};
 };
 
 } // namespace falanges

@@ -17,10 +17,10 @@
 //     leaves, or is killed; the file is torn.
 //
 // `World` (world.h) is the state of both copies and the file. Of a copy it knows whether it is
-// `open`, in a game or on its way into it; has its file `away`, or `hangs`; what `work` it has under
-// way, with the `answer` once that has ended; and the `state` of its protocol, which tells whether
-// it joins, is asked, plays or is told how the game has ended. `broken` is the promise that is,
-// `excuse` why no program could have kept it.
+// `open`, in a game or on its way into it; has its file `away`, or `hangs`; what `work` it has
+// under way, with the `answer` once that has ended; and the `state` of its protocol, which tells
+// whether it joins, is asked, plays or is told how the game has ended. `broken` is the promise that
+// is, `excuse` why no program could have kept it.
 #include <cstdlib>
 #include <deque>
 #include <iostream>
@@ -63,11 +63,10 @@ void leadOn(World& world) {
 // Some members tell most worlds apart; all are compared.
 struct Hash {
   std::size_t operator()(const World& world) const {
-    std::string key = world.file.text + world.latest.squares + char(world.faults);
-    for (const Copy& copy : {world.a, world.b})
-      key += copy.state.own.squares + copy.state.seen.text + copy.screen.squares +
-             char(copy.state.phase) + char(copy.state.inVain) + char(copy.work.action.what) +
-             char(copy.work.calls) + char(copy.away) + char(copy.hangs) + char(copy.open);
+    std::string key = world.file.text + char(world.faults);
+    for (const Copy* const copy : {&world.a, &world.b})
+      key += copy->state.own.squares + copy->screen.squares + char(copy->state.phase) +
+             char(copy->work.calls) + char(copy->away) + char(copy->hangs);
     return std::hash<std::string>()(key);
   }
 };
@@ -76,17 +75,15 @@ class Search {
 public:
   // With so many faults of all kinds together at most.
   explicit Search(int faults) : faults_(faults) {
-    add(World{}, nullptr, "");
-    // The same game with a blank behind it, as another program might have written it.
-    World otherWords;
-    otherWords.file.text += " ";
-    add(std::move(otherWords), nullptr, "the file is in other words");
+    add({}, "");
+    // Another program may have written the same game with other line ends.
+    add({.file = {Found::Whole, "other words", {"0", 1}}}, "the file is in other words");
     for (; !waiting_.empty() && fault.empty(); waiting_.pop_front())
       for (Copy World::*const who : {&World::a, &World::b})
         goOnFrom(*waiting_.front(), who);
   }
 
-  std::size_t states() const { return seen_.size(); }
+  std::size_t states() const { return orders_.size(); }
   std::string fault;                             // the order that leads to it, and what it is
   std::map<std::string, std::string> exceptions; // the same of what is excused
 
@@ -103,7 +100,8 @@ private:
       next.faults += faults;
       (next.*operation)(next.*who);
       next.comesToRest();
-      add(std::move(next), &world, (who == &World::a ? "A " : "B ") + std::string(what));
+      const std::string& before = orders_.at(world);
+      add(next, before + (before.empty() ? "" : ", ") + (who == &World::a ? "A " : "B ") + what);
     };
     const Copy& copy = world.*who;
     const auto& answer = copy.work.answer;
@@ -128,30 +126,22 @@ private:
     may(!world.latest.squares.ends_with('!'), "sees the file torn", &World::seesFileTorn, 1);
   }
 
-  void add(World&& next, const World* before, const std::string& what) {
-    const auto [place, isNew] = seen_.try_emplace(std::move(next), std::pair(before, what));
+  void add(const World& next, const std::string& order) {
+    const auto [place, isNew] = orders_.try_emplace(next, order);
     if (!isNew)
       return;
-    const World& world = place->first;
-    World end = world;
+    World end = next;
     leadOn(end);
-    if (!world.excuse)
-      waiting_.push_back(&world);
+    if (!next.excuse)
+      waiting_.push_back(&place->first);
     if (end.broken && end.excuse)
-      exceptions.try_emplace(end.excuse, orderTo(world) + " => " + end.broken);
+      exceptions.try_emplace(end.excuse, order + " => " + end.broken);
     else if (end.broken)
-      fault = orderTo(world) + " => " + end.broken;
-  }
-
-  std::string orderTo(const World& world) const {
-    const auto& [before, what] = seen_.at(world);
-    const std::string order = before ? orderTo(*before) : "";
-    return order.empty() ? what : order + ", " + what;
+      fault = order + " => " + end.broken;
   }
 
   int faults_;
-  // With the world before, and what led on from there.
-  std::unordered_map<World, std::pair<const World*, std::string>, Hash> seen_;
+  std::unordered_map<World, std::string, Hash> orders_; // that lead to each world
   std::deque<const World*> waiting_;
 };
 
@@ -163,8 +153,6 @@ TEST(NetworkSearch, EveryOrderOfEventsKeepsWhatIsPromised) {
   const Search search(faults ? std::stoi(faults) : 2);
   std::cout << search.states() << " states\n";
   EXPECT_EQ(search.fault, "");
-  if (faults)
-    return;
   // What no file without a lock can prevent, each by its shortest order: the excuse, then the
   // events and " => " the promise that they break.
   const std::map<std::string, std::string> exceptions = {
@@ -175,7 +163,9 @@ TEST(NetworkSearch, EveryOrderOfEventsKeepsWhatIsPromised) {
       {"two write at once",
        "the file is in other words, A joins, B joins, B hangs, B ticks, B works on, B works on, "
        "B hears, B works on, A wins => nothing leads on"}};
-  EXPECT_EQ(search.exceptions, exceptions);
+  if (!faults) {
+    EXPECT_EQ(search.exceptions, exceptions);
+  }
 }
 
 } // namespace falanges::network
