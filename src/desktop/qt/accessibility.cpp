@@ -38,7 +38,7 @@ public:
   void doAction(const QString& name) override {
     if (name != pressAction())
       QAccessibleWidget::doAction(name);
-    else if (widget()->isEnabled() && pressable_.press)
+    else if (pressable_.press)
       // Later, for the press may end in a message box, and the screen reader waits for its call's
       // end.
       QMetaObject::invokeMethod(widget(), pressable_.press, Qt::QueuedConnection);
@@ -111,10 +111,8 @@ public:
 private:
   QComboBox& list() const { return *static_cast<QComboBox*>(widget()); }
 
-  // Later, as a press.
+  // Later, as a press. What cannot be chosen the forms layer passes over.
   void choose(int index) {
-    if (index < 0 || index >= list().count() || !list().isEnabled())
-      return;
     QMetaObject::invokeMethod(
         &list(), [chosen = &list(), index] { emit chosen->activated(index); },
         Qt::QueuedConnection);

@@ -40,7 +40,6 @@ public:
       : ViewOf(label, screen, new LabelWidget(form)) {
     widget().role = label.Announced ? QAccessible::Notification : QAccessible::StaticText;
     offerPress(static_cast<bool>(label.Click));
-    widget().setTextFormat(Qt::PlainText);
     widget().setAlignment(Qt::AlignLeft | Qt::AlignTop);
     widget().setAutoFillBackground(label.BackColor.has_value());
     setColors(QPalette::Window, QPalette::WindowText);

@@ -92,8 +92,6 @@ public:
 protected:
   void accept() override {
     auto* const name = findChild<QLineEdit*>();
-    if (!name)
-      return QFileDialog::accept();
     const QFileInfo file(directory(), name->text());
     if (isTooLong(file))
       showMessageBox({"El nombre del archivo es demasiado largo.",
@@ -126,8 +124,6 @@ private:
 
 void setSpanishCells(QFileDialog& shown) {
   auto* const details = shown.findChild<QTreeView*>();
-  if (!details)
-    return;
   auto* const cells = new SpanishCells(details);
   details->setItemDelegateForColumn(SizeColumn, cells);
   details->setItemDelegateForColumn(DateColumn, cells);
@@ -147,8 +143,6 @@ void setSpanishCells(QFileDialog& shown) {
 void keepAcceptEnabled(QFileDialog& shown) {
   auto* const name = shown.findChild<QLineEdit*>();
   auto* const buttons = shown.findChild<QDialogButtonBox*>();
-  if (!name || !buttons)
-    return;
   const bool save = shown.acceptMode() == QFileDialog::AcceptSave;
   QPushButton* const accept =
       buttons->button(save ? QDialogButtonBox::Save : QDialogButtonBox::Open);
@@ -178,13 +172,10 @@ QString existingFolder(const std::string& wanted) {
 
 std::optional<std::string> ask(const FileDialog& dialog, QWidget* parent) {
   Dialog shown(parent, toQt(dialog.title));
-  shown.setOption(QFileDialog::DontUseNativeDialog);
+  // Whether the file exists is the program's question.
   shown.setOption(QFileDialog::DontConfirmOverwrite);
   shown.setOption(QFileDialog::HideNameFilterDetails);
-  shown.setViewMode(QFileDialog::Detail);
   shown.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  // Whether the file exists is the program's question.
-  shown.setFileMode(QFileDialog::AnyFile);
   shown.setNameFilters(nameFilters(dialog.filter));
   shown.setDirectory(existingFolder(dialog.folder));
   shown.selectFile(toQt(dialog.fileName));
