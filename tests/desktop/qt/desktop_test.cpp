@@ -1,7 +1,8 @@
 // What comes from the system past the elements: the pointer, where Qt finds out which element gets
 // it, the clock, the focus that Qt moves by itself, a screen reader's wishes.
 //
-// `run` does steps one by one: "menu X" chooses the entry mnuX, "click X" clicks an element, "type
+// `run` does steps one by one: "menu X" chooses the entry mnuX, "click X" and "right X" use the
+// left and the right button of the mouse on an element, "type
 // BOX TEXT" fills in, "Ctrl+F7" is a key. A row of `walk` is "steps => what is seen then". In the
 // frame there are the windows NuevoJuego, the deployment, EnJuego, play, and Opciones, the options;
 // MsgBox is one with a place of its own on the screen. `windows()` names those that are open in the
@@ -62,9 +63,6 @@ TEST_F(DesktopTest, ClicksWhereItIsPressedAndLetGo) {
       settle();
       EXPECT_EQ(clicks, from == to ? 1 : 0) << from->name() << " to " << to->name();
     }
-    QTest::mouseDClick(window(), Qt::LeftButton, {}, middle(*from));
-    settle();
-    EXPECT_EQ(clicks % 2, from == elements[2] ? 1 : 0) << from->name();
   }
 }
 
@@ -146,6 +144,7 @@ TEST_F(DesktopTest, DoesAScreenReadersWishes) {
   walk({"SetFocus txtMovPorTurno => txtMovPorTurno 0 0 10s 1",
         "Press lblBandera => txtMovPorTurno 1 0 10s 1",
         "Toggle chkLimiteFilas => chkLimiteFilas 1 1 10s 1",
+        "SetFocus comJugadorActualRed => comJugadorActualRed 1 1 10s 1",
         "Increase comJugadorActualRed => comJugadorActualRed 1 1 10s 2",
         "Increase comJugadorActualRed => comJugadorActualRed 1 1 10s 2", // behind the last
         "Decrease comJugadorActualRed => comJugadorActualRed 1 1 10s 1",
@@ -171,13 +170,39 @@ TEST_F(DesktopTest, MovesAChildByItsKeys) {
   const QPoint start = shown.pos();
   run("Ctrl+F7, Right, Down, Right, Enter");
   EXPECT_EQ(shown.pos(), start + QPoint(20, 10)); // pixels
-  run("Ctrl+F7, Left, Up, Escape");
+  run("Ctrl+F7, Left, Ctrl+W, Up, Escape");       // Ctrl+W would close it
   EXPECT_EQ(shown.pos(), start + QPoint(20, 10)) << "taken back";
-  run("Ctrl+F7, Left, Up, Enter");
+  run("Ctrl+F7, Left, Up, right picINF");
   EXPECT_EQ(shown.pos(), start + QPoint(10, 0));
   EXPECT_EQ(deployment.picTablero.cursorSquare(), 0) << "no key is for the board";
   run("Up");
-  EXPECT_EQ(deployment.picTablero.cursorSquare(), 21) << "it has ended";
+  EXPECT_EQ(deployment.picTablero.cursorSquare(), 21) << "the click has ended it";
+}
+
+// On the board of 5x5, from the lowest square on the left.
+TEST_F(DesktopTest, AKeyHeldDownMovesOnAndPressesOnce) {
+  run("menu NuevoJuego, 1, Left"); // the infantry is chosen
+  for (const auto& [key, square] : {std::pair(Qt::Key_Right, 22),
+                                    {Qt::Key_Up, 17},
+                                    {Qt::Key_Left, 16},
+                                    {Qt::Key_Down, 21},
+                                    {Qt::Key_Return, 21}}) {
+    QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, "", true);
+    QCoreApplication::sendEvent(QApplication::focusWidget(), &repeated);
+    EXPECT_EQ(deployment.picTablero.cursorSquare(), square);
+  }
+  EXPECT_EQ(pictures(), blank(5));
+}
+
+// The system has asked already, and nobody is asked once more.
+TEST(Session, EndsWithoutABox) {
+  const auto player = makePlayer();
+  App app(*player);
+  player->expectBox(informationBox().text);
+  app.start();
+  QEvent end(QEvent::Quit);
+  QCoreApplication::sendEvent(qApp, &end);
+  app.forms.messageBox("Hola");
 }
 
 // By a click beside its elements, and by the open menu, which lists the windows with a number each:

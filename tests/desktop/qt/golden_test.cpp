@@ -69,8 +69,8 @@ TEST_F(Golden, TheWindowsAndBoxesOfTheGame) {
   // the keyboard is on the button, which is framed.
   run("menu mnuNuevoJuego, click picBAN, Tab, Tab, Left, Enter, Right, 1, Enter,"
       "Right, Enter, Up, Enter, Right, Shift+Tab, paint frmNuevoJuego nuevo-juego");
-  // Lines one below the other in a window with a title bar of its own.
-  principal.TextoVolcado = "Uno\r\nDos";
+  // Lines one below the other, one of them too long for this window of its own.
+  principal.TextoVolcado = "Uno\r\nDos " + std::string(200, 'x');
   screen.expectBox("frmMsgBox", Answer::Ok, [&] { run("paint frmMsgBox datos, Escape"); });
   app.msgBox.showModal();
   // The entries of the deployment with their letters, the one that is grey, the list of windows.
@@ -88,7 +88,8 @@ TEST_F(Golden, TheWindowsAndBoxesOfTheGame) {
   run("click btnIniciar, click picUnidad(18), Up, paint frmEnJuego en-juego");
   // A frame too small for the board has scroll bars.
   shownFrame.showNormal();
-  EXPECT_EQ(shownFrame.frameGeometry().width(), qRound(frame.Width / 15.0)) << "with its edge";
+  const QRect place(0, 0, qRound(frame.Width / 15.0), qRound(frame.Height / 15.0)); // in pixels
+  EXPECT_EQ(shownFrame.frameGeometry(), place) << "with its edge";
   shownFrame.resize(300, 200);
   expectPainted("marco", shownFrame);
   // The question with the warning's symbol.
