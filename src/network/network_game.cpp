@@ -28,8 +28,7 @@ NetworkGame::~NetworkGame() {
 std::optional<GameText> NetworkGame::join(const std::string& path) {
   // Two spellings of one path must not come to two workers.
   const auto key = std::filesystem::path(std::u8string(path.begin(), path.end()));
-  game_ = &games_.try_emplace(key.lexically_normal(), Game{path, {}, Worker(path, start_)})
-               .first->second;
+  game_ = &games_.try_emplace(key.lexically_normal(), path, start_).first->second;
   Action action = step(Join{principal_.JugadorRed, principal_.SegundosActualizacion});
   while (action.what != Action::Open) {
     if (action.what == Action::Ask &&

@@ -51,6 +51,8 @@ private:
   // What this run of the program knows of one file. A game that was left while an operation hung is
   // joined again behind it; on other files it has no bearing.
   struct Game {
+    Game(const std::string& file, const network::Start& start) : path(file), worker(file, start) {}
+
     std::string path;
     network::State state;
     network::Worker worker;

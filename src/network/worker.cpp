@@ -1,7 +1,6 @@
 #include "network/worker.h"
 
 #include <memory>
-#include <thread>
 #include <utility>
 
 #include "forms/text_file.h"
@@ -52,12 +51,20 @@ Written write(const std::string& path, const Action& action) {
 
 } // namespace
 
-void atOnce(const std::function<void()>& operation) {
+std::thread atOnce(const std::function<void()>& operation) {
   operation();
+  return {};
 }
 
-void onOwnThread(std::function<void()> operation) {
-  std::thread(std::move(operation)).detach();
+std::thread onOwnThread(std::function<void()> operation) {
+  return std::thread(std::move(operation));
+}
+
+Worker::~Worker() {
+  if (ended(std::chrono::steady_clock::now()))
+    takeResult();
+  if (thread_.joinable())
+    thread_.detach();
 }
 
 void Worker::begin(const Action& action) {
@@ -69,7 +76,7 @@ void Worker::begin(const Action& action) {
       });
   result_ = task->get_future();
   try {
-    start_([task] { (*task)(); });
+    thread_ = start_([task] { (*task)(); });
   } catch (...) {
     // The task goes, and its future tells so.
   }
@@ -79,7 +86,11 @@ bool Worker::ended(std::chrono::steady_clock::time_point until) {
   return result_.valid() && result_.wait_until(until) == std::future_status::ready;
 }
 
+// The thread is waited for, for its last steps: where MinGW's threads are let go while they end,
+// both sides free the same memory.
 Event Worker::takeResult() {
+  if (thread_.joinable())
+    thread_.join();
   try {
     return result_.get();
   } catch (...) {

@@ -11,15 +11,15 @@ struct Share {
   bool hangs = false;   // what is begun now waits until it answers
   bool refuses = false; // no thread can be made for it
   bool threads = false; // what is begun has a thread of its own, as in the program
-  void begin(std::function<void()> operation) {
+  std::thread begin(std::function<void()> operation) {
     if (refuses)
       throw std::runtime_error("no thread can be made");
     if (threads)
-      network::onOwnThread(std::move(operation));
-    else if (hangs)
-      held.push_back(std::move(operation));
-    else
-      operation();
+      return network::onOwnThread(std::move(operation));
+    if (!hangs)
+      return network::atOnce(operation);
+    held.push_back(std::move(operation));
+    return {};
   }
   void answers() {
     hangs = false;
@@ -32,7 +32,7 @@ struct Share {
 class Copy final : public Game {
 public:
   explicit Copy(std::string digit)
-      : Game([this](std::function<void()> operation) { share.begin(std::move(operation)); }),
+      : Game([this](std::function<void()> operation) { return share.begin(std::move(operation)); }),
         number(std::move(digit)) {
     configure("0;0;5;1;\r\n");
     Game::start();
