@@ -188,7 +188,7 @@ Answer QtPlayer::messageBox(const MessageBox& box) {
     const Answer wanted = Player::messageBox(box);
     auto* const shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_TRUE(shown);
-    EXPECT_FALSE(shown->windowIcon().isNull() && !box.icon.empty()) << "the program's symbol";
+    EXPECT_TRUE(box.icon.empty() || !shown->windowIcon().isNull());
     auto* const label = shown->findChild<QLabel*>("qt_msgbox_label");
     EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name),
               toQt(box.text).remove('\r'));
