@@ -200,7 +200,6 @@ class ButtonView final : public ViewOf<Button, QPushButton> {
 public:
   ButtonView(Button& button, Screen& screen, QWidget* form)
       : ViewOf(button, screen, new QPushButton(form)) {
-    widget().setAutoDefault(false);
     setColors(QPalette::Button, QPalette::ButtonText);
     connect(&widget(), &QPushButton::clicked, this, [this] { click(); });
     if (button.Shortcut.empty())

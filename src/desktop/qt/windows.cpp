@@ -27,7 +27,6 @@ public:
     screen.area = area;
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     if (window.BackColor)
       area->setBackground(toQt(*window.BackColor));
     // Their menus wait in a loop of their own, in which a child window may close.
