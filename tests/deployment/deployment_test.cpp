@@ -13,19 +13,18 @@
 //   layOut BOARD TURN    loads a template that holds this board and names this player's turn
 //   load BOARD TURN      loads a saved game
 //   save Plantilla NAME  saves the army as a template under this name
-//   over X 590;590       points at this place on it, in twips from its corner
+//   over X 590;590       points at this place on X, in twips from its upper left corner
 //   Left, Enter, 1       presses that key; a first arrow marks the lowest square on the left
 // A row of `walk` is "steps => what is seen then". `pictures()` is the board as its pictures show
-// it; `expectBoard` wants the same of the records behind them. `unit(n)` is the picture of the unit
-// on square n.
+// it; `expectBoard` wants the same of the records behind them. `blank(5)` is an empty board of 5x5.
+// `windows()` names the windows that are open inside the frame.
 //
 // In the options, a click on lblLimiteFilas lets units stand in any row, and one on lblBandera
 // allows more than one flag.
 //
-// `app` is the program, `frame` its window around the others, `principal` what it knows of game and
-// options, `screen` the person before it. `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a
-// box that will come; the ANSWER is Ok unless it is named, MEANWHILE is what is looked at while the
-// box is open.
+// `app` is the program, `screen` the person before it. `screen.expectBox(TEXT, ANSWER, MEANWHILE)`
+// announces a box that will come; the ANSWER is Ok unless it is named, MEANWHILE is what is looked
+// at while the box is open.
 #include <gmock/gmock.h>
 
 #include "scripted/game.h"

@@ -13,7 +13,8 @@
 // it.
 //
 // `run(steps, box)` leads to the box with this text. `principal` is what the program knows of game
-// and options, `play` the window of play, `screen` the person before it.
+// and options, `play` the window of play, whose JugadorActual is the player in turn, `screen` the
+// person before it.
 #include "persistence/configuration.h"
 #include "scripted/game.h"
 
@@ -68,8 +69,8 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
       {"", earlier + " 2"},
       // Where nobody is in turn, player 1 begins.
       {squares + "0\r\n", "i..../...../...../...../..... 1"},
-      // A board's size shows in its lines, but for the last one: 26 squares are none's, and the
-      // earlier size stays.
+      // A board's size shows in its lines, but for the last one. Here a turn and player 2's victory
+      // follow, which makes 26: no board has so many, and the earlier size stays.
       {squares + "2\r\n12\r\n", "i...../....../....../....../....../.....G 12"},
       // More fields than six; then a unit of player 2 that has no more than its player.
       {"1;3;380;1340;1;1;9;x\r\n2;\r\n1\r\n", "C0..../....../....../....../....../.....G 1"},
