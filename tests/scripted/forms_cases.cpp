@@ -97,6 +97,7 @@ TEST_F(FormsCases, NothingHappensBehindABox) {
     layer.closeRequested(frame);
     EXPECT_FALSE(layer.focusMoved(options.txtTiempoRed));
     EXPECT_FALSE(layer.activated(deployment));
+    EXPECT_FALSE(layer.sessionMayEnd());
     EXPECT_FALSE(layer.keyPressed(options, forms::Key::Space));
   });
   layer.messageBox("Hola");

@@ -72,7 +72,8 @@ void Game::TearDown() {
   if (!frame.isOpen())
     return;
   screen.expectBox(LeaveQuestion, Answer::Yes);
-  screen.expectBox(informationBox().text);
+  // All other windows have closed before it.
+  screen.expectBox(informationBox().text, Answer::Ok, [this] { EXPECT_EQ(windows(), ""); });
   run("close frmPrincipal");
   EXPECT_FALSE(frame.isOpen());
 }
