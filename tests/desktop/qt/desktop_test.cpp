@@ -174,6 +174,9 @@ TEST_F(DesktopTest, MovesAChildByItsKeys) {
   EXPECT_EQ(deployment.picTablero.cursorSquare(), 0) << "no key is for the board";
   run("Up");
   EXPECT_EQ(deployment.picTablero.cursorSquare(), 21) << "the click has ended it";
+  // The program's own move, in twips.
+  deployment.Left = 300;
+  EXPECT_EQ(shown.x(), 20); // pixels
 }
 
 // On the board of 5x5, from the lowest square on the left.
