@@ -140,8 +140,6 @@ TEST_P(Windows, FitABoardIntoItsFrameOrShowItAsItWasChosen) {
   EXPECT_EQ(widgetOf(app.nuevoJuego).pos(), QPoint());
   run("Ctrl+9");
   EXPECT_EQ(percentOfBoard(), 125) << "as large as it fits";
-  app.enJuego.open();
-  EXPECT_EQ(widgetOf(app.enJuego.picTablero).width(), board().width()) << "chosen for both";
 }
 
 // In a frame of 300 pixels, which shows a part of the board: the arrows go to the edges of it,
