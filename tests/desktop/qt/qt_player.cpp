@@ -115,6 +115,7 @@ QtPlayer::QtPlayer() : qt_(argumentCount, arguments) {
     const Element& element = get(on);
     const QPointer<QWidget> target(&widgetOf(element));
     const QPoint where = pixelOf(element, *target, place);
+    EXPECT_EQ(target->parentWidget()->childAt(target->mapToParent(where)), target) << "is covered";
     QTest::mousePress(target, Qt::LeftButton, {}, where);
     if (target)
       QTest::mouseRelease(target, Qt::LeftButton, {}, where);
