@@ -53,7 +53,6 @@ public:
     if (!window().Maximized)
       return widget().show();
     widget().showMaximized();
-    restored_ = false;
   }
 
 protected:
@@ -82,7 +81,7 @@ private:
     QTimer::singleShot(Pause, this, [=, this] { fitOuterEdge(looksLeft - 1, decoration); });
   }
 
-  bool restored_ = true; // since it was shown maximised
+  bool restored_ = false; // since it was shown
 };
 
 // --- A window of its own: fixed in size, with a close box ----------------------------------------
