@@ -38,7 +38,7 @@ TEST_F(FormsCases, TheFocusFollowsTheMouseAndTheTabKey) {
         "click lblBandera => comJugadorActualRed", "Tab => txtMovPorTurno",
         // Round to the first.
         "Tab => chkPermitirBanderas", "Shift+Tab, Shift+Tab, Shift+Tab => txtTiempoRed",
-        "click picCAB => picCAB", "menu Opciones, close Opciones => picCAB"},
+        "click picCAB => picCAB", "Tab => picELE", "menu Opciones, close Opciones => picELE"},
        [&] { return screen.focused(); });
   run("menu Opciones");
   options.chkLimiteFilas.Enabled = false;
