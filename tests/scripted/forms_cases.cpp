@@ -3,17 +3,23 @@
 //
 // `run(steps)` does the steps one by one: "menu X" chooses the entry mnuX, "click X" and "right X"
 // use the left and the right button of the mouse on an element, "type BOX TEXT" and "choose LIST
-// ITEM" fill in, "close X" closes a window, "tick 1" lets a second pass, Tab or Left presses that
-// key. A row of `walk` is "steps => what is seen then". Inside the frame, frmPrincipal, there are
-// the windows NuevoJuego, the deployment, and Opciones, the options; MsgBox is a window of its own
-// that shows a text. `windows()` names the open ones in the frame. In the options, lblBandera and
-// lblLimiteFilas stand beside the tick boxes chkPermitirBanderas and chkLimiteFilas.
+// ITEM" fill in, "close X" closes a window, "tick 1" lets a second pass; Tab, Left or 1 is a key. A
+// row of `walk` is "steps => what is seen then".
 //
-// `app` is the program, `frame` its window around the others, `principal` what it knows of game and
-// options. `screen` is the person before it: `screen.focused()` is the element that the keyboard
-// goes to, `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a box or a modal window that will
-// come, with what is done while it is open. `app.forms.clicked`, `app.forms.typed` and the like are
-// what a screen reports.
+// The windows inside the frame, frmPrincipal, which `windows()` names while they are open:
+// NuevoJuego, the `deployment`, with the units to choose (picINF infantry, picCAB cavalry, picELE
+// elephants), the list of boards comTablero, from 5x5 to 8x8, the button btnIniciar, and Command1,
+// which has a key and is never seen; Opciones, the `options`, in the order of the Tab key: the tick
+// boxes chkPermitirBanderas and chkLimiteFilas (lblBandera is the label of the first), the button
+// btnCargarJuegoRed, seconds (txtTiempoRed), the player in a list (comJugadorActualRed, "1" or "2")
+// and moves (txtMovPorTurno). MsgBox is a window of its own that shows a text.
+//
+// `app` is the program, `frame` its window around the others with the timer tmrRed, `principal`
+// what it knows of game and options; `shown()` is all that the open windows show. `screen` is the
+// person before it: `screen.focused()` is the element that the keyboard goes to,
+// `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a box or a modal window that will come,
+// with what is done while it is open. `layer.clicked`, `layer.typed` and the like are what a screen
+// reports.
 #include "scripted/game.h"
 
 namespace falanges {
@@ -29,14 +35,14 @@ protected:
 
 const std::string OutOfRange = "DEBE colocar un valor entre 5 y 300 segundos de actualización";
 
-// What is seen is where the keyboard goes.
+// What is seen is where the keyboard goes. A click on the deployment closes the options.
 TEST_F(FormsCases, TheFocusFollowsTheMouseAndTheTabKey) {
   run("menu NuevoJuego");
   walk({"menu Opciones => chkPermitirBanderas", "click chkLimiteFilas => chkLimiteFilas",
         "right txtTiempoRed => txtTiempoRed", "choose comJugadorActualRed 2 => comJugadorActualRed",
         // A label takes no focus.
         "click lblBandera => comJugadorActualRed", "Tab => txtMovPorTurno",
-        // Round to the first.
+        // From the last round to the first.
         "Tab => chkPermitirBanderas", "Shift+Tab, Shift+Tab, Shift+Tab => txtTiempoRed",
         "click picCAB => picCAB", "Tab => picELE", "menu Opciones, close Opciones => picELE"},
        [&] { return screen.focused(); });

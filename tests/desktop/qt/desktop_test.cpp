@@ -2,15 +2,22 @@
 // it, the clock, the focus that Qt moves by itself, a screen reader's wishes.
 //
 // `run` does steps one by one: "menu X" chooses the entry mnuX, "click X" and "right X" use the
-// left and the right button of the mouse on an element, "type
-// BOX TEXT" fills in, "Ctrl+F7" is a key. A row of `walk` is "steps => what is seen then". In the
-// frame there are the windows NuevoJuego, the deployment, EnJuego, play, and Opciones, the options;
-// MsgBox is one with a place of its own on the screen. `windows()` names those that are open in the
-// frame.
+// left and the right button of the mouse on an element, "type BOX TEXT" fills in, Tab or Ctrl+F7 is
+// a key. A row of `walk` is "steps => what is seen then". `settle()` lets the screen come to rest
+// and looks whether it shows what the program's elements say, and where the keyboard's focus is.
 //
-// `app` is the program, `frame` its window around the others, `screen` the person before it:
-// `screen.focused()` is the element that the keyboard goes to, `screen.expectBox` announces a box,
-// and what is done while it is open. `widgetOf(X)` is what shows X.
+// The windows inside the frame, which `windows()` names while they are open: NuevoJuego, the
+// `deployment`, with the infantry and the flag to choose (picINF, picBAN), the board (picTablero,
+// 5x5 at first; squares count from 1 at the top left) and the button btnIniciar; Opciones, the
+// `options`, with two tick boxes (chkPermitirBanderas, chkLimiteFilas; the label lblBandera belongs
+// to the first), seconds (txtTiempoRed), moves (txtMovPorTurno) and the player, 1 or 2, in a list
+// (comJugadorActualRed); EnJuego, play. MsgBox has a place of its own on the screen and holds a
+// text, Text1.
+//
+// `app` is the program, `frame` its window around the others with the clock tmrRed, `screen` the
+// person before it: `screen.focused()` is the element that the keyboard goes to,
+// `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a box, and what is done while it is open.
+// `widgetOf(X)` is what shows X.
 #include <QAccessible>
 #include <QApplication>
 #include <QMdiArea>

@@ -1,10 +1,12 @@
 // What is painted rather than set: whole windows, held by the pictures in golden/.
 // FALANGES_GOLDEN=write in the environment makes the pictures anew.
 //
-// `run` does steps of the person at the screen one by one: "menu ENTRY", "click
-// ELEMENT", "close WINDOW", a key (Tab, Space, Up), or "paint WINDOW NAME", which holds the window
-// against golden/NAME.png. `expectBox(TEXT, ANSWER, painted(NAME))` announces a box with this text,
-// or a modal window of this name: it is held against its picture, then answered.
+// `run` does steps of the person at the screen one by one: "menu ENTRY", "click ELEMENT", "close
+// WINDOW", a key (Tab, Space, Up), or "paint WINDOW NAME", which holds the window against
+// golden/NAME.png. `screen` is that person: `screen.expectBox(TEXT, ANSWER, painted(NAME))`
+// announces a box with this text, or a modal window of this name: it is held against its picture,
+// then answered. `app` is the program, `frame` its window around the others, `principal` what it
+// knows of the game; `widgetOf(X)` is what shows X.
 #include <QApplication>
 #include <QDateTime>
 #include <QFile>
@@ -23,7 +25,10 @@ namespace {
 
 // The widget is painted as golden/NAME.png shows it, but for 9 of the 256 levels of a colour.
 void expectPainted(const char* name, QWidget& shown) {
-  QCoreApplication::processEvents();
+  for (int i = 0; i < 2; ++i) { // Qt lays out and paints when timers of five milliseconds run out
+    QTest::qSleep(6);
+    QCoreApplication::processEvents();
+  }
   QWidget& top = *shown.window();
   const QRect place(shown.mapTo(&top, QPoint()), shown.size());
   // Coarse levels make files of a third: the wood of the boards is all shades.
@@ -111,10 +116,10 @@ TEST_F(Golden, TheFileDialog) {
     for (const char* part : {"lookInCombo", "sidebar"})
       dialog.findChild<QWidget*>(part)->hide();
     const auto& files = *dialog.findChild<QTreeView*>();
-    const auto day = [&] {
-      return files.model()->index(0, 3, files.rootIndex()).data().toString();
+    const auto cell = [&](int column) {
+      return files.model()->index(0, column, files.rootIndex()).data().toString();
     };
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !day().isEmpty(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0) == "partida.txt" && !cell(3).isEmpty(); }));
     expectPainted("archivo", dialog);
   });
   // To save; title, folder, proposed name, kinds of files.

@@ -3,9 +3,10 @@
 // Sizes of widgets are in pixels, those of elements in twips: a pixel is 15 twips at 100 %, and a
 // square of the board has 1180. The windows with a board have a size in percent: Ctrl++ and Ctrl+-,
 // or a notch of the wheel with Ctrl, choose the next one (... 90, 95, 100, 110, 125, 150, 175 ...),
-// Ctrl+0 the one that fits up to 100, Ctrl+9 the largest that fits. `run` does its steps one
-// by one: "menu ENTRY", "choose LIST ITEM", "close WINDOW", or a key. nuevoJuego is the
-// deployment's window, enJuego that of play, opciones the options.
+// Ctrl+0 the one that fits up to 100, Ctrl+9 the largest that fits. `run` does its steps one by
+// one: "menu ENTRY", "choose LIST ITEM", "close WINDOW", or a key. `app` is the program, `frame`
+// its window around the others; nuevoJuego is the deployment's window, enJuego that of play,
+// opciones the options. `widgetOf(X)` is what shows X, `screen` the person before it.
 #include <QApplication>
 #include <QFontInfo>
 #include <QLabel>
