@@ -16,7 +16,7 @@ program_folder, packaging = map(Path, sys.argv[1:])
 
 
 def menu(script, word, folder=None):
-    return subprocess.run([script, word], cwd=folder, capture_output=True).returncode
+    return subprocess.run([script, word], cwd=folder).returncode
 
 
 with tempfile.TemporaryDirectory() as home:

@@ -106,7 +106,8 @@ TEST_F(TextFilePosixTest, AFullDiskCostsNoEarlierFile) {
   EXPECT_FALSE(replaceTextFile(path, Large));
   diskIsFull(false);
   EXPECT_EQ(readTextFile(path, 100), "partida");
-  EXPECT_EQ(folder.entries(), 1) << "no temporary file is left";
+  // No temporary file is left.
+  EXPECT_EQ(folder.entries(), 1);
 }
 
 // Another person may write the file in common, but make no temporary one beside it: the text goes
@@ -119,7 +120,9 @@ TEST_F(TextFilePosixTest, AFolderThatTakesNoNewNameIsWrittenPastAndAProtectedFil
   // Nobody, who owns neither file nor folder.
   actAs(65534);
   EXPECT_FALSE(replaceTextFile(path, "x"));
+  diskCalls().clear();
   EXPECT_TRUE(replaceTextFile(common, "x"));
+  EXPECT_EQ(diskCalls(), "sync ");
   diskIsFull(true);
   EXPECT_FALSE(replaceTextFile(common, Large));
   diskIsFull(false);

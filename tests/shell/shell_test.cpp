@@ -80,10 +80,12 @@ TEST(Start, AProgramThatDoesNotKnowItsFolderSaysSoAndOpensAndWritesNothing) {
 // windows: what the menu holds then".
 TEST_F(Shell, AFileLeadsFromWindowToWindowAndTheMenuHoldsWhatCanBeDoneThere) {
   start();
+  // Where neither a deployment nor a game is open.
+  const std::string none = ": Nuevo Juego, Cargar Juego, Cargar Plantilla";
   const std::string deployment = "NuevoJuego: Cargar Juego, Cargar Plantilla, Guardar Plantilla";
-  walk({"menu Opciones => Opciones: Nuevo Juego, Cargar Juego, Cargar Plantilla",
+  walk({"menu Opciones => Opciones" + none,
         "load g..../...../...../...../G.... 2 => EnJuego: Guardar Juego",
-        "close EnJuego => : Nuevo Juego, Cargar Juego, Cargar Plantilla",
+        "close EnJuego, menu NuevoJuego, close NuevoJuego => " + none,
         "menu Opciones, layOut g..../...../...../...../G.... 1 => " + deployment,
         "load g..../...../...../...../G.... 2 => EnJuego: Guardar Juego"},
        [&] { return windows() + ": " + menu(); });
