@@ -3,10 +3,12 @@
 //
 // `run` does steps one by one: "menu X" chooses the entry mnuX, "click X" and "right X" use the
 // left and the right button of the mouse on an element, "type BOX TEXT" fills in, Tab or Ctrl+F7 is
-// a key. A row of `walk` is "steps => what is seen then". `settle()` lets the screen come to rest
-// and looks whether it shows what the program's elements say, and where the keyboard's focus is.
+// a key. Behind each step, and behind each row of `walk`, "steps => what is seen then", the screen
+// comes to rest and is looked at: whether it shows what the program's elements say, and where the
+// keyboard's focus is. What goes round `run` is followed by `settle()`, which does the same.
 //
-// The windows inside the frame, which `windows()` names while they are open: NuevoJuego, the
+// The windows inside the frame, which `windows()` names while they are open (the options close when
+// another one comes to the front): NuevoJuego, the
 // `deployment`, with the infantry and the flag to choose (picINF, picBAN), the board (picTablero,
 // 5x5 at first; squares count from 1 at the top left) and the button btnIniciar; Opciones, the
 // `options`, with two tick boxes (chkPermitirBanderas, chkLimiteFilas; the label lblBandera belongs
@@ -20,8 +22,6 @@
 // `widgetOf(X)` is what shows X.
 #include <QAccessible>
 #include <QApplication>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
@@ -90,7 +90,8 @@ TEST_F(DesktopTest, HearsTheClockBehindABoxAndKeepsNoneOfTheWindowsThatClosedMea
   EXPECT_EQ(widgets[2], widgets[9]);
 }
 
-// In the window behind or in the one in front: it goes back to where the program has it.
+// In the window behind or in the one in front: it goes back to where the program has it, which
+// `settle()` looks at.
 TEST_F(DesktopTest, PutsTheFocusBackThatQtMoves) {
   run("menu NuevoJuego");
   app.msgBox.open();
@@ -104,26 +105,9 @@ TEST_F(DesktopTest, PutsTheFocusBackThatQtMoves) {
   app.msgBox.close();
 }
 
-// As Ctrl and Tab do. The options do not give way while a number is out of range; otherwise they
-// close.
-TEST_F(DesktopTest, AsksBeforeAChildThatQtActivatesTakesOver) {
-  run("menu NuevoJuego, menu Opciones");
-  const auto activateDeployment = [&] {
-    auto& child = dynamic_cast<QMdiSubWindow&>(widgetOf(deployment));
-    child.mdiArea()->setActiveSubWindow(&child);
-    settle();
-  };
-  run("type txtTiempoRed 4");
-  screen.expectBox(OutOfRange);
-  activateDeployment();
-  EXPECT_EQ(app.forms.activeChild(), &options);
-  run("type txtTiempoRed 5");
-  activateDeployment();
-  EXPECT_EQ(windows(), "NuevoJuego");
-}
-
-// A step "WISH ELEMENT" is what a screen reader asks of it. What is seen: where the keyboard goes,
-// the two tick boxes, the seconds, the player.
+// A step "WISH ELEMENT" is what a screen reader asks of it, "SetText BOX TEXT" to fill it in, which
+// brings the keyboard there too. The program does it when it comes to rest, behind the call. What
+// is seen: where the keyboard goes, the two tick boxes, the seconds, the player.
 TEST_F(DesktopTest, DoesAScreenReadersWishes) {
   run("menu NuevoJuego, menu Opciones");
   const auto seen = [&] {
@@ -149,7 +133,8 @@ TEST_F(DesktopTest, DoesAScreenReadersWishes) {
         "Increase comJugadorActualRed => comJugadorActualRed 1 1 10s 2",
         "Increase comJugadorActualRed => comJugadorActualRed 1 1 10s 2", // behind the last
         "Decrease comJugadorActualRed => comJugadorActualRed 1 1 10s 1",
-        "SetText txtTiempoRed 4, SetFocus chkLimiteFilas => txtTiempoRed 1 1 4s 1", // refused
+        // A box refuses 4 seconds when the keyboard is to leave, and it stays.
+        "SetText txtTiempoRed 4, SetFocus chkLimiteFilas => txtTiempoRed 1 1 4s 1",
         "SetText txtTiempoRed 5 => txtTiempoRed 1 1 5s 1"},
        seen);
   auto* const list = QAccessible::queryAccessibleInterface(&widgetOf(options.comJugadorActualRed));
@@ -158,7 +143,8 @@ TEST_F(DesktopTest, DoesAScreenReadersWishes) {
     EXPECT_EQ(list->state().expanded, open);
   }
   EXPECT_TRUE(list->state().expandable);
-  EXPECT_EQ(list->indexOfChild(list->child(0)), 0);
+  EXPECT_EQ(list->indexOfChild(list->child(0)), 0) << "its first part knows that it is the first";
+  // In the window behind; the options close.
   run("Press picINF");
   settle();
   EXPECT_EQ(deployment.picINF.Appearance, 1) << "chosen";
@@ -173,6 +159,7 @@ TEST_F(DesktopTest, MovesAChildByItsKeys) {
   EXPECT_EQ(shown.pos(), start + QPoint(20, 10)); // pixels
   run("Ctrl+F7, Left, Ctrl+W, Up, Escape");       // Ctrl+W would close it
   EXPECT_EQ(shown.pos(), start + QPoint(20, 10)) << "taken back";
+  // A click ends it too, and what has been moved stays.
   run("Ctrl+F7, Left, Up, right picINF");
   EXPECT_EQ(shown.pos(), start + QPoint(10, 0));
   EXPECT_EQ(deployment.picTablero.cursorSquare(), 0) << "no key is for the board";
@@ -191,6 +178,7 @@ TEST_F(DesktopTest, AKeyHeldDownMovesOnAndPressesOnce) {
                                     {Qt::Key_Left, 16},
                                     {Qt::Key_Down, 21},
                                     {Qt::Key_Return, 21}}) {
+    // What the system sends while the key is held. Enter would put the infantry on square 21.
     QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, "", true);
     QCoreApplication::sendEvent(QApplication::focusWidget(), &repeated);
     EXPECT_EQ(deployment.picTablero.cursorSquare(), square);
@@ -206,7 +194,7 @@ TEST(Session, EndsWithoutABox) {
   app.start();
   QEvent end(QEvent::Quit);
   QCoreApplication::sendEvent(qApp, &end);
-  app.forms.messageBox("Hola");
+  app.forms.messageBox("Hola"); // comes no more: nobody expects it, and it would fail the test
 }
 
 // By a click beside its elements, and by the open menu, which lists the windows with a number each:

@@ -1,6 +1,7 @@
 // Names that Qt's own file dialog would read otherwise than they are typed: several names in
 // quotes. `expectFile(title, path, meanwhile)` is what the person at the dialog does: something,
-// then types this path. `fileDialog({save, title, folder, name, kinds of files})` opens it.
+// then types this path. `fileDialog({save, title, folder, name, kinds of files})` opens it and
+// gives back the path that the program gets.
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -15,7 +16,8 @@ using namespace scripted;
 
 namespace {
 
-// Behind it a box says so, and the dialog stays open.
+// No file system takes a name of 300 letters. A box has to say so, and the dialog has to stay open
+// for another name.
 void tryTooLongAName() {
   QTimer::singleShot(0, [] {
     QWidget& box = *QApplication::activeModalWidget();
