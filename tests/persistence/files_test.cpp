@@ -96,6 +96,9 @@ TEST(GameText, IsWholeUpToItsTurnOrItsResultAndNowhereElse) {
     EXPECT_EQ(read.whole, length == game.size() || length == won.size());
     EXPECT_EQ(read.resultLine.has_value(), length == won.size());
   }
+  // An empty line, the result twice.
+  EXPECT_FALSE(parseGame(game + "\r\n").game.whole);
+  EXPECT_FALSE(parseGame(won + "12\r\n").game.whole);
 }
 
 // `everything()` is the records, the menu, the windows and what they show. `Invalid` begins the box

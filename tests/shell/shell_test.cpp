@@ -130,8 +130,9 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
   configure("0;0;0;0;\r\n"); // no seconds, no moves: both are out of range
   start();
   run("menu NuevoJuego, menu Opciones, click txtMovPorTurno");
-  for (const std::string leaving : {"close Opciones", "click square 1", "click btnCargarJuegoRed",
-                                    "type txtTiempoRed 4, Tab", "type txtTiempoRed 301, Tab"}) {
+  for (const std::string leaving :
+       {"close Opciones", "click square 1", "activate NuevoJuego", "click btnCargarJuegoRed",
+        "type txtTiempoRed 4, Tab", "type txtTiempoRed 301, Tab"}) {
     run(leaving, "DEBE colocar un valor entre 5 y 300 segundos de actualización");
     EXPECT_EQ(screen.focused(), "txtTiempoRed") << leaving;
   }
