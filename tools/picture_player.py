@@ -122,7 +122,8 @@ class Program:
             run("xdotool", "key", key, "sleep", "0.4")
 
     def ends(self):
-        assert self.process.wait(30) == 0
+        code = self.process.wait(30)
+        assert code == 0, code
 
 
 class Game(Program):
