@@ -19,8 +19,12 @@
 // it; `expectBoard` wants the same of the records behind them. `blank(5)` is an empty board of 5x5.
 // `windows()` names the windows that are open inside the frame.
 //
+// What is set down on a square has its mirror image, a unit of player 2, on the opposite one: of
+// 5x5 on 26 less that square. Unless an option allows more, units stand in player 1's first two
+// rows, the lowest: from 16 on.
+//
 // In the options, a click on lblLimiteFilas lets units stand in any row, and one on lblBandera
-// allows more than one flag.
+// allows more than one flag. They close as soon as the board is clicked.
 //
 // `app` is the program, `screen` the person before it. `screen.expectBox(TEXT, ANSWER, MEANWHILE)`
 // announces a box that will come; the ANSWER is Ok unless it is named, MEANWHILE is what is looked
@@ -48,14 +52,16 @@ const std::string OnlyOneFlag = "NO se permite ubicar más de 1 Bandera";
 TEST_F(Deployment, AUnitComesAndGoesInTheFirstTwoRowsAndItsMirrorImageOpposite) {
   run("click picELE, choose comTablero 6x6");
   EXPECT_EQ(screen.focused(), "picTablero") << "the list hands the keyboard on to the board";
-  run("click square 24", OnlyTwoRows);
-  run("click square 25");
+  run("click square 24", OnlyTwoRows); // the last of the fourth row
+  run("click square 25");              // the first of the fifth; opposite is 12
   expectBoard("....../.....e/....../....../E...../......");
-  run("right picUnidad(12)");
+  run("right picUnidad(12)"); // both go
   expectBoard("....../....../....../....../....../......");
 }
 
-// The menu leaves the keyboard where it is, on the list; a click on the board takes it away.
+// The menu leaves the keyboard where it is, on the list; a click on the unit on 25 takes it away,
+// and the army is erased. The first step's template names nobody's turn. A game that is loaded
+// closes the deployment with the keyboard on its list: the last board is that of play.
 TEST_F(Deployment, LeavingTheListOfBoardsErasesTheArmyAndALoadDoesNot) {
   const std::string army = "g..../...../...../...../....G";
   walk({"layOut " + army + ", click comTablero, save Plantilla x => " + army,
@@ -64,13 +70,14 @@ TEST_F(Deployment, LeavingTheListOfBoardsErasesTheArmyAndALoadDoesNot) {
        [&] { return pictures(); });
 }
 
-// A second flag on square 13, in the middle, offends against both options at first. Nothing can
-// stand there even if both allow it: the square is its own mirror image.
+// A second flag on square 13, in the middle, offends against both options at first: the limit of
+// rows is told. Nothing can stand there even if both allow it: the square is its own mirror image.
 TEST_F(Deployment, WhatIsRefusedIsToldTheLimitBeforeTheFlag) {
   run("click picBAN, click square 21");
   run("click square 25", OnlyOneFlag);
   run("click square 13", OnlyTwoRows);
   run("menu Opciones, click lblLimiteFilas, click square 13", OnlyOneFlag);
+  // Two flags now, and no box; 7 takes the second, 13 nothing.
   run("menu Opciones, click lblBandera, click square 7, click square 13");
   expectBoard("....b/.B.../...../...b./B....");
 }
@@ -78,15 +85,18 @@ TEST_F(Deployment, WhatIsRefusedIsToldTheLimitBeforeTheFlag) {
 TEST_F(Deployment, AChosenUnitIsSetDownUntilAnotherIsChosenOrItIsClickedAgain) {
   // Nothing is chosen yet.
   run("click square 21", ChooseAUnit);
+  // The flag takes the general's place as the chosen unit.
   run("click picGEN, click picBAN, click square 21");
-  // These do nothing: squares 21 and 5 are taken, and the board's very corner is no square.
+  // These do nothing, not even tell that a second flag is not allowed: squares 21 and 5 are taken,
+  // and the board's very corner is no square.
   run("click corner 21, click corner 5, click picTablero 0;0");
   expectBoard("....b/...../...../...../B....");
-  // It was clicked again.
+  // The flag in the palette is clicked again: nothing is chosen any more.
   run("click picBAN, click corner 21", ChooseAUnit);
 }
 
-// 1 infantry to 5 flag; Enter sets it down on the marked square.
+// 1 infantry to 5 flag; Enter sets it down on the marked square. The first arrow, Left, marks 21,
+// the lowest on the left; Right goes on to 22.
 TEST_F(Deployment, TheDigitsChooseFromThePalette) {
   run("1, Left, Enter, 5, Right, Enter");
   expectBoard("...bi/...../...../...../IB...");
@@ -107,6 +117,7 @@ TEST_F(Deployment, AScreenReaderPlacesAUnitWhereTheCursorIsNotThePointer) {
   EXPECT_EQ(board.ToolTipText.get(), "Cuadro: 1 (1,1)") << "it is shown at the mouse";
 }
 
+// The template is of 6x6; what was set down on 7x7 before is gone.
 TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoardAndSaved) {
   const std::string board = "....../.e..../g...../.....G/....E./......";
   // The player in turn that a template names, here 9, counts for nothing.
@@ -119,7 +130,8 @@ TEST_F(Deployment, ATemplateIsLaidOutOnItsOwnBoardAndSaved) {
 }
 
 // The first two boxes refuse. The question lets an army start that has no flag or not each type,
-// and says so first. A flag does not count as a unit.
+// and says so first. A flag does not count as a unit, and of player 2, who has one of each here, no
+// unit counts.
 TEST_F(Deployment, WhatAnArmyLacksIsToldBeforeTheGameStarts) {
   const std::string noFlag = "DEBE colocar al menos 1 Bandera\r\n";
   const std::string notEachType = "DEBE colocar al menos 1 Unidad de cada tipo\r\n";
@@ -134,8 +146,9 @@ TEST_F(Deployment, WhatAnArmyLacksIsToldBeforeTheGameStarts) {
     run("layOut gecib/iii../...../...../" + row + " 1");
     screen.expectBox(box, box.ends_with("?") ? Answer::No : Answer::Ok);
     run("click btnIniciar");
-    EXPECT_EQ(windows(), "NuevoJuego");
+    EXPECT_EQ(windows(), "NuevoJuego"); // nothing has started
   }
+  // Yes to the last army, which lacks nothing.
   screen.expectBox(StartQuestion, Answer::Yes);
   run("click btnIniciar");
   EXPECT_EQ(windows(), "EnJuego");
@@ -143,7 +156,8 @@ TEST_F(Deployment, WhatAnArmyLacksIsToldBeforeTheGameStarts) {
 
 // A window for whoever looks into a board that seems wrong, opened by the key of the button
 // Command1, which is never seen. The general (type 5) stands on 24, player 2's opposite on 2;
-// square 3 is empty. The places of the pictures are in twips: 380 from the top, 2520 from the left.
+// square 3 is empty. The places of the pictures are in twips: 380 from the top (PosXTwips), 2520
+// from the left (PosYTwips); PosX is the row, PosY the column.
 TEST_F(Deployment, TheFieldDumpTellsEachSquareOfTheBoard) {
   run("click picGEN, click square 24");
   // While this window is open.

@@ -30,11 +30,12 @@ TEST(NumbersTest, ATextGivesTheNumberThatItBeginsWith) {
 TEST(NumbersTest, AWholeItemTakesTheNearestAnExactHalfTheEvenOne) {
   using Byte = std::uint8_t;
   using Short = std::int16_t;
-  // A byte holds 0 to 255; {}: refused.
+  // A byte holds 0 to 255; {}: refused, for the nearest would be 256, -1 or none.
   const std::pair<double, std::optional<Byte>> bytes[] = {
       {2.5, 2}, {3.5, 4}, {-0.5, 0}, {255.4, 255}, {255.5, {}}, {-0.6, {}}, {HUGE_VAL, {}}};
   for (const auto& [number, whole] : bytes)
     EXPECT_EQ(stored<Byte>(number), whole) << number;
+  // These hold -32768 to 32767.
   EXPECT_EQ(stored<Short>(-32768.5), -32768);
   EXPECT_EQ(storedNearest<Short>(HUGE_VAL), 32767);
 }

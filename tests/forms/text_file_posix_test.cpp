@@ -52,6 +52,7 @@ protected:
 };
 
 TEST_F(TextFilePosixTest, AReplacementKeepsPermissionsAndLinks) {
+  // Its owner may read and write, the group read; a new file has other rights, as a rule.
   fs::permissions(path, fs::perms(0640));
   const std::string link = folder.file("enlace");
   fs::create_symlink(path, link);
@@ -59,12 +60,14 @@ TEST_F(TextFilePosixTest, AReplacementKeepsPermissionsAndLinks) {
   EXPECT_EQ(readTextFile(path, 100), "otro");
   EXPECT_EQ(fs::status(path).permissions(), fs::perms(0640));
   fs::remove(path);
+  // The link's file is gone: it is made anew where the link leads, and the link stays one.
   EXPECT_TRUE(replaceTextFile(link, "nuevo")) << "it named no file";
   EXPECT_EQ(readTextFile(path, 100), "nuevo");
   EXPECT_TRUE(fs::is_symlink(link));
 }
 
-// Each sync tells the disk to keep something: the text, then the folder with its name.
+// Each sync tells the disk to keep something: the text, then the folder with its name. A
+// replacement takes the name between the two; a new file, "red", has its name from the beginning.
 TEST_F(TextFilePosixTest, WhatIsSaidToBeDoneIsOnTheDiskWithItsName) {
   diskCalls().clear();
   EXPECT_TRUE(replaceTextFile(path, "otro"));
@@ -74,6 +77,8 @@ TEST_F(TextFilePosixTest, WhatIsSaidToBeDoneIsOnTheDiskWithItsName) {
   EXPECT_EQ(diskCalls(), "sync sync ");
 }
 
+// Whoever opens a pipe waits, as a rule, until another program opens its other end. Nobody does
+// here: a case that waits would not end.
 TEST_F(TextFilePosixTest, NothingWaitsForAPipeOrTakesItForAFile) {
   const std::string pipe = folder.file("tubería");
   ASSERT_EQ(mkfifo(pipe.c_str(), 0666), 0);
@@ -111,7 +116,8 @@ TEST_F(TextFilePosixTest, AFullDiskCostsNoEarlierFile) {
 }
 
 // Another person may write the file in common, but make no temporary one beside it: the text goes
-// over the old one. What that person may only read is not replaced.
+// over the old one. What that person may only read is not replaced. 0444: all may read; 0666: all
+// may read and write.
 TEST_F(TextFilePosixTest, AFolderThatTakesNoNewNameIsWrittenPastAndAProtectedFileStays) {
   const std::string common = folder.file("común");
   ASSERT_TRUE(writeTextFile(common, "partida"));
@@ -122,11 +128,11 @@ TEST_F(TextFilePosixTest, AFolderThatTakesNoNewNameIsWrittenPastAndAProtectedFil
   EXPECT_FALSE(replaceTextFile(path, "x"));
   diskCalls().clear();
   EXPECT_TRUE(replaceTextFile(common, "x"));
-  EXPECT_EQ(diskCalls(), "sync ");
+  EXPECT_EQ(diskCalls(), "sync "); // the text alone: no other file has taken the name
   diskIsFull(true);
   EXPECT_FALSE(replaceTextFile(common, Large));
   diskIsFull(false);
-  actAs(geteuid());
+  actAs(geteuid()); // again the person who runs the tests
   EXPECT_EQ(readTextFile(path, 100), "partida");
   EXPECT_EQ(readTextFile(common, 100), "x") << "put back after the full disk";
 }

@@ -16,6 +16,7 @@ TEST(TextFileTest, WhatIsWrittenIsReadByteForByte) {
   const std::string path = folder.file("juego número 1 de Đorđe.txt");
   // Nine bytes, among them what ends a text elsewhere.
   const std::string text("1;\r\n\0\xFF\x1A\n,", 9);
+  // Nothing is left of the longer text when the shorter one is written.
   EXPECT_TRUE(writeTextFile(path, text + text));
   EXPECT_TRUE(writeTextFile(path, text));
   EXPECT_TRUE(appendTextFile(path, "más"));
@@ -30,11 +31,12 @@ TEST(TextFileTest, AReplacementLeavesATemporaryFileOfAnotherAlone) {
   EXPECT_TRUE(replaceTextFile(folder.file("partida"), "nueva"));
   EXPECT_EQ(readTextFile(folder.file("partida"), 100), "nueva");
   EXPECT_EQ(readTextFile(folder.file("falanges-0.tmp"), 100), "de otro");
-  EXPECT_EQ(folder.entries(), 2);
+  EXPECT_EQ(folder.entries(), 2); // files, these two: none is left over
 }
 
 // At commas and line ends, but not inside quotes. Blanks before an item are skipped, and a carriage
-// return alone ends none. Each item is put between "<" and ">" to be compared.
+// return alone ends none. What follows a closing quote up to the comma is dropped. Each item is put
+// between "<" and ">" to be compared; "<>" is an empty one.
 TEST(ItemReaderTest, ATextFallsIntoItems) {
   std::string items;
   for (ItemReader reader(" \t a b \r\n\n,\"c,\nd\" rest ,e\rf\"g\" , \"\"\nh\n\"open, to the end");

@@ -15,7 +15,7 @@ using namespace forms;
 
 TEST(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
   const scripted::TemporaryFolder folder;
-  // Begins as the paths of shared folders do, with two separators.
+  // Begins as the paths of shared folders do, with two separators, neither of which may be lost.
   const std::string path = R"(\\?\)" + folder.file("juego número 1.txt");
   const auto bytes = [&] { return readTextFile(path, 10000).value_or("-"); };
   // What the program that holds the file lets others do meanwhile (nothing, or read and write), and
@@ -27,19 +27,21 @@ TEST(TextFileWindowsTest, AFileThatAnotherProgramHoldsIsNotToBeHadForNow) {
     const HANDLE held = CreateFileW(scripted::toPath(path).c_str(), GENERIC_READ, sharing, nullptr,
                                     OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    // Whether this program may write meanwhile.
     const bool may = (sharing & FILE_SHARE_WRITE) != 0;
     EXPECT_EQ(writeTextFile(path, "uno"), may);
-    // No other may have its name, and it is not risked.
+    // No temporary file can take the name of one that is held open. Then the text is not written
+    // over the old one either: if that failed half-way, a saved game would be lost.
     EXPECT_FALSE(replaceTextFile(path, "dos"));
     EXPECT_EQ(appendTextFile(path, "+"), may);
     EXPECT_EQ(bytes(), read);
     CloseHandle(held);
     EXPECT_EQ(bytes(), may ? read : "partida");
-    EXPECT_EQ(folder.entries(), 1);
+    EXPECT_EQ(folder.entries(), 1); // no temporary file is left
   }
 }
 
-// NUL would swallow a saved game, CON is the console.
+// NUL would swallow a saved game, CON is the console. Neither is written, by whatever way.
 TEST(TextFileWindowsTest, ADeviceIsNoFile) {
   for (const char* device : {R"(\\.\NUL)", R"(\\.\CON)"}) {
     EXPECT_EQ(readTextFile(device, 100), std::nullopt) << device;

@@ -1,7 +1,10 @@
 // Games on any board, clicked upon anywhere, go as a second statement of the rules says (`Rules`,
 // in rules.h). A board is drawn from the top row, "/" between rows: B I C E G are flag, infantry,
 // cavalry, elephants and general of player 1, b i c e g those of player 2, "." is an empty square.
-// A drawing of the reach has "S" where the selected unit stands and "*" where it may go.
+// Squares count from 1 at the top left; `place(n, side)` is where square n stands in the drawing.
+// `unit(n)` is the picture of the unit there, picMovimientoPermitido(n) the mark of a square that
+// the selected unit may go to. A drawing of the reach has "S" where the selected unit stands and
+// "*" where it may go.
 #include "fuzz/rules.h"
 
 #include <random>
@@ -27,7 +30,7 @@ protected:
     std::string marks = blank(principal.NumFilas);
     for (int n = 1; n <= principal.NumCasillas; ++n) {
       char& mark = marks[place(n, principal.NumFilas)];
-      if (unit(n) && unit(n)->Appearance == 1)
+      if (unit(n) && unit(n)->Appearance == 1) // it is raised
         mark = 'S';
       if (play.picMovimientoPermitido(n))
         mark = '*';
@@ -56,7 +59,7 @@ protected:
     run((marked ? "click picMovimientoPermitido(" : "click picUnidad(") + std::to_string(n) + ")");
     screen.finish();
     expectAgreement(rules);
-    EXPECT_EQ(unit(n)->Enabled, rules.won.empty());
+    EXPECT_EQ(unit(n)->Enabled, rules.won.empty()); // behind a win no unit takes a click
   }
 
   // The same games in each run.

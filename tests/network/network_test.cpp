@@ -1,26 +1,29 @@
 // What two players see of a network game, Ana (player 1) and Blas (player 2), each before a copy of
 // the program that joins the same file. The orders of events are the search's (search_test.cpp).
 //
-// A copy looks at the file, or writes it, when a poll falls due: every 5 seconds here, or at once
-// by `polls()`. A turn is one move. What the players do:
+// A copy looks at the file, or writes it, when a poll falls due: with the sixth second, once the
+// caption has counted down from 5, or at once by `polls()`. A turn is one move. Who is not in turn
+// takes over at each poll what stands in the file. What the players do:
 //   ana.joins(path)     chooses player 1 and the file in the options, past the boxes named
 //   ana.leaves()        closes the window of the game
 //   run("move 23 18")   clicks the unit on square 23, then the mark on 18: 1 is at the top left
 //   run("tick 5")       five seconds go by, with the timer tmrRed, which counts down to the polls
 //   run("load BOARD 1") loads a saved game, player 1 in turn, that is nothing of the network's
 // `bothPlay(BOARD)`: both have joined a file with this board, Ana is in turn, and Blas has polled
-// once. `put(TEXT)` writes the shared file, `file()` is what it holds ("none": it is missing), and
+// once. Any of the boards can stand for such a game: AnaMoved is then only a board, with Ana in
+// turn. `put(TEXT)` writes the shared file, `file()` is what it holds ("none": it is missing), and
 // `gameFile(BOARD, END)` the text of one with this board, whose last lines are END, or Ana's turn.
 // `caption()` is the title of the game's window; `status()` what is said of player 1 and of
 // player 2. A copy's `share` is its way to the file: while it `hangs`, what is begun waits until it
 // `answers`; while it `refuses`, nothing can be begun; `threads` begins it on a thread of its own.
 //
 // A copy's `screen` is the person before it: `expectBox(TEXT, ANSWER, MEANWHILE)` announces a box
-// that will come; `joins` takes such boxes in braces. `principal` is what the copy knows of the
-// game, `play` its window of play. `pictures()` is the board as it is seen, `expectBoard` wants the
-// same of the records behind it. `menu()` names the entries of the menu "Juego" that are there to
-// be chosen, `windows()` the windows that are open. A file that is no game, or not a whole one, is
-// refused with the text `Invalid`, its path, and `Incomplete`.
+// that will come; `joins` takes such boxes in braces. One that is not announced, and one that is
+// and does not come, fail the case. `principal` is what the copy knows of the game, `play` its
+// window of play. `pictures()` is the board as it is seen, `expectBoard` wants the same of the
+// records behind it. `menu()` names the entries of the menu "Juego" that are there to be chosen,
+// `windows()` the windows that are open. A file that is no game, or not a whole one, is refused
+// with the text `Invalid`, its path, and `Incomplete`.
 #include "network/copies.h"
 
 namespace falanges {
@@ -75,6 +78,7 @@ TEST_F(Network, ATurnGoesToTheOtherCopyAndBackThroughTheFile) {
   std::string made = gameFile(Start);
   std::erase(made, '\r');
   put(made);
+  // The sixth second brings Blas's first poll, the next one begins the count again.
   ana.joins(path);
   blas.joins(path);
   blas.run("tick 6");
@@ -85,7 +89,7 @@ TEST_F(Network, ATurnGoesToTheOtherCopyAndBackThroughTheFile) {
   EXPECT_TRUE(blas.principal.TurnoPublicado);
 
   ana.run("move 23 18");
-  EXPECT_EQ(file(), gameFile(Start)) << "the turn passes in memory alone";
+  EXPECT_EQ(file(), gameFile(Start)) << "the turn passes in memory alone"; // until her next poll
   ana.polls();
   EXPECT_EQ(file(), gameFile(AnaMoved, BlassTurn));
   blas.polls();
@@ -111,10 +115,11 @@ TEST_F(Network, ARefreshKeepsTheWindowsPlaceAndDropsWhatWasSelected) {
   bothPlay(Start);
   // Twips: 21 pixels out of the frame on the left, 100 down.
   blas.play.moveTo(-315, 1500);
-  // Selects a unit; the arrows mark square 18 for the keyboard.
+  // Selects a unit of Ana's, who is in turn, so that the square 18 can be gone to. The first arrow
+  // marks the square that the mouse was on, 23, the second one 18, for the keyboard.
   blas.run("click picUnidad(23), Up, Up");
   EXPECT_TRUE(blas.play.picMovimientoPermitido(18));
-  blas.polls();
+  blas.polls(); // shows the board of the file anew, though nothing has changed there
   EXPECT_FALSE(blas.play.picMovimientoPermitido(18));
   EXPECT_EQ(blas.play.Top, 1500);
   EXPECT_EQ(blas.play.Left, -315);
@@ -126,7 +131,7 @@ TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
   ana.screen.expectBox(victory("1", "CONQUISTADO la Bandera"), Answer::Ok, [&] {
     EXPECT_EQ(file(), gameFile(AnaWon, AnasVictory)) << "Blas need not wait for the box to close";
   });
-  ana.run("move 6 1");
+  ana.run("move 6 1"); // takes the flag
   blas.screen.expectBox(hasWon("1"));
   blas.polls();
   EXPECT_EQ(ana.caption(), IHaveWon);
@@ -134,7 +139,7 @@ TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
   for (Copy* copy : {&ana, &blas}) {
     EXPECT_EQ(copy->pictures(), AnaWon);
     EXPECT_EQ(copy->status(), "Victoria/Derrota");
-    EXPECT_EQ(copy->menu(), "");
+    EXPECT_EQ(copy->menu(), ""); // nothing to load or save behind a game that has ended
     EXPECT_FALSE(copy->frame.tmrRed.Enabled);
     copy->run("menu Opciones"); // from where the next game is joined
     EXPECT_EQ(copy->windows(), "EnJuego Opciones");
@@ -142,7 +147,8 @@ TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
 }
 
 TEST_F(Network, AJoinLeavesTheLocalGameAsItIsUntilItLeadsToTheFiles) {
-  // A game that is nobody's turn is not whole, and refused.
+  // A game that is nobody's turn is not whole, and refused. `ArchivoRed` is the path of the game
+  // that was opened last: here of the local one.
   const std::string none = folder.file("ninguno"), nobodysTurn = "7\r\n";
   put(gameFile(Start, nobodysTurn));
   ana.run("load " + AnaMoved + " 1, menu Opciones");
@@ -152,6 +158,7 @@ TEST_F(Network, AJoinLeavesTheLocalGameAsItIsUntilItLeadsToTheFiles) {
   ana.joins(path, {{Invalid + path + Incomplete}});
   ana.joins(none, {{"No se puede abrir el archivo:\r\n" + none}});
   // A share that hangs: Ana waits for another half second, but not for a third.
+  // `joins` waits for half a second by itself, and asks then.
   put(gameFile(BlasMoved));
   ana.share.hangs = true;
   ana.joins(path, {{doesNotAnswer(path), Answer::Yes}, {doesNotAnswer(path), Answer::No}});
@@ -167,7 +174,7 @@ TEST_F(Network, AJoinLeavesTheLocalGameAsItIsUntilItLeadsToTheFiles) {
 TEST_F(Network, AFileThatCannotBeHadIsToldInTheCaptionAndPutRightAfterAnInterval) {
   bothPlay(Start);
   blas.share.refuses = true;
-  blas.run("tick 20");
+  blas.run("tick 20"); // a poll falls due meanwhile, and is tried again in each second
   EXPECT_EQ(blas.caption(), NoAccess);
   blas.share.refuses = false;
   blas.run("tick 1");
@@ -182,6 +189,8 @@ TEST_F(Network, AFileThatCannotBeHadIsToldInTheCaptionAndPutRightAfterAnInterval
     blas.polls();
     EXPECT_EQ(blas.caption(), NoAccess);
     EXPECT_EQ(blas.pictures(), Start);
+    // Blas looks again in each second. His sixth look in vain still leaves the file alone, the
+    // seventh is an interval behind the first: he writes the board that he knows.
     blas.run("tick 5");
     EXPECT_EQ(file(), text) << "its writer may be at work";
     blas.run("tick 1");
@@ -190,8 +199,10 @@ TEST_F(Network, AFileThatCannotBeHadIsToldInTheCaptionAndPutRightAfterAnInterval
   }
 }
 
-// Out of turn Blas moves a unit of Ana's, which wins nothing. It goes with the next poll, unless it
-// seems to be his turn then, and he can pass it: on the second board no unit of his is left.
+// Out of turn Blas moves a unit of Ana's, which wins nothing, but passes the turn to him on his own
+// screen. The next poll takes the move back, unless he can move there, and so pass the turn back
+// himself: on the first board he can, and it stays. On the second one Ana's infantry, which he
+// moves from 23, takes the last unit of his but the flag: he cannot, and the poll takes it back.
 TEST_F(Network, AMoveOfWhoIsNotInTurnGoesWithAPoll) {
   bothPlay(Start);
   blas.run("move 23 18");
@@ -202,6 +213,7 @@ TEST_F(Network, AMoveOfWhoIsNotInTurnGoesWithAPoll) {
   put(gameFile(hisLast));
   blas.joins(path);
   blas.polls();
+  // No box of a victory comes: Blas's copy is not in turn.
   blas.run("move 23 19");
   EXPECT_EQ(blas.pictures(), "b..../...../...../...I./....B") << "without a box";
   blas.polls();
@@ -216,7 +228,7 @@ TEST_F(Network, AWaitingWindowTellsOfAShareThatHangsFromTheSecondSecondOn) {
   for (const char* time : {"once", "and again"}) {
     SCOPED_TRACE(time);
     blas.share.hangs = true;
-    blas.polls();
+    blas.polls(); // begins a look at the file that does not come back
     blas.run("tick 1");
     EXPECT_EQ(blas.caption(), Updating) << "a slow share is none that is away";
     blas.run("tick 1");
@@ -227,7 +239,8 @@ TEST_F(Network, AWaitingWindowTellsOfAShareThatHangsFromTheSecondSecondOn) {
   }
 }
 
-// Ana may not leave without a question while the result is not in the file; Yes: it is tried again.
+// Ana may not leave without a question while the result is not in the file; Yes: it is tried again,
+// and she stays.
 TEST_F(Network, AWinnerSeesTheBoxAtOnceAndTheResultIsTriedUntilItIsWritten) {
   bothPlay(Last);
   winsWhileTheShareHangs(ana);
@@ -236,7 +249,7 @@ TEST_F(Network, AWinnerSeesTheBoxAtOnceAndTheResultIsTriedUntilItIsWritten) {
   ana.screen.expectBox(cannotBeSaved(path), Answer::Yes);
   ana.leaves();
   EXPECT_TRUE(ana.play.isOpen());
-  ana.share.answers();
+  ana.share.answers(); // what the share held up goes on, and her copy hears of it with the tick
   ana.run("tick 1");
   EXPECT_EQ(file(), gameFile(AnaWon, AnasVictory));
   EXPECT_EQ(ana.caption(), IHaveWon);
@@ -244,7 +257,8 @@ TEST_F(Network, AWinnerSeesTheBoxAtOnceAndTheResultIsTriedUntilItIsWritten) {
 }
 
 // Ana answers No and loses the result; what was still on its way when she left is not written over
-// another game under the same name. That one has no last line, and so is refused in the end.
+// another game under the same name. That one has no last line, so that it is refused in the end: of
+// a won game Ana is not asked whether she goes on from the last known position.
 TEST_F(Network, AWinThatIsGivenUpIsNotWrittenOverAnotherGame) {
   bothPlay(Last);
   winsWhileTheShareHangs(ana);
@@ -256,7 +270,7 @@ TEST_F(Network, AWinThatIsGivenUpIsNotWrittenOverAnotherGame) {
   ana.leaves();
   const std::string other = gameFile(Start, "");
   put(other);
-  ana.share.answers();
+  ana.share.answers(); // now the writing goes on, and finds that the file is another
   EXPECT_EQ(file(), other);
   ana.joins(path, {{Invalid + path + Incomplete}});
 }
@@ -268,10 +282,12 @@ TEST_F(Network, WhatHangsOfAnEarlierGameHoldsUpTheNextOneOnItsOwnFileAlone) {
   blas.share.hangs = true;
   blas.polls();
   blas.leaves();
+  // What is begun from now on does not hang; the look that hangs already still waits.
   blas.share.hangs = false;
   blas.joins(blas.write("otra", gameFile(AnaMoved, BlassTurn)));
   blas.expectBoard(AnaMoved);
   blas.leaves();
+  // The first file, whose path is `path`, by another spelling of it.
   const std::string spelledAnew = folder.file("./partida común.txt");
   blas.joins(spelledAnew,
              {{doesNotAnswer(spelledAnew), Answer::Yes, [&] { blas.share.answers(); }}});
@@ -281,9 +297,10 @@ TEST_F(Network, WhatHangsOfAnEarlierGameHoldsUpTheNextOneOnItsOwnFileAlone) {
 TEST_F(Network, TheLastPositionThatWasSeenSavesAGameWhoseFileIsTorn) {
   const std::string question =
       "El archivo está incompleto. ¿Continuar desde la última posición conocida?";
+  // Any board but the usual one, with Ana in turn: that is what her copy has seen last.
   bothPlay(AnaMoved);
   ana.leaves();
-  put("");
+  put(""); // the file is torn: nothing is left of its text
   ana.joins(path, {{question, Answer::No}, {Invalid + path + Incomplete}});
   EXPECT_EQ(file(), "");
   ana.joins(path, {{question, Answer::Yes}});
@@ -291,7 +308,8 @@ TEST_F(Network, TheLastPositionThatWasSeenSavesAGameWhoseFileIsTorn) {
   EXPECT_EQ(file(), gameFile(AnaMoved));
 }
 
-// Ana moves, then Blas takes the flag.
+// Ana moves her infantry past the flag, then Blas takes hers with his. On threads an operation
+// takes its time, so that seconds go by until the other player's move has come.
 TEST_F(Network, TwoCopiesPlayToTheEndOnThreadsOfTheirOwn) {
   const auto aSecondGoesBy = [this] {
     ana.run("tick 1");

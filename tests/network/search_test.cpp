@@ -154,7 +154,9 @@ TEST(NetworkSearch, EveryOrderOfEventsKeepsWhatIsPromised) {
   std::cout << search.states() << " states\n";
   EXPECT_EQ(search.fault, "");
   // What no file without a lock can prevent, each by its shortest order: the excuse, then the
-  // events and " => " the promise that they break.
+  // events and " => " the promise that they break. "A passes the turn" is that event of the list
+  // above, of copy A; "A sees the file torn" tears the file, whoever is named. With another number
+  // of faults they are others.
   const std::map<std::string, std::string> exceptions = {
       {"nobody knows what the file held", "A sees the file torn => nothing leads on"},
       {"an older text is believed",

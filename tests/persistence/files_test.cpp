@@ -34,6 +34,7 @@ TEST(Configuration, IsReadFieldByFieldFromTheFirstItem) {
            std::to_string(principal.SegundosActualizacion) + ";" +
            std::to_string(principal.MovPorTurno);
   };
+  // No ";" behind the moves; more fields than four; an empty first line; numbers that do not fit.
   scripted::walk({"1;0;30;2 => 1;0;30;1", "1;1;30;3;99;x => 1;1;30;3",
                   "\r\n1;1;30;3;\r\n => ;;10;1", "0;0;32768;-1; => 0;0;10;1"},
                  read);
@@ -43,7 +44,9 @@ using Files = Game;
 
 TEST_F(Files, AConfigurationThatCannotBeWrittenIsToldOnceAndTheGameGoesOn) {
   const std::string path = file("VornathFalangesZTEE.cfg");
-  // A folder under the file's name.
+  // A folder under the file's name. Both changes fail to be written, and one box comes: a second
+  // one would be one that is not expected, and fail the case. The second change counts all the
+  // same.
   std::filesystem::create_directory(scripted::toPath(path));
   start();
   run("menu Opciones, click chkPermitirBanderas, click lblLimiteFilas, close Opciones",
@@ -55,7 +58,7 @@ TEST_F(Files, AFailedSaveIsToldAndChangesNothing) {
   start();
   const std::string board = "g..../...../...../...../....G", folder = screen.programFolder();
   run("load " + board + " 1");
-  // A folder in place of a file.
+  // A folder in place of a file. Behind it, records and pictures are the game's still.
   choose("menu GuardarJuego", folder, "No se puede guardar el archivo:\r\n" + folder);
   expectBoard(board);
 }
@@ -72,14 +75,16 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
       // A board's size shows in its lines, but for the last one. Here a turn and player 2's victory
       // follow, which makes 26: no board has so many, and the earlier size stays.
       {squares + "2\r\n12\r\n", "i...../....../....../....../....../.....G 12"},
-      // More fields than six; then a unit of player 2 that has no more than its player.
+      // Cavalry on square 1, with more fields than six; then, on square 2, a unit of player 2 that
+      // has no more than its player.
       {"1;3;380;1340;1;1;9;x\r\n2;\r\n1\r\n", "C0..../....../....../....../....../.....G 1"},
-      // An infantry far outside the window.
+      // An infantry on square 1 whose picture stands far outside the window.
       {"1;2;-32768;32767;255;0;\r\n2",
        "....../....../....../....../....../.....G picUnidad(1)I 2"}};
   start();
   for (const auto& [text, seen] : table) {
     run("load " + earlier + " 2, close EnJuego");
+    // The closing has put player 1 in turn.
     play.JugadorActual = 2;
     load(text);
     EXPECT_EQ(pictures() + " " + std::to_string(play.JugadorActual), seen) << text;
@@ -87,7 +92,8 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
   }
 }
 
-// Cut off behind each of its characters.
+// Cut off behind each of its characters: a game, player 2 in turn, and behind it the line of the
+// victory of player 2. `whole` says that a text is a whole game, `resultLine` is that last line.
 TEST(GameText, IsWholeUpToItsTurnOrItsResultAndNowhereElse) {
   const std::string game = gameFile("b.i../...../...../...../..I.B", "2\r\n");
   const std::string won = game + "12\r\n";
@@ -108,11 +114,14 @@ TEST_F(Files, ARefusedFileChangesNothing) {
   run("layOut ..c.../....../....../....../....../...C.. 1, click picGEN");
   const auto everything = [&] { return gameText(principal, 2) + menu() + windows() + shown(); };
   const std::string before = everything(), invalid = Invalid + file("rota") + "\r\n";
+  // That nothing happens but the box.
   const auto expectNothing = [&](const std::string& step, const std::optional<std::string>& path,
                                  const std::string& box) {
     choose(step, path, box);
     EXPECT_EQ(everything(), before);
   };
+  // One square more than 8x8 has; a text that is too long; a field with letters; a type of unit
+  // that there is not; numbers that the records cannot hold.
   const std::pair<std::string, std::string> table[] = {
       {gameFile(blank(8), ";\r\n"), "Línea 65: el tablero no tiene tantas casillas"},
       {std::string(LargestGameFile + 1, ' '), "El archivo ocupa más de 64 KiB"},
@@ -123,7 +132,7 @@ TEST_F(Files, ARefusedFileChangesNothing) {
       {"0;\r\n256\r\n", "Línea 2: el jugador en turno tiene un valor no permitido"}};
   for (const auto& [text, reason] : table)
     expectNothing("menu CargarJuego", write("rota", text), invalid + reason);
-  const std::string gone = file("no hay/x");
+  const std::string gone = file("no hay/x"); // there is no such folder
   expectNothing("menu CargarPlantilla", gone, "No se puede abrir el archivo:\r\n" + gone);
   expectNothing("menu CargarJuego", std::nullopt, ""); // cancelled
   expectNothing("menu CargarPlantilla", std::nullopt, "");

@@ -13,14 +13,18 @@
 //   layOut BOARD TURN  loads a template, which leads to the deployment
 //   save Juego NAME    saves the game under this name
 //   Tab                presses that key
+//   click square 1     clicks the deployment's board, which lies behind the options
 // A row of `walk` is "steps => what is seen then". `menu()` is what the menu of games shows,
 // `windows()` the open windows inside the frame: NuevoJuego is the deployment, EnJuego play,
-// Opciones the options. `start()` starts the program and closes the information box that comes
-// first.
+// Opciones the options, which close as soon as another window comes to the front. `start()` starts
+// the program and closes the information box that comes first.
 //
 // The options' file has four fields and a line end: "1" when more flags are allowed; "1" when units
 // may stand in any row; seconds between two looks at a network game's file; moves a turn.
-// `configure` writes it behind the program.
+// `configure` writes it behind the program. In the options these are, in this order, the tick boxes
+// chkPermitirBanderas (its label is lblBandera) and chkLimiteFilas (lblLimiteFilas) and the boxes
+// txtTiempoRed and txtMovPorTurno. Of a network game there are comJugadorActualRed, which player
+// this copy is, "1" or "2", and btnCargarJuegoRed, the button that joins one.
 //
 // `app` is the program, `frame` its window around the others, `principal` what it knows of game and
 // options, `screen` the person before it. `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a
@@ -54,17 +58,19 @@ TEST_F(Shell, TheInformationBoxStandsAloneBeforeTheRest) {
 }
 
 TEST_F(Shell, ASessionThatEndsBehindTheInformationBoxOpensNothing) {
-  // The program's symbol: nobody hears of it any more.
+  // The program's symbol, ico/tiempo.ico, cannot be loaded. Else a box tells of that behind the
+  // information box; here any further box fails, as one that nobody expects.
   screen.missingPictures = "tiempo";
   screen.expectBox(informationBox().text, Answer::Ok, [&] {
-    EXPECT_TRUE(app.forms.sessionMayEnd());
-    app.forms.sessionEnded();
+    EXPECT_TRUE(app.forms.sessionMayEnd()); // the system asks before the person is logged out
+    app.forms.sessionEnded();               // and then it happens
   });
   app.start();
   EXPECT_FALSE(frame.isOpen());
 }
 
 TEST(Start, AProgramThatDoesNotKnowItsFolderSaysSoAndOpensAndWritesNothing) {
+  // The person before a program whose folder is not known.
   struct : scripted::Player {
     std::string programFolder() override { return ""; }
   } lost;
@@ -76,8 +82,8 @@ TEST(Start, AProgramThatDoesNotKnowItsFolderSaysSoAndOpensAndWritesNothing) {
   EXPECT_FALSE(app.frame.isOpen());
 }
 
-// A game leads to play, a template to the deployment, and the options close. A row is "steps => the
-// windows: what the menu holds then".
+// A game leads to play, a template to the deployment, and what was open before closes. A row is
+// "steps => the windows: what the menu holds then".
 TEST_F(Shell, AFileLeadsFromWindowToWindowAndTheMenuHoldsWhatCanBeDoneThere) {
   start();
   // Where neither a deployment nor a game is open.
@@ -91,7 +97,8 @@ TEST_F(Shell, AFileLeadsFromWindowToWindowAndTheMenuHoldsWhatCanBeDoneThere) {
        [&] { return windows() + ": " + menu(); });
 }
 
-// `lastFile` is what the file dialog was opened with. The clock stands at 9 March 2005, 8:05:07.
+// Templates are kept in the folder plantillas, saved games in jguardados. `lastFile` is what the
+// file dialog was opened with. The clock stands at 9 March 2005, 8:05:07.
 TEST_F(Shell, AFileIsAskedForInItsFolderUnderANameWithDateAndTime) {
   start();
   run("layOut g..../...../...../...../....G 1");
@@ -105,7 +112,8 @@ TEST_F(Shell, AFileIsAskedForInItsFolderUnderANameWithDateAndTime) {
 // characters: ñ is \xF1 there, and for € there is none, so it is written as "?".
 TEST_F(Shell, EachChangeOfAnOptionReachesTheFileAndCountsAtOnce) {
   start();
-  // Behind the program, which reads it anew. The second line is not kept.
+  // Behind the program, which reads it anew when the options open. The second option is empty, and
+  // the second line is not kept.
   configure("1;;30;3;\r\nlost;");
   walk({"menu Opciones, click chkPermitirBanderas => 0;;30;3;\r\n",
         "click lblLimiteFilas => 0;1;30;3;\r\n",
@@ -113,22 +121,28 @@ TEST_F(Shell, EachChangeOfAnOptionReachesTheFileAndCountsAtOnce) {
         "type txtTiempoRed 8x7 => 1;0;8x7;3;\r\n",
         "type txtMovPorTurno 5ñ€ => 1;0;8x7;5\xF1?;\r\n"},
        [&] { return inFile(); });
+  // What counts of the texts 8x7 and 5ñ€.
   EXPECT_EQ(inForce(), "1;0;8;5;") << "the numbers that the boxes begin with";
   app.forms.typed(app.opciones.txtTiempoRed, "12\r\n3"); // pasted
   EXPECT_EQ(inFile(), "1;0;12;5\xF1?;\r\n") << "one line of it";
 }
 
-// It stands in no file, but lasts as long as the program.
+// Which player this copy is in a network game stands in no file, but lasts as long as the program.
+// The first choice of the list is "1".
 TEST_F(Shell, TheNetworksPlayerIsKeptWhileTheOptionsAreClosed) {
   start();
   run("menu Opciones, choose comJugadorActualRed 2, close Opciones, menu Opciones");
   EXPECT_EQ(app.opciones.comJugadorActualRed.Text(), "2");
 }
 
-// Whatever would take the keyboard from the number's box leaves it there, and the options open.
+// Whatever would take the keyboard from the box with the wrong number leaves it there, and the
+// options open. A box looks at its number when the keyboard leaves it; the closing looks at both,
+// first at the seconds. `run` fails if a second message follows the one that it names.
 TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
   configure("0;0;0;0;\r\n"); // no seconds, no moves: both are out of range
   start();
+  // The keyboard is with the moves: the closing must take it to the seconds, and say nothing of the
+  // moves on the way.
   run("menu NuevoJuego, menu Opciones, click txtMovPorTurno");
   for (const std::string leaving :
        {"close Opciones", "click square 1", "activate NuevoJuego", "click btnCargarJuegoRed",
@@ -136,16 +150,20 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
     run(leaving, "DEBE colocar un valor entre 5 y 300 segundos de actualización");
     EXPECT_EQ(screen.focused(), "txtTiempoRed") << leaving;
   }
+  // The largest and the smallest number of seconds: no message. The moves are wrong still.
   run("type txtTiempoRed 300, Tab, type txtTiempoRed 5, Tab");
   for (const std::string leaving : {"close Opciones", "type txtMovPorTurno 6, Tab"}) {
     run(leaving, "DEBE colocar un valor entre 1 y 5 Movimientos por Turno");
     EXPECT_EQ(screen.focused(), "txtMovPorTurno") << leaving;
   }
+  // Now both are in range, so that the options close when the deployment comes to the front.
   run("type txtMovPorTurno 5, Tab, type txtMovPorTurno 1, Tab, activate NuevoJuego");
   EXPECT_EQ(windows(), "NuevoJuego");
 }
 
-// The developer's tool that tells the place of the pointer, in twips from the picture's corner.
+// The developer's tool, another program with the one window Form1: it tells the place of the
+// pointer, in twips from the picture's corner. "over Picture1 1500;30" points 1500 twips to the
+// right of it and 30 below.
 TEST(Coordinates, FollowThePointerOverTheLargestPicture) {
   const auto player = scripted::makePlayer();
   forms::Forms forms(*player);
