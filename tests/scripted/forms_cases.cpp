@@ -14,12 +14,12 @@
 // btnCargarJuegoRed, seconds (txtTiempoRed), the player in a list (comJugadorActualRed, "1" or "2")
 // and moves (txtMovPorTurno). MsgBox is a window of its own that shows a text.
 //
-// `app` is the program, `frame` its window around the others with the timer tmrRed; `shown()` is all
-// that the open windows show. `screen` is the person before it: `screen.focused()` is the element
-// that the keyboard goes to, `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a box or a modal
-// window that will come, with what is done while it is open. A box that is not announced, and one
-// that is and does not come, fail the case. `layer.clicked`, `layer.typed` and the like are what a
-// screen reports.
+// `app` is the program, `frame` its window around the others with the timer tmrRed; `shown()` is
+// all that the open windows show. `screen` is the person before it: `screen.focused()` is the
+// element that the keyboard goes to, `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a box or
+// a modal window that will come, with what is done while it is open. A box that is not announced,
+// and one that is and does not come, fail the case. `layer.clicked`, `layer.typed` and the like are
+// what a screen reports.
 #include "scripted/game.h"
 
 namespace falanges {
