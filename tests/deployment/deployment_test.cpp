@@ -61,7 +61,8 @@ TEST_F(Deployment, AUnitComesAndGoesInTheFirstTwoRowsAndItsMirrorImageOpposite) 
 
 // The menu leaves the keyboard where it is, on the list; a click on the unit on 25 takes it away,
 // and the army is erased. The first step's template names nobody's turn. A game that is loaded
-// closes the deployment with the keyboard on its list: the last board is that of play.
+// closes the deployment with the keyboard on its list: if that erased, too, no unit would be in
+// play.
 TEST_F(Deployment, LeavingTheListOfBoardsErasesTheArmyAndALoadDoesNot) {
   const std::string army = "g..../...../...../...../....G";
   walk({"layOut " + army + ", click comTablero, save Plantilla x => " + army,

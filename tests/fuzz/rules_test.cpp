@@ -1,9 +1,12 @@
 // Games on any board, clicked upon anywhere, go as a second statement of the rules says (`Rules`,
 // in rules.h). A board is drawn from the top row, "/" between rows: B I C E G are flag, infantry,
 // cavalry, elephants and general of player 1, b i c e g those of player 2, "." is an empty square.
-// Squares count from 1 at the top left; `place(n, side)` is where square n stands in the drawing.
-// `unit(n)` is the picture of the unit there, picMovimientoPermitido(n) the mark of a square that
-// the selected unit may go to. A drawing of the reach has "S" where the selected unit stands and
+// Of `Rules` a case sees the `board`, the `player` in turn, the words of a victory (`won`; "":
+// none) and what is `shown`: behind a win the last move, too, which the board is without. A `click`
+// takes a place in the drawing. `victory(PLAYER, WORDS)` is the box of the player who wins. Squares
+// count from 1 at the top left; `place(n, side)` is where square n stands in the drawing. `unit(n)`
+// is the picture of the unit there, picMovimientoPermitido(n) the mark of a square that the
+// selected unit may go to. A drawing of the reach has "S" where the selected unit stands and
 // "*" where it may go.
 #include "fuzz/rules.h"
 

@@ -21,8 +21,9 @@
 // that will come; `joins` takes such boxes in braces. One that is not announced, and one that is
 // and does not come, fail the case. `principal` is what the copy knows of the game, `play` its
 // window of play. `pictures()` is the board as it is seen, `expectBoard` wants the same of the
-// records behind it. `menu()` names the entries of the menu "Juego" that are there to be chosen,
-// `windows()` the windows that are open. A file that is no game, or not a whole one, is refused
+// records behind it. `menu()` names the entries of the menu "Juego" to begin, load or save a game
+// that are there to be chosen, `windows()` the windows that are open. `victory(PLAYER, HOW)` is the
+// box of the player who wins. A file that is no game, or not a whole one, is refused
 // with the text `Invalid`, its path, and `Incomplete`.
 #include "network/copies.h"
 
@@ -96,12 +97,14 @@ TEST_F(Network, ATurnGoesToTheOtherCopyAndBackThroughTheFile) {
   blas.expectBoard(AnaMoved);
   EXPECT_EQ(blas.status(), "En Espera/En Turno");
   EXPECT_FALSE(blas.principal.TurnoPublicado);
+  // His turn goes to Ana in the same way.
   blas.run("move 3 8");
   blas.polls();
   ana.polls();
   ana.expectBoard(BlasMoved);
 
-  // Both begin the same game anew in the same programs, and nothing is left of the first one.
+  // Both begin the same game anew in the same programs, and nothing is left of the first one: a
+  // copy that still knew its turns might take this one, which is the same, for an old text.
   ana.leaves();
   blas.leaves();
   bothPlay(Start);
@@ -147,18 +150,18 @@ TEST_F(Network, AWinReachesTheOtherCopyAndEndsTheGameOnBoth) {
 }
 
 TEST_F(Network, AJoinLeavesTheLocalGameAsItIsUntilItLeadsToTheFiles) {
-  // A game that is nobody's turn is not whole, and refused. `ArchivoRed` is the path of the game
-  // that was opened last: here of the local one.
+  // A game that is nobody's turn is not whole, and refused.
   const std::string none = folder.file("ninguno"), nobodysTurn = "7\r\n";
   put(gameFile(Start, nobodysTurn));
   ana.run("load " + AnaMoved + " 1, menu Opciones");
+  // What her windows show, and the path of the game that was opened last: the local one.
   const std::string before = ana.shown() + ana.principal.ArchivoRed;
   // A file dialog that is cancelled, a file that is refused, and one that there is not.
   ana.choose("click btnCargarJuegoRed", std::nullopt);
   ana.joins(path, {{Invalid + path + Incomplete}});
   ana.joins(none, {{"No se puede abrir el archivo:\r\n" + none}});
-  // A share that hangs: Ana waits for another half second, but not for a third.
-  // `joins` waits for half a second by itself, and asks then.
+  // A share that hangs: after half a second Ana is asked whether to wait on. She waits for another
+  // half second, but not for a third.
   put(gameFile(BlasMoved));
   ana.share.hangs = true;
   ana.joins(path, {{doesNotAnswer(path), Answer::Yes}, {doesNotAnswer(path), Answer::No}});
@@ -194,7 +197,7 @@ TEST_F(Network, AFileThatCannotBeHadIsToldInTheCaptionAndPutRightAfterAnInterval
     blas.run("tick 5");
     EXPECT_EQ(file(), text) << "its writer may be at work";
     blas.run("tick 1");
-    EXPECT_EQ(file(), gameFile(Start)) << "it has none";
+    EXPECT_EQ(file(), gameFile(Start)) << "nobody is at work on it any more";
     EXPECT_EQ(blas.caption(), Updating);
   }
 }
@@ -203,7 +206,7 @@ TEST_F(Network, AFileThatCannotBeHadIsToldInTheCaptionAndPutRightAfterAnInterval
 // screen. The next poll takes the move back, unless he can move there, and so pass the turn back
 // himself: on the first board he can, and it stays. On the second one Ana's infantry, which he
 // moves from 23, takes the last unit of his but the flag: he cannot, and the poll takes it back.
-TEST_F(Network, AMoveOfWhoIsNotInTurnGoesWithAPoll) {
+TEST_F(Network, AMoveOutOfTurnStaysOnlyWhileItsPlayerCanPassTheTurnBack) {
   bothPlay(Start);
   blas.run("move 23 18");
   blas.polls();
@@ -262,7 +265,8 @@ TEST_F(Network, AWinnerSeesTheBoxAtOnceAndTheResultIsTriedUntilItIsWritten) {
 TEST_F(Network, AWinThatIsGivenUpIsNotWrittenOverAnotherGame) {
   bothPlay(Last);
   winsWhileTheShareHangs(ana);
-  // Her copy has looked at the file now, and begins to write.
+  // The look at the file that came before comes back; with the tick her copy hears of it and begins
+  // to write, and that hangs in its turn.
   ana.share.answers();
   ana.share.hangs = true;
   ana.run("tick 1");
@@ -280,7 +284,7 @@ TEST_F(Network, AWinThatIsGivenUpIsNotWrittenOverAnotherGame) {
 TEST_F(Network, WhatHangsOfAnEarlierGameHoldsUpTheNextOneOnItsOwnFileAlone) {
   bothPlay(Start);
   blas.share.hangs = true;
-  blas.polls();
+  blas.polls(); // begins the look
   blas.leaves();
   // What is begun from now on does not hang; the look that hangs already still waits.
   blas.share.hangs = false;
@@ -316,6 +320,7 @@ TEST_F(Network, TwoCopiesPlayToTheEndOnThreadsOfTheirOwn) {
     blas.run("tick 1");
   };
   bothPlay(Last);
+  // From here on: the first polls were done at once.
   ana.share.threads = blas.share.threads = true;
   ana.run("move 6 2");
   while (blas.status() != "En Espera/En Turno")

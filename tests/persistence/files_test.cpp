@@ -6,11 +6,13 @@
 // it.
 //
 // `gameFile(BOARD, END)` is the text of a file with this board, and END in place of the last line;
-// `write(NAME, TEXT)` makes a file. The steps of `run` are done one by one: "load BOARD TURN" loads
-// a saved game, "layOut BOARD TURN" a template, "click X" and "close X" name an element or a
-// window. `choose(step, path, box)` picks this path in the file dialog that the step opens, or
-// cancels it; a box with this text follows, if any. `pictures()` is the board as its pictures show
-// it.
+// `blank(8)` is an empty board of 8x8. `file(NAME)` is a path in the program's folder, `write(NAME,
+// TEXT)` makes a file there. `start()` starts the program and closes the information box. The steps
+// of `run` are done one by one: "load BOARD TURN" loads a saved game, "layOut BOARD TURN" a
+// template, "click X" and "close X" name an element or a window. `choose(step, path, box)` picks
+// this path in the file dialog that the step opens, or cancels it; a box with this text follows, if
+// any. `pictures()` is the board as its pictures show it; `expectBoard` wants the same of the
+// records behind them.
 //
 // `run(steps, box)` leads to the box with this text. `principal` is what the program knows of game
 // and options, `play` the window of play, whose JugadorActual is the player in turn, `screen` the
@@ -23,7 +25,7 @@ namespace falanges {
 // More flags allowed; any row allowed; seconds; moves a turn. A text counts at once, a number once
 // its ";" has come; what does not fit leaves the default, 10 seconds and 1 move. A row is "what the
 // file holds => the options then". Only the first line counts, which is empty in one of them.
-TEST(Configuration, IsReadFieldByFieldFromTheFirstItem) {
+TEST(Configuration, IsReadFieldByFieldFromTheFirstLine) {
   const auto read = [](const std::string& text) {
     const scripted::TemporaryFolder folder;
     const std::string path = configurationPath(folder.path());
@@ -42,7 +44,7 @@ TEST(Configuration, IsReadFieldByFieldFromTheFirstItem) {
 
 using Files = Game;
 
-TEST_F(Files, AConfigurationThatCannotBeWrittenIsToldOnceAndTheGameGoesOn) {
+TEST_F(Files, AConfigurationThatCannotBeWrittenIsToldOnceAndCountsAllTheSame) {
   const std::string path = file("VornathFalangesZTEE.cfg");
   // A folder under the file's name. Both changes fail to be written, and one box comes: a second
   // one would be one that is not expected, and fail the case. The second change counts all the
@@ -69,11 +71,12 @@ TEST_F(Files, ShortAndOddFilesHaveADefinedResult) {
   // The file, then board and turn when it was loaded over the earlier game, in which player 2 was
   // in turn. "0" is a unit without a type; one that stands on no square follows behind the board.
   const std::pair<std::string, std::string> table[] = {
-      {"", earlier + " 2"},
+      {"", earlier + " 2"}, // nothing of it: all is as before
       // Where nobody is in turn, player 1 begins.
       {squares + "0\r\n", "i..../...../...../...../..... 1"},
       // A board's size shows in its lines, but for the last one. Here a turn and player 2's victory
-      // follow, which makes 26: no board has so many, and the earlier size stays.
+      // follow, which makes 26: no board has so many, and the earlier size stays. The last line
+      // counts as the turn.
       {squares + "2\r\n12\r\n", "i...../....../....../....../....../.....G 12"},
       // Cavalry on square 1, with more fields than six; then, on square 2, a unit of player 2 that
       // has no more than its player.

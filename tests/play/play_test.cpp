@@ -48,7 +48,8 @@ TEST_F(Play, APictureInvitesWhereAClickDoesSomething) {
 }
 
 // The menu's entry for it is always grey: the case calls what stands behind it. `menu()` is what
-// the menu of games shows, here nothing, as after a win. A unit that is not Enabled takes no click.
+// the menu shows of games and templates, here nothing, as after a win. A unit that is not Enabled
+// takes no click.
 TEST_F(Play, SurrenderEndsTheGameWithoutAWinner) {
   run("load g..../...../...../...../....G 2");
   screen.expectBox("¿Declarar Rendición?", Answer::Yes);

@@ -14,10 +14,10 @@
 //   save Juego NAME    saves the game under this name
 //   Tab                presses that key
 //   click square 1     clicks the deployment's board, which lies behind the options
-// A row of `walk` is "steps => what is seen then". `menu()` is what the menu of games shows,
-// `windows()` the open windows inside the frame: NuevoJuego is the deployment, EnJuego play,
-// Opciones the options, which close as soon as another window comes to the front. `start()` starts
-// the program and closes the information box that comes first.
+// A row of `walk` is "steps => what is seen then". `menu()` is what the menu shows of games and
+// templates, `windows()` the open windows inside the frame: NuevoJuego is the deployment, EnJuego
+// play, Opciones the options, which close as soon as another window comes to the front. `start()`
+// starts the program and closes the information box that comes first.
 //
 // The options' file has four fields and a line end: "1" when more flags are allowed; "1" when units
 // may stand in any row; seconds between two looks at a network game's file; moves a turn.
@@ -162,8 +162,8 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
 }
 
 // The developer's tool, another program with the one window Form1: it tells the place of the
-// pointer, in twips from the picture's corner. "over Picture1 1500;30" points 1500 twips to the
-// right of it and 30 below.
+// pointer over Picture1, the largest of its pictures, in twips from the picture's corner. "over
+// Picture1 1500;30" points 1500 twips to the right of it and 30 below.
 TEST(Coordinates, FollowThePointerOverTheLargestPicture) {
   const auto player = scripted::makePlayer();
   forms::Forms forms(*player);
