@@ -8,6 +8,7 @@
 //
 // `pictures()` is the board as its pictures show it. `app` is the program, `screen` the person
 // before it; `screen.expectBox(TEXT)` announces a box that will come, and that is closed with Ok.
+// `informationBox()` is the one that the program starts with; `start()` goes past it.
 #include "scripted/game.h"
 
 namespace falanges {

@@ -114,6 +114,7 @@ TEST(GameText, IsWholeUpToItsTurnOrItsResultAndNowhereElse) {
 // of a file that is no game; the table holds such texts and what the box says of each.
 TEST_F(Files, ARefusedFileChangesNothing) {
   start();
+  // What could change: units, and a general that is chosen.
   run("layOut ..c.../....../....../....../....../...C.. 1, click picGEN");
   const auto everything = [&] { return gameText(principal, 2) + menu() + windows() + shown(); };
   const std::string before = everything(), invalid = Invalid + file("rota") + "\r\n";

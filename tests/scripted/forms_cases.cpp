@@ -100,6 +100,7 @@ TEST_F(FormsCases, NothingHappensBehindABox) {
     layer.shortcutPressed(deployment.Command1);
     layer.tabbed(options, true); // forward
     layer.closeRequested(frame);
+    // Each of these says that it was refused. Space would press the tick box with the keyboard.
     EXPECT_FALSE(layer.focusMoved(options.txtTiempoRed));
     EXPECT_FALSE(layer.activated(deployment));
     EXPECT_FALSE(layer.sessionMayEnd());
@@ -147,7 +148,8 @@ TEST_F(FormsCases, TheFrameAsksAllItsChildrenBeforeAnyCloses) {
   screen.expectBox(LeaveQuestion, Answer::Yes);
   EXPECT_TRUE(layer.sessionMayEnd());
   EXPECT_EQ(windows(), "NuevoJuego Opciones") << "another program may still hold the session up";
-  // A second wish to close, while the question stands, changes nothing.
+  // It stays open when the answer is No. A second wish to close, while the question stands, changes
+  // nothing.
   screen.expectBox(LeaveQuestion, Answer::No, [&] {
     EXPECT_FALSE(frame.close());
     EXPECT_FALSE(layer.sessionMayEnd());

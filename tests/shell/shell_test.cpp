@@ -46,7 +46,8 @@ protected:
   std::string inFile() { return bytesOf(file("VornathFalangesZTEE.cfg")); }
 };
 
-// Behind it the options have been read and the folder of the templates made; the frame opens after.
+// It is the first that is seen. While it is open the options have been read and the folder of the
+// templates made; the frame opens after. 1;0;25;4 are not the options of a program without a file.
 TEST_F(Shell, TheInformationBoxStandsAloneBeforeTheRest) {
   configure("1;0;25;4;\r\n");
   screen.expectBox(informationBox().text, Answer::Ok, [&] {
@@ -58,8 +59,8 @@ TEST_F(Shell, TheInformationBoxStandsAloneBeforeTheRest) {
 }
 
 TEST_F(Shell, ASessionThatEndsBehindTheInformationBoxOpensNothing) {
-  // The program's symbol, ico/tiempo.ico, cannot be loaded. Else a box tells of that behind the
-  // information box; here any further box fails, as one that nobody expects.
+  // The program's symbol, ico/tiempo.ico, cannot be loaded. As a rule a box tells of that behind
+  // the information box; here any further box fails, as one that nobody expects.
   screen.missingPictures = "tiempo";
   screen.expectBox(informationBox().text, Answer::Ok, [&] {
     EXPECT_TRUE(app.forms.sessionMayEnd()); // the system asks before the person is logged out
@@ -69,7 +70,7 @@ TEST_F(Shell, ASessionThatEndsBehindTheInformationBoxOpensNothing) {
   EXPECT_FALSE(frame.isOpen());
 }
 
-TEST(Start, AProgramThatDoesNotKnowItsFolderSaysSoAndOpensAndWritesNothing) {
+TEST(Start, AProgramThatDoesNotKnowItsFolderSaysSoAndOpensNothing) {
   // The person before a program whose folder is not known.
   struct : scripted::Player {
     std::string programFolder() override { return ""; }
@@ -89,6 +90,8 @@ TEST_F(Shell, AFileLeadsFromWindowToWindowAndTheMenuHoldsWhatCanBeDoneThere) {
   // Where neither a deployment nor a game is open.
   const std::string none = ": Nuevo Juego, Cargar Juego, Cargar Plantilla";
   const std::string deployment = "NuevoJuego: Cargar Juego, Cargar Plantilla, Guardar Plantilla";
+  // The second row takes the options' place, the third closes play and a deployment, the fourth
+  // takes the options' place again, the last one the deployment's.
   walk({"menu Opciones => Opciones" + none,
         "load g..../...../...../...../G.... 2 => EnJuego: Guardar Juego",
         "close EnJuego, menu NuevoJuego, close NuevoJuego => " + none,
@@ -144,6 +147,7 @@ TEST_F(Shell, ANumberOutOfRangeHoldsTheDialogWithOneBox) {
   // The keyboard is with the moves: the closing must take it to the seconds, and say nothing of the
   // moves on the way.
   run("menu NuevoJuego, menu Opciones, click txtMovPorTurno");
+  // No game is joined by the button either: a file dialog that nobody expects would fail the case.
   for (const std::string leaving :
        {"close Opciones", "click square 1", "activate NuevoJuego", "click btnCargarJuegoRed",
         "type txtTiempoRed 4, Tab", "type txtTiempoRed 301, Tab"}) {
