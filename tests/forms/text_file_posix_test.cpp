@@ -97,7 +97,8 @@ void diskIsFull(bool full) {
   setrlimit(RLIMIT_FSIZE, &limit);
 }
 
-// Another one has no rights to the folder, though the tests may run as root.
+// The system's number of a person. Another one has no rights to the folder, though the tests may
+// run as root.
 void actAs(uid_t person) {
   setfsuid(person);
   prctl(PR_SET_DUMPABLE, 1); // or the leak check could not look into this process any more
@@ -130,7 +131,7 @@ TEST_F(TextFilePosixTest, AFolderThatTakesNoNewNameIsWrittenPastAndAProtectedFil
   EXPECT_TRUE(replaceTextFile(common, "x"));
   EXPECT_EQ(diskCalls(), "sync "); // the text alone: no other file has taken the name
   diskIsFull(true);
-  EXPECT_FALSE(replaceTextFile(common, Large));
+  EXPECT_FALSE(replaceTextFile(common, Large)); // written over, it would grow beyond the ten bytes
   diskIsFull(false);
   actAs(geteuid()); // again the person who runs the tests
   EXPECT_EQ(readTextFile(path, 100), "partida");

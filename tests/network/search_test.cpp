@@ -16,6 +16,11 @@
 //     as a failure; it moves idly, out of turn; its turn ends where it began, by two moves; it
 //     leaves, or is killed; the file is torn.
 //
+// A position is named by the turns that led to it: "0" is the start, each turn adds a letter, the
+// winning move a "!"; "idle" is a board with idle moves, those of who is not in turn. `latest` is
+// the position behind the last turn that has stood whole in the file; the file is in other words
+// when it holds the same game in another text, as by other line ends.
+//
 // `World` (world.h) is the state of both copies and the file. Of a copy it knows whether it is
 // `open`, in a game or on its way into it; has its file `away`, or `hangs`; what `work` it has
 // under way, with the `answer` once that has ended; and the `state` of its protocol, which tells
@@ -156,7 +161,11 @@ TEST(NetworkSearch, EveryOrderOfEventsKeepsWhatIsPromised) {
   // What no file without a lock can prevent, each by its shortest order: the excuse, then the
   // events and " => " the promise that they break. "A passes the turn" is that event of the list
   // above, of copy A; "A sees the file torn" tears the file, whoever is named. With another number
-  // of faults they are others.
+  // of faults they are others. Row by row:
+  //   - torn before any copy has looked, the file tells nobody the board;
+  //   - B has not seen A's turn when the file is torn, and puts the start back; A, whose program
+  //     was killed, knows no better when it joins again;
+  //   - B's write of what it loaded, which hangs half-way, and that of A's win get mixed.
   const std::map<std::string, std::string> exceptions = {
       {"nobody knows what the file held", "A sees the file torn => nothing leads on"},
       {"an older text is believed",
