@@ -82,6 +82,7 @@ void lookAtElement(const Element& element, const QAccessibleInterface& heard, in
   const auto& widget = static_cast<const QWidget&>(*heard.object());
   const auto* const box = dynamic_cast<const CheckBox*>(&element);
   const auto* const typed = dynamic_cast<const TextBox*>(&element);
+  const auto* const picture = dynamic_cast<const Picture*>(&element);
   const bool isList = element.kind() == Kind::DropList;
   const std::string name = element.spokenName(), words = written(element);
   EXPECT_EQ(written(widget), words);
@@ -93,6 +94,8 @@ void lookAtElement(const Element& element, const QAccessibleInterface& heard, in
   EXPECT_EQ(heard.state().checked, box && box->Value != 0);
   EXPECT_EQ(heard.state().focusable, element.takesFocus());
   EXPECT_EQ(heard.state().editable, typed && !typed->MultiLine);
+  EXPECT_EQ(heard.role() == QAccessible::Button,
+            picture ? picture->Click != nullptr : element.kind() == Kind::Button);
   const QRect place = pixels(element.Left, element.Top, element.Width, element.Height, percent);
   // The style draws these at sizes of its own.
   EXPECT_TRUE(box || isList || widget.geometry() == place);

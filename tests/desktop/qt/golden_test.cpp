@@ -97,6 +97,9 @@ TEST_F(Golden, TheWindowsAndBoxesOfTheGame) {
   EXPECT_EQ(shownFrame.frameGeometry(), place) << "with its edge";
   shownFrame.resize(300, 200);
   expectPainted("marco", shownFrame);
+  shownFrame.showMaximized();
+  shownFrame.showNormal();
+  EXPECT_EQ(shownFrame.size(), QSize(300, 200)) << "as the person has left it";
   // The question with the warning's symbol.
   screen.expectBox(LeaveQuestion, Answer::No, painted("aviso"));
   run("close frmPrincipal");
